@@ -2,7 +2,8 @@
 
 #include <QDateTime>
 
-namespace wexel {
+namespace wexel
+{
 
 /// Where the time comes from. Thread-safe.
 class Clock

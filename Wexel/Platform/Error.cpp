@@ -1,6 +1,7 @@
 #include "Platform/Error.h"
 
-namespace wexel {
+namespace wexel
+{
 
 QString Error::localizedDescription() const
 {

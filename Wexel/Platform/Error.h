@@ -2,7 +2,8 @@
 
 #include <QString>
 
-namespace wexel {
+namespace wexel
+{
 
 /// A failure as it travels through completion blocks and into log lines.
 struct Error {

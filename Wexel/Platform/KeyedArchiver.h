@@ -16,7 +16,8 @@
 
 #include "Platform/Error.h"
 
-namespace wexel {
+namespace wexel
+{
 
 /// An archivable object inside a QVariant, beside strings, bytes, booleans, numbers, lists and maps.
 using ArchivedObject = std::shared_ptr<SecureCoding>;
@@ -26,10 +27,7 @@ class Coder
 {
 public:
     Coder() = default;
-    explicit Coder(QVariantMap fields)
-        : m_fields(std::move(fields))
-    {
-    }
+    explicit Coder(QVariantMap fields) : m_fields(std::move(fields)) { }
 
     /// An invalid QVariant stands for an absent field and writes nothing.
     void encodeObject(const QVariant &object, const QString &key);
@@ -71,20 +69,21 @@ struct AllowedClasses {
     QList<const ArchivableClass *> classes = {};
 };
 
-/// Writes a value as CBOR (RFC 8949). An object stands as tag 27 around an array of its class name and a map of its
-/// keyed fields. Thread-safe: no state.
+/// Writes a value as CBOR (RFC 8949). An object stands as tag 27 around an array of its class name and a map
+/// of its keyed fields. Thread-safe: no state.
 class KeyedArchiver
 {
 public:
-    /// \param error set when a value cannot be archived (a type outside the list of `ArchivedObject`). Such a value
+    /// \param error set when a value cannot be archived (a type outside the list of `ArchivedObject`). Such a
+    /// value
     ///        is left out, the rest is written, so the bytes are usable even then.
     /// \return the bytes; nothing when the root itself cannot be archived
     static std::optional<QByteArray> archivedDataWithRootObject(const QVariant &root,
                                                                 std::optional<Error> *error = nullptr);
 };
 
-/// Reads what KeyedArchiver wrote. The input is hostile: truncated, foreign, deep or huge archives are refused with
-/// an error, never half read. Thread-safe: no state.
+/// Reads what KeyedArchiver wrote. The input is hostile: truncated, foreign, deep or huge archives are
+/// refused with an error, never half read. Thread-safe: no state.
 class KeyedUnarchiver
 {
 public:

@@ -2,9 +2,11 @@
 
 #include <QLoggingCategory>
 
-namespace wexel {
+namespace wexel
+{
 
-namespace {
+namespace
+{
 Q_LOGGING_CATEGORY(category, "wexel")
 } // namespace
 

@@ -4,7 +4,8 @@
 
 #include <QString>
 
-namespace wexel {
+namespace wexel
+{
 
 /// Writes one line to the logging category "wexel". Thread-safe.
 void log(const QString &line);

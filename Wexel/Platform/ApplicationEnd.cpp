@@ -1,0 +1,56 @@
+#include "Platform/ApplicationEnd.h"
+
+#include <atomic>
+#include <map>
+#include <mutex>
+#include <utility>
+
+#include <QCoreApplication>
+
+namespace wexel
+{
+
+namespace
+{
+
+struct Registry {
+    std::mutex mutex; // guards `blocks`
+    std::multimap<ApplicationEnd::Phase, std::function<void()>> blocks;
+    std::atomic<bool> begun = false;
+};
+
+Registry &registry()
+{
+    static auto *instance
+        = new Registry; // never destroyed: the library's threads may outlive static destruction
+    return *instance;
+}
+
+void end()
+{
+    registry().begun = true;
+    std::multimap<ApplicationEnd::Phase, std::function<void()>> blocks;
+    {
+        const std::lock_guard lock(registry().mutex);
+        blocks = std::exchange(registry().blocks, {});
+    }
+    for (const auto &[phase, block] : blocks)
+        block();
+}
+
+} // namespace
+
+void ApplicationEnd::perform(Phase phase, std::function<void()> block)
+{
+    const std::lock_guard lock(registry().mutex);
+    if (registry().blocks.empty())
+        qAddPostRoutine(end);
+    registry().blocks.emplace(phase, std::move(block));
+}
+
+bool ApplicationEnd::hasBegun()
+{
+    return registry().begun;
+}
+
+} // namespace wexel

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+
+namespace wexel
+{
+
+/// The moment when the application object goes away. The library's singletons and threads outlive it, so
+/// whatever must stop touching Qt, or must still be written, registers here. Thread-safe.
+class ApplicationEnd
+{
+public:
+    /// In the order in which they end: first nobody waits for the main thread any more, then requests in
+    /// flight are abandoned, then running work (a report being saved) is finished, then the store is written.
+    enum class Phase { MainThread, Network, Work, Storage };
+
+    /// Runs the block on the main thread when the application object is being destroyed.
+    static void perform(Phase phase, std::function<void()> block);
+    /// True from the moment the first block runs.
+    [[nodiscard]] static bool hasBegun();
+};
+
+} // namespace wexel

@@ -1,0 +1,124 @@
+#include "Platform/UrlSession.h"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+
+#include "Platform/BackgroundThread.h"
+
+namespace wexel
+{
+
+namespace
+{
+
+/// One request's completion, which runs even when nobody answers any more.
+class Task
+{
+public:
+    explicit Task(UrlSession::Completion completion) : m_completion(std::move(completion)) { }
+    Task(const Task &) = delete;
+    Task &operator=(const Task &) = delete;
+    ~Task()
+    {
+        complete({}, {},
+                 Error{UrlErrorDomain, QNetworkReply::OperationCanceledError, QStringLiteral("cancelled")});
+    }
+
+    void complete(std::optional<QByteArray> data, std::optional<UrlResponse> response,
+                  std::optional<Error> error)
+    {
+        if (const auto completion = std::exchange(m_completion, {}))
+            completion(std::move(data), response, std::move(error));
+    }
+
+private:
+    UrlSession::Completion m_completion;
+};
+
+QNetworkRequest networkRequest(const UrlRequest &request, const UrlSessionConfiguration &configuration)
+{
+    QNetworkRequest result(request.url);
+    result.setTransferTimeout(static_cast<int>(configuration.timeout.count()));
+    result.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
+    for (const auto &[name, value] : configuration.additionalHeaders)
+        result.setRawHeader(name, value);
+    for (const auto &[name, value] : request.headers())
+        result.setRawHeader(name, value);
+    return result;
+}
+
+/// QNetworkReply reports a status such as 404 as an error too; here only a failed transport is one.
+bool isTransportError(QNetworkReply::NetworkError error, bool hasStatus)
+{
+    constexpr int firstContentError = QNetworkReply::ContentAccessDenied;
+    return error != QNetworkReply::NoError
+        && (!hasStatus || error < firstContentError || error == QNetworkReply::ProtocolFailure);
+}
+
+void finish(QNetworkReply &reply, Task &task)
+{
+    const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    const auto response = status.isValid() ? std::optional(UrlResponse{status.toInt()}) : std::nullopt;
+    if (isTransportError(reply.error(), status.isValid()))
+        task.complete({}, response, Error{UrlErrorDomain, reply.error(), reply.errorString()});
+    else
+        task.complete(reply.readAll(), response, {});
+}
+
+} // namespace
+
+/// Lives on the background thread, with its QNetworkAccessManager.
+class UrlSession::Worker final : public QObject
+{
+public:
+    void send(const UrlRequest &request, const UrlSessionConfiguration &configuration,
+              const std::shared_ptr<Task> &task)
+    {
+        if (!m_manager)
+            m_manager = std::make_unique<QNetworkAccessManager>();
+        auto *reply = m_manager->sendCustomRequest(networkRequest(request, configuration), request.method,
+                                                   request.body);
+        connect(reply, &QNetworkReply::downloadProgress, reply,
+                [reply, limit = configuration.maximumAnswerBytes](qint64 received) {
+                    if (received > limit)
+                        reply->abort();
+                });
+        connect(reply, &QNetworkReply::finished, this, [reply, task] {
+            finish(*reply, *task);
+            reply->deleteLater();
+        });
+    }
+
+    void close() { m_manager.reset(); }
+
+private:
+    std::unique_ptr<QNetworkAccessManager> m_manager;
+};
+
+UrlSession::UrlSession(UrlSessionConfiguration configuration)
+    : m_configuration(std::move(configuration))
+    , m_worker(std::make_shared<Worker>())
+{
+    auto &thread = BackgroundThread::shared();
+    thread.adopt(*m_worker);
+    thread.performAtEnd([worker = std::weak_ptr(m_worker)] {
+        if (const auto alive = worker.lock())
+            alive->close();
+    });
+}
+
+UrlSession::~UrlSession()
+{
+    // The worker and its replies may only be destroyed on their own thread.
+    BackgroundThread::shared().perform([worker = std::move(m_worker)] { worker->close(); });
+}
+
+void UrlSession::dataTask(const UrlRequest &request, Completion completion)
+{
+    BackgroundThread::shared().perform([worker = m_worker, request, configuration = m_configuration,
+                                        task = std::make_shared<Task>(std::move(completion))] {
+        worker->send(request, configuration, task);
+    });
+}
+
+} // namespace wexel
