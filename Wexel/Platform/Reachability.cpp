@@ -1,0 +1,104 @@
+#include "Platform/Reachability.h"
+
+#include <algorithm>
+#include <memory>
+#include <mutex>
+
+#include <QNetworkInformation>
+#include <QNetworkInterface>
+#include <QObject>
+
+#include "Platform/ApplicationEnd.h"
+#include "Platform/MainScheduler.h"
+
+namespace wexel {
+
+namespace {
+
+/// Any network interface but the loopback that is up and has an address.
+bool anyInterfaceIsUp()
+{
+    const auto interfaces = QNetworkInterface::allInterfaces();
+    return std::any_of(interfaces.begin(), interfaces.end(), [](const QNetworkInterface &interface) {
+        const auto flags = interface.flags();
+        return flags.testFlag(QNetworkInterface::IsRunning) && !flags.testFlag(QNetworkInterface::IsLoopBack)
+            && !interface.addressEntries().isEmpty();
+    });
+}
+
+ReachabilityFlags flagsOf(const QNetworkInformation &information)
+{
+    switch (information.reachability()) {
+    case QNetworkInformation::Reachability::Disconnected:
+        return {};
+    case QNetworkInformation::Reachability::Unknown:
+        return anyInterfaceIsUp() ? ReachabilityFlag::Reachable : ReachabilityFlags();
+    case QNetworkInformation::Reachability::Local:
+    case QNetworkInformation::Reachability::Site: // a self-hosted backend may well be on the site's own network
+    case QNetworkInformation::Reachability::Online:
+        break;
+    }
+    ReachabilityFlags flags = ReachabilityFlag::Reachable;
+    if (information.transportMedium() == QNetworkInformation::TransportMedium::Cellular)
+        flags |= ReachabilityFlag::IsWWAN;
+    return flags;
+}
+
+class NetworkInformationReachability final : public QObject, public Reachability
+{
+public:
+    NetworkInformationReachability()
+    {
+        // Loading a back end may talk to the system bus, which must not cost the host's start-up anything.
+        MainScheduler::shared().perform([this] { load(); });
+    }
+
+    std::optional<ReachabilityFlags> flags() const override
+    {
+        const auto *information = ApplicationEnd::hasBegun() ? nullptr : QNetworkInformation::instance();
+        if (information)
+            return flagsOf(*information);
+        return anyInterfaceIsUp() ? ReachabilityFlag::Reachable : ReachabilityFlags();
+    }
+
+    void schedule(std::function<void()> callback) override
+    {
+        const std::lock_guard lock(m_mutex);
+        m_callback = std::move(callback);
+    }
+
+    void unschedule() override { schedule({}); }
+
+private:
+    void load()
+    {
+        if (!QNetworkInformation::loadBackendByFeatures(QNetworkInformation::Feature::Reachability))
+            return;
+        auto *information = QNetworkInformation::instance();
+        connect(information, &QNetworkInformation::reachabilityChanged, this, [this] { changed(); });
+        connect(information, &QNetworkInformation::transportMediumChanged, this, [this] { changed(); });
+    }
+
+    void changed()
+    {
+        std::function<void()> callback;
+        {
+            const std::lock_guard lock(m_mutex);
+            callback = m_callback;
+        }
+        if (callback)
+            callback();
+    }
+
+    std::mutex m_mutex; // guards `m_callback`; not held while it runs
+    std::function<void()> m_callback;
+};
+
+} // namespace
+
+std::unique_ptr<Reachability> makeReachability()
+{
+    return std::make_unique<NetworkInformationReachability>();
+}
+
+} // namespace wexel
