@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -16,9 +18,14 @@ namespace wexel
 /// A value written is readable at once from any thread. Values other than byte buffers are in the file when
 /// the call returns, so a killed process never loses them. Byte buffers (the histories, written many times a
 /// second) are gathered and written together at most `flushInterval` later. Thread-safe.
+///
+/// Integers come back as qint64 and lists as QVariantList. Processes of one host that run together share the
+/// file: each sees what the others have written, the last write of a key wins.
 class UserDefaults
 {
 public:
+    static constexpr std::chrono::milliseconds flushInterval{900};
+
     virtual ~UserDefaults() = default;
 
     /// The value as it was stored, or an invalid QVariant.
@@ -33,5 +40,18 @@ public:
     /// Writes what is still gathered. Returns when it is in the file.
     virtual void synchronize() = 0;
 };
+
+/// Runs `block` once, `delay` from now, on a thread that may wait for the disk. May drop blocks while the
+/// process ends.
+using RunLater = std::function<void(std::chrono::milliseconds delay, std::function<void()> block)>;
+
+/// The store in one file. Nothing is opened before the first use; while nothing is gathered nothing runs.
+///
+/// A missing folder is created. A file that is damaged or not such a store is moved aside as "PATH.damaged"
+/// and a new store is started. While the file cannot be written, values stay readable in memory and the next
+/// write tries again. Each of these is logged once. Whoever owns the store calls `synchronize` when the
+/// process ends normally; destroying it does so too. \param path of the file; SQLite keeps two more beside
+/// it, named "PATH-wal" and "PATH-shm"
+std::shared_ptr<UserDefaults> makeUserDefaults(const QString &path, RunLater runLater);
 
 } // namespace wexel

@@ -1,0 +1,74 @@
+#include "Business/NetworkRequestRecord.h"
+
+#include <utility>
+
+namespace wexel
+{
+
+namespace
+{
+
+std::optional<double> decodeNumber(const Coder &coder, const QString &key)
+{
+    const QVariant field = coder.decodeObject(key);
+    const bool isNumber = field.typeId() == QMetaType::Double || field.typeId() == QMetaType::Float
+        || field.typeId() == QMetaType::LongLong;
+    return isNumber ? std::optional(field.toDouble()) : std::nullopt;
+}
+
+} // namespace
+
+NetworkRequestRecord::NetworkRequestRecord(std::optional<QString> method, std::optional<QString> url,
+                                           std::optional<QString> requestBody, QVariantMap requestHeaders,
+                                           std::optional<QString> timestamp)
+    : method(std::move(method))
+    , statusCode(QString())
+    , url(std::move(url))
+    , requestBody(std::move(requestBody))
+    , requestHeaders(std::move(requestHeaders))
+    , responseBody(QString())
+    , timestamp(std::move(timestamp))
+    , duration(0)
+{
+}
+
+NetworkRequestRecord::NetworkRequestRecord(const Coder &coder)
+    : method(coder.decodeString(kNRMethod))
+    , statusCode(coder.decodeString(kNRStatusCode))
+    , url(coder.decodeString(kNRUrl))
+    , requestBody(coder.decodeString(kNRRequestBody))
+    , requestHeaders(coder.decodeObject(kNRRequestHeaders).toMap())
+    , responseBody(coder.decodeString(kNRResponseBody))
+    , responseHeaders(coder.decodeObject(kNRResponseHeaders).toMap())
+    , timestamp(coder.decodeString(kNRTimestamp))
+    , duration(decodeNumber(coder, kNRDuration))
+{
+}
+
+QString NetworkRequestRecord::className() const
+{
+    return archivableClass().name;
+}
+
+void NetworkRequestRecord::encodeWithCoder(Coder &coder) const
+{
+    coder.encodeObject(method, kNRMethod);
+    coder.encodeObject(statusCode, kNRStatusCode);
+    coder.encodeObject(url, kNRUrl);
+    coder.encodeObject(requestBody, kNRRequestBody);
+    coder.encodeObject(QVariant(requestHeaders), kNRRequestHeaders);
+    coder.encodeObject(responseBody, kNRResponseBody);
+    coder.encodeObject(QVariant(responseHeaders), kNRResponseHeaders);
+    coder.encodeObject(timestamp, kNRTimestamp);
+    coder.encodeObject(duration ? QVariant(*duration) : QVariant(), kNRDuration);
+}
+
+const ArchivableClass &NetworkRequestRecord::archivableClass()
+{
+    static const ArchivableClass description{QStringLiteral("NetworkRequestRecord"), [](const Coder &coder) {
+                                                 return std::make_shared<NetworkRequestRecord>(coder);
+                                             }};
+    return description;
+}
+
+} // namespace wexel

@@ -1,0 +1,195 @@
+#include "Platform/StoreFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+
+#include "Platform/Log.h"
+
+namespace wexel
+{
+
+namespace
+{
+
+constexpr auto applicationId = "1465403475"; // "WXLS"
+constexpr auto formatVersion = "1";
+
+// Small pages and NORMAL cost the fewest bytes and no waiting for the disk but at checkpoints, see
+// Docs/store.md.
+constexpr auto settings = "PRAGMA page_size = 1024; PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL";
+constexpr auto creation = "BEGIN IMMEDIATE;"
+                          "CREATE TABLE IF NOT EXISTS entries"
+                          " (key TEXT PRIMARY KEY, kind INTEGER NOT NULL, content BLOB NOT NULL);"
+                          "PRAGMA application_id = 1465403475;"
+                          "PRAGMA user_version = 1;"
+                          "COMMIT";
+
+} // namespace
+
+StoreFile::StoreFile(QString path) : m_path(std::move(path)) { }
+
+std::optional<StoredValue> StoreFile::read(const QString &key)
+{
+    if (!ensureOpen())
+        return std::nullopt;
+    std::optional<StoredValue> value;
+    {
+        SqliteStatement select = m_database.prepare("SELECT kind, content FROM entries WHERE key = ?");
+        select.bind(1, key);
+        if (select.nextRow())
+            value = StoredValue{StoredValue::Kind(select.number(0)), select.bytes(1)};
+    }
+    if (m_database.foundDamage())
+        m_database.close(); // the next use looks closer
+    return value;
+}
+
+std::optional<QString> StoreFile::write(const StoreChanges &changes)
+{
+    // A second attempt, because the first may be what finds the file damaged.
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        if (!ensureOpen())
+            return m_problem;
+        if (writeAll(changes))
+            return std::nullopt;
+        const bool tryAgain = failure() == State::Damaged;
+        m_database.close();
+        if (!tryAgain)
+            break;
+    }
+    return m_problem;
+}
+
+bool StoreFile::writeAll(const StoreChanges &changes)
+{
+    if (!m_database.execute("BEGIN IMMEDIATE"))
+        return false;
+    SqliteStatement replace
+        = m_database.prepare("REPLACE INTO entries (key, kind, content) VALUES (?, ?, ?)");
+    SqliteStatement remove = m_database.prepare("DELETE FROM entries WHERE key = ?");
+    for (auto change = changes.cbegin(); change != changes.cend(); ++change) {
+        SqliteStatement &statement = *change ? replace : remove;
+        statement.bind(1, change.key());
+        if (*change) {
+            statement.bind(2, int((*change)->kind));
+            statement.bind(3, (*change)->content);
+        }
+        if (!statement.execute())
+            return false; // closing the database rolls back
+    }
+    return m_database.execute("COMMIT");
+}
+
+bool StoreFile::ensureOpen()
+{
+    if (m_database.isOpen() && m_database.hasMoved())
+        m_database.abandon();
+    if (m_database.isOpen())
+        return true;
+    State state = open();
+    if (state == State::Damaged)
+        state = startAfresh();
+    if (state != State::Ready)
+        m_database.close();
+    return state == State::Ready;
+}
+
+StoreFile::State StoreFile::open()
+{
+    makeRoom();
+    if (!m_database.open(m_path, SqliteDatabase::Mode::ReadWrite))
+        return failure();
+    State state = check();
+    // Write-ahead logging needs files of its own; on a disk that cannot be written there is still the
+    // database to read.
+    if (state == State::Unusable && m_database.foundNoAccess()) {
+        const QString problem = m_problem;
+        if (m_database.open(m_path, SqliteDatabase::Mode::ReadUnchanging))
+            state = check();
+        m_problem = problem;
+    }
+    return state;
+}
+
+StoreFile::State StoreFile::check()
+{
+    const auto id = m_database.firstValue("PRAGMA application_id");
+    const auto version = m_database.firstValue("PRAGMA user_version");
+    const auto tables = m_database.firstValue("SELECT count(*) FROM sqlite_master");
+    if (!id || !version || !tables)
+        return failure();
+    if (*tables == "0")
+        return createTable();
+    if (*id != applicationId || *version != formatVersion)
+        return damage(QStringLiteral("a database of another application or version"));
+    const auto verdict = m_database.firstValue("PRAGMA quick_check(1)");
+    if (!verdict)
+        return failure();
+    if (*verdict != "ok")
+        return damage(QString::fromUtf8(*verdict).simplified());
+    return m_database.execute("PRAGMA synchronous = NORMAL") ? State::Ready : failure();
+}
+
+StoreFile::State StoreFile::createTable()
+{
+    return m_database.execute(settings) && m_database.execute(creation) ? State::Ready : failure();
+}
+
+// The lock keeps two processes from moving each other's new store aside.
+StoreFile::State StoreFile::startAfresh()
+{
+    m_database.close();
+    QLockFile lock(m_path + QStringLiteral(".lock"));
+    if (!lock.tryLock(1000)) {
+        m_problem += QStringLiteral("; cannot lock it to move it aside");
+        return State::Unusable;
+    }
+    const State state = open();
+    if (state != State::Damaged)
+        return state;
+    m_database.close();
+    if (!moveAside()) {
+        m_problem += QStringLiteral("; cannot move it aside");
+        return State::Unusable;
+    }
+    log(QStringLiteral("UserDefaults - %1 is damaged: %2. It is now %1.damaged, a new store is started")
+            .arg(m_path, m_problem));
+    return open();
+}
+
+bool StoreFile::moveAside() const
+{
+    const QString aside = m_path + QStringLiteral(".damaged");
+    for (const QString &suffix : {QStringLiteral("-wal"), QString()}) {
+        QFile::remove(aside + suffix);
+        QFile::rename(m_path + suffix, aside + suffix);
+    }
+    QFile::remove(m_path + QStringLiteral("-shm"));
+    return !QFileInfo::exists(m_path);
+}
+
+StoreFile::State StoreFile::failure()
+{
+    m_problem = m_database.errorText();
+    return m_database.foundDamage() ? State::Damaged : State::Unusable;
+}
+
+StoreFile::State StoreFile::damage(const QString &reason)
+{
+    m_problem = reason;
+    return State::Damaged;
+}
+
+// The store holds an e-mail address, so other users have no business in it; SQLite's other files follow its
+// mode.
+void StoreFile::makeRoom() const
+{
+    QDir().mkpath(QFileInfo(m_path).absolutePath());
+    QFile file(m_path);
+    if (!file.exists() && file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+}
+
+} // namespace wexel
