@@ -9,6 +9,61 @@
 namespace wexel
 {
 
+namespace
+{
+
+struct ScalarType {
+    const char *element;
+    const char *expected;
+    QVariant (*convert)(const QString &text); // invalid when the text is not of that type
+};
+
+template <bool value>
+QVariant toBool(const QString &text)
+{
+    return text.isEmpty() ? QVariant(value) : QVariant();
+}
+
+QVariant toInteger(const QString &text)
+{
+    bool isInteger = false;
+    const qlonglong number = text.trimmed().toLongLong(&isInteger);
+    return isInteger ? QVariant(number) : QVariant();
+}
+
+QVariant toReal(const QString &text)
+{
+    bool isNumber = false;
+    const double number = text.trimmed().toDouble(&isNumber);
+    return isNumber ? QVariant(number) : QVariant();
+}
+
+QVariant toBytes(const QString &text)
+{
+    const QByteArray base64 = text.simplified().remove(u' ').toUtf8();
+    const auto bytes = QByteArray::fromBase64Encoding(base64, QByteArray::AbortOnBase64DecodingErrors);
+    return bytes.decodingStatus == QByteArray::Base64DecodingStatus::Ok ? QVariant(bytes.decoded)
+                                                                        : QVariant();
+}
+
+QVariant toDate(const QString &text)
+{
+    const QDateTime date = QDateTime::fromString(text.trimmed(), Qt::ISODate);
+    return date.isValid() ? QVariant(date) : QVariant();
+}
+
+constexpr std::array<ScalarType, 7> scalarTypes{{
+    {"string", "text", [](const QString &text) { return QVariant(text); }},
+    {"true", "nothing inside <true/>", toBool<true>},
+    {"false", "nothing inside <false/>", toBool<false>},
+    {"integer", "an integer", toInteger},
+    {"real", "a number", toReal},
+    {"data", "Base64", toBytes},
+    {"date", "a date like 2024-01-31T12:00:00Z", toDate},
+}};
+
+} // namespace
+
 PropertyListReader::PropertyListReader(const QByteArray &xml, QString name)
     : m_xmlBytes(xml)
     , m_name(std::move(name))
