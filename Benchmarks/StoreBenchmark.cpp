@@ -30,8 +30,7 @@
 
 using namespace wexel;
 
-namespace
-{
+namespace {
 
 constexpr int simulatedSeconds = 600;
 using Batch = QMap<QString, QByteArray>;

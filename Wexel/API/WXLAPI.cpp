@@ -25,7 +25,8 @@ int statusOf(const Response &response)
     return response ? response->statusCode : 0;
 }
 
-QJsonObject applicationObject(const std::optional<QString> &bundleId, const QString &os, const QString &platform)
+QJsonObject applicationObject(const std::optional<QString> &bundleId, const QString &os,
+                              const QString &platform)
 {
     QJsonObject object{{QStringLiteral("os"), os}, {QStringLiteral("platform"), platform}};
     if (bundleId)
@@ -44,7 +45,8 @@ WXLAPI::WXLAPI(UrlSession &session, Scheduler &scheduler, MakeInfoPlist infoPlis
 
 UrlSessionConfiguration WXLAPI::sessionConfiguration()
 {
-    return {.additionalHeaders = {{"Content-Type", "application/x-www-form-urlencoded"}, {"User-Agent", "Wexel/1.0"}}};
+    return {.additionalHeaders
+            = {{"Content-Type", "application/x-www-form-urlencoded"}, {"User-Agent", "Wexel/1.0"}}};
 }
 
 void WXLAPI::authenticateWith(
@@ -57,14 +59,15 @@ void WXLAPI::authenticateWith(
     request.body = QStringLiteral("grant_type=client_credentials&client_id=%1&client_secret=%2")
                        .arg(logged(clientId), logged(secret))
                        .toUtf8();
-    m_session.dataTask(request, [this, onCompletion = std::move(onCompletion)](const Data &data, const Response &,
-                                                                              const MaybeError &error) {
-        if (!data)
-            return onCompletion({}, error);
-        const auto response = WXLAPIAuthResponse::initWithData(*data);
-        setAccessToken(response ? std::optional(response->accessToken) : std::nullopt);
-        onCompletion(response, {});
-    });
+    m_session.dataTask(request,
+                       [this, onCompletion = std::move(onCompletion)](const Data &data, const Response &,
+                                                                      const MaybeError &error) {
+                           if (!data)
+                               return onCompletion({}, error);
+                           const auto response = WXLAPIAuthResponse::initWithData(*data);
+                           setAccessToken(response ? std::optional(response->accessToken) : std::nullopt);
+                           onCompletion(response, {});
+                       });
 }
 
 void WXLAPI::uploadFile(const WXLAPIReportFile &file,
@@ -75,25 +78,28 @@ void WXLAPI::uploadFile(const WXLAPIReportFile &file,
     // Added, not set: the backend gets both values, joined by a comma.
     request.addValue(QByteArrayLiteral("application/json"), QByteArrayLiteral("Content-Type"));
     addAuthorization(request);
-    m_session.dataTask(request, [onCompletion = std::move(onCompletion)](const Data &data, const Response &response,
-                                                                        const MaybeError &error) {
-        if (!data) {
-            if (error)
-                log(QStringLiteral("WXLAPI: Error uploading file with error %1").arg(error->localizedDescription()));
-            return onCompletion({}, error);
-        }
-        if (statusOf(response) == statusForbidden) {
-            log(QStringLiteral("WXLAPI: Failed to upload file, application archived, status code 403"));
-            return onCompletion({}, Error{WXLErrorDomainAPI, WXLErrorApplicationArchived});
-        }
-        const QUrl url(QJsonDocument::fromJson(*data).object().value(u"url").toString());
-        if (url.isEmpty()) {
-            log(QStringLiteral("WXLAPI: Error uploading file, no error reported"));
-            return onCompletion({}, {});
-        }
-        log(QStringLiteral("WXLAPI: Uploaded file to %1").arg(url.toString()));
-        onCompletion(url, {});
-    });
+    m_session.dataTask(
+        request,
+        [onCompletion = std::move(onCompletion)](const Data &data, const Response &response,
+                                                 const MaybeError &error) {
+            if (!data) {
+                if (error)
+                    log(QStringLiteral("WXLAPI: Error uploading file with error %1")
+                            .arg(error->localizedDescription()));
+                return onCompletion({}, error);
+            }
+            if (statusOf(response) == statusForbidden) {
+                log(QStringLiteral("WXLAPI: Failed to upload file, application archived, status code 403"));
+                return onCompletion({}, Error{WXLErrorDomainAPI, WXLErrorApplicationArchived});
+            }
+            const QUrl url(QJsonDocument::fromJson(*data).object().value(u"url").toString());
+            if (url.isEmpty()) {
+                log(QStringLiteral("WXLAPI: Error uploading file, no error reported"));
+                return onCompletion({}, {});
+            }
+            log(QStringLiteral("WXLAPI: Uploaded file to %1").arg(url.toString()));
+            onCompletion(url, {});
+        });
 }
 
 void WXLAPI::getBranding(
@@ -102,20 +108,23 @@ void WXLAPI::getBranding(
     UrlRequest request;
     request.url = QUrl(baseUrl() + QStringLiteral("api/1.0/white-labeling"));
     addAuthorization(request);
-    m_session.dataTask(request, [onCompletion = std::move(onCompletion)](const Data &data, const Response &response,
-                                                                        const MaybeError &error) {
-        if (statusOf(response) == statusNotFound)
-            return onCompletion({}, {});
-        if (error)
-            return onCompletion({}, error);
-        MaybeError parsing;
-        auto branding = WXLAPIBrandingResponse::initWithData(data.value_or(QByteArray()), parsing);
-        onCompletion(std::move(branding), parsing);
-    });
+    m_session.dataTask(request,
+                       [onCompletion = std::move(onCompletion)](const Data &data, const Response &response,
+                                                                const MaybeError &error) {
+                           if (statusOf(response) == statusNotFound)
+                               return onCompletion({}, {});
+                           if (error)
+                               return onCompletion({}, error);
+                           MaybeError parsing;
+                           auto branding
+                               = WXLAPIBrandingResponse::initWithData(data.value_or(QByteArray()), parsing);
+                           onCompletion(std::move(branding), parsing);
+                       });
 }
 
 void WXLAPI::getApplicationEnabled(const std::optional<QString> &bundleId, const QString &operatingSystem,
-                                   const QString &platform, std::function<void(std::optional<bool>)> completion)
+                                   const QString &platform,
+                                   std::function<void(std::optional<bool>)> completion)
 {
     QJsonObject body = applicationObject(bundleId, operatingSystem, platform);
     body.insert(QStringLiteral("check_archived"), true);
@@ -150,7 +159,8 @@ void WXLAPI::registerApplication(const std::optional<QString> &bundleId, const Q
                                      applicationObject(bundleId, operatingSystem, platform));
     m_session.dataTask(request, [](const Data &, const Response &response, const MaybeError &error) {
         if (statusOf(response) != statusOk)
-            log(QStringLiteral("WXLAPI - creating application, status code %1 (not 200)").arg(statusOf(response)));
+            log(QStringLiteral("WXLAPI - creating application, status code %1 (not 200)")
+                    .arg(statusOf(response)));
         else if (error)
             log(QStringLiteral("WXLAPI - error creating application, error: %1").arg(error->description()));
         else

@@ -44,8 +44,8 @@ std::optional<WXLAPIBrandingResponse> WXLAPIBrandingResponse::initWithData(const
         return {};
     }
     const QJsonObject answer = document.object();
-    for (const auto key : {u"text_color", u"background", u"placeholder_color", u"highlighted_text_color", u"slogan",
-                           u"logo_url"}) {
+    for (const auto key : {u"text_color", u"background", u"placeholder_color", u"highlighted_text_color",
+                           u"slogan", u"logo_url"}) {
         if (!answer.value(QStringView(key)).isString())
             return {};
     }

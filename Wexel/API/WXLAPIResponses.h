@@ -24,7 +24,8 @@ struct WXLAPIAuthResponse {
 
 /// The white-label answer: colours as hex texts, slogan and logo address.
 struct WXLAPIBrandingResponse {
-    QDateTime updated; ///< from "yyyy-MM-dd'T'HH:mm:ss.SSSZ" (zone as +0100); invalid when absent or unparsable
+    QDateTime
+        updated; ///< from "yyyy-MM-dd'T'HH:mm:ss.SSSZ" (zone as +0100); invalid when absent or unparsable
     QColor textColor;
     QColor backgroundColor;
     QColor placeholderColor;

@@ -16,10 +16,7 @@ constexpr int statusForbidden = 403;
 
 /// What the concurrent uploads of one report come to. Read without the lock once nothing is pending.
 struct Uploads {
-    explicit Uploads(qsizetype count)
-        : pending(count)
-    {
-    }
+    explicit Uploads(qsizetype count) : pending(count) { }
 
     void finish(const std::optional<QUrl> &url, const std::optional<Error> &error, bool isScreenshot)
     {
@@ -81,33 +78,36 @@ void WXLAPI::sendReport(const WXLAPIReport &report, std::function<void(std::opti
 }
 
 void WXLAPI::sendReportPrivate(const WXLAPIReport &report, const std::optional<QString> &screenshotUrl,
-                               const QStringList &files, std::function<void(std::optional<Error>)> onCompletion)
+                               const QStringList &files,
+                               std::function<void(std::optional<Error>)> onCompletion)
 {
     QJsonObject body = report.dictValues();
     addScreenshotURL(screenshotUrl, body);
     addFileUrls(files, body);
-    m_session.dataTask(jsonRequest(reportUrl(), body), [onCompletion = std::move(onCompletion)](
-                                                           const std::optional<QByteArray> &,
-                                                           const std::optional<UrlResponse> &response,
-                                                           const std::optional<Error> &error) {
-        const int status = response ? response->statusCode : 0;
-        if (status == statusForbidden) {
-            log(QStringLiteral("WXLAPI - error uploading report, status code %1 (not 200), application archived")
-                    .arg(status));
-            return onCompletion(Error{WXLErrorDomainAPI, WXLErrorApplicationArchived});
-        }
-        if (status != statusOk) {
-            onCompletion(Error{WXLErrorDomainAPI, WXLErrorAPICode});
-            return log(
-                QStringLiteral("WXLAPI - error uploading report, status code %1 (not 200)").arg(status));
-        }
-        if (error) {
-            log(QStringLiteral("WXLAPI - error uploading report, error: %1").arg(error->description()));
-            return onCompletion(error);
-        }
-        log(QStringLiteral("WXLAPI - Success uploading report"));
-        onCompletion({});
-    });
+    m_session.dataTask(
+        jsonRequest(reportUrl(), body),
+        [onCompletion = std::move(onCompletion)](const std::optional<QByteArray> &,
+                                                 const std::optional<UrlResponse> &response,
+                                                 const std::optional<Error> &error) {
+            const int status = response ? response->statusCode : 0;
+            if (status == statusForbidden) {
+                log(QStringLiteral(
+                        "WXLAPI - error uploading report, status code %1 (not 200), application archived")
+                        .arg(status));
+                return onCompletion(Error{WXLErrorDomainAPI, WXLErrorApplicationArchived});
+            }
+            if (status != statusOk) {
+                onCompletion(Error{WXLErrorDomainAPI, WXLErrorAPICode});
+                return log(
+                    QStringLiteral("WXLAPI - error uploading report, status code %1 (not 200)").arg(status));
+            }
+            if (error) {
+                log(QStringLiteral("WXLAPI - error uploading report, error: %1").arg(error->description()));
+                return onCompletion(error);
+            }
+            log(QStringLiteral("WXLAPI - Success uploading report"));
+            onCompletion({});
+        });
 }
 
 } // namespace wexel

@@ -21,7 +21,8 @@ std::optional<QVariantList> historySnapshot(const WXLAppRepository &repository, 
     std::optional<Error> error;
     const QVariant history = KeyedUnarchiver::unarchivedObjectOfClasses(allowed, *stored, &error);
     if (error)
-        log(QStringLiteral("%1: Failed to deserialize because of error %2").arg(reader, error->localizedDescription()));
+        log(QStringLiteral("%1: Failed to deserialize because of error %2")
+                .arg(reader, error->localizedDescription()));
     return history.typeId() == QMetaType::QVariantList ? std::optional(history.toList()) : std::nullopt;
 }
 

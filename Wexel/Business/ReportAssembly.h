@@ -22,8 +22,9 @@ class ReportAssembly
 public:
     /// The collaborators must outlive the assembly.
     /// \param documentsPath disk space is reported for the file system that holds it
-    ReportAssembly(const DeviceFacts &facts, const WXLConnection &connection, const WXLAppRepository &repository,
-                   const WXLDateProvider &dateProvider, const Flow &flow, QString documentsPath);
+    ReportAssembly(const DeviceFacts &facts, const WXLConnection &connection,
+                   const WXLAppRepository &repository, const WXLDateProvider &dateProvider, const Flow &flow,
+                   QString documentsPath);
 
     [[nodiscard]] std::shared_ptr<WXLWexelReportData> makeReportData() const;
     [[nodiscard]] QVariantMap setupDefaultData() const;

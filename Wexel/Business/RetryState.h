@@ -12,7 +12,8 @@ inline constexpr std::int64_t initialDelay = 5; ///< of the authorisation
 inline constexpr std::int64_t initialDelayInterval = 5; ///< of the uploads
 
 extern std::atomic<std::int64_t> delay; ///< current delay of the authorisation's retry
-extern std::atomic<bool> reauthorizationPending; ///< from the moment a retry is armed until it fires or is cancelled
+extern std::atomic<bool>
+    reauthorizationPending; ///< from the moment a retry is armed until it fires or is cancelled
 
 extern std::atomic<std::int64_t> delayInterval; ///< current delay of the uploads' retry
 extern std::atomic<bool> retryUploadNeeded; ///< an upload of the current pass failed, but not for archiving

@@ -100,14 +100,14 @@ void WXLAppRepository::setFloatingButtonFrameY(const std::optional<float> &y)
     write(*m_userDefaults, y, buttonYKey);
 }
 
-#define WEXEL_BRANDING_SLOT(getter, setter)                                                                            \
-    QVariant WXLAppRepository::getter() const                                                                          \
-    {                                                                                                                  \
-        return getObjectForKey(QStringLiteral("pellum." #getter));                                                     \
-    }                                                                                                                  \
-    void WXLAppRepository::setter(const QVariant &value)                                                               \
-    {                                                                                                                  \
-        setObject(value, QStringLiteral("pellum." #getter));                                                           \
+#define WEXEL_BRANDING_SLOT(getter, setter)                                                                  \
+    QVariant WXLAppRepository::getter() const                                                                \
+    {                                                                                                        \
+        return getObjectForKey(QStringLiteral("pellum." #getter));                                           \
+    }                                                                                                        \
+    void WXLAppRepository::setter(const QVariant &value)                                                     \
+    {                                                                                                        \
+        setObject(value, QStringLiteral("pellum." #getter));                                                 \
     }
 WEXEL_BRANDING_SLOT(identifier, setIdentifier)
 WEXEL_BRANDING_SLOT(createdDate, setCreatedDate)

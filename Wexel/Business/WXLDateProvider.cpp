@@ -4,10 +4,7 @@
 
 namespace wexel {
 
-WXLDateProvider::WXLDateProvider(const Clock &clock)
-    : m_clock(clock)
-{
-}
+WXLDateProvider::WXLDateProvider(const Clock &clock) : m_clock(clock) { }
 
 WXLDateProvider &WXLDateProvider::sharedInstance()
 {
@@ -31,7 +28,8 @@ std::optional<QDateTime> WXLDateProvider::dateFromTimestamp(const QString &text)
 {
     static const QRegularExpression format(
         QStringLiteral(R"(\A\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}(Z|[+-]\d\d:\d\d)\z)"));
-    const auto date = format.match(text).hasMatch() ? QDateTime::fromString(text, Qt::ISODateWithMs) : QDateTime();
+    const auto date
+        = format.match(text).hasMatch() ? QDateTime::fromString(text, Qt::ISODateWithMs) : QDateTime();
     return date.isValid() ? std::optional(date) : std::nullopt;
 }
 

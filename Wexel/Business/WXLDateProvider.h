@@ -23,7 +23,8 @@ public:
     /// The current time.
     [[nodiscard]] QString timestamp() const;
     /// The format is deliberately ignored: every caller gets DateFormat_toString.
-    [[nodiscard]] static QString stringFromDate(const QDateTime &date, const std::optional<QString> &dateFormat = {});
+    [[nodiscard]] static QString stringFromDate(const QDateTime &date,
+                                                const std::optional<QString> &dateFormat = {});
     /// Nothing when the text does not match the format.
     [[nodiscard]] static std::optional<QDateTime> dateFromTimestamp(const QString &text);
     [[nodiscard]] QDateTime now() const { return m_clock.now(); }

@@ -11,7 +11,8 @@ bool isConnected(ReachabilityFlags flags)
     using Flag = ReachabilityFlag;
     if (!flags.testFlag(Flag::Reachable))
         return false;
-    const bool connectsByItself = flags.testFlag(Flag::ConnectionOnTraffic) || flags.testFlag(Flag::ConnectionOnDemand);
+    const bool connectsByItself
+        = flags.testFlag(Flag::ConnectionOnTraffic) || flags.testFlag(Flag::ConnectionOnDemand);
     return !flags.testFlag(Flag::ConnectionRequired) || flags.testFlag(Flag::IsWWAN)
         || (!flags.testFlag(Flag::InterventionRequired) && connectsByItself);
 }
@@ -38,11 +39,13 @@ bool WXLConnection::hasConnectivity() const
 void WXLConnection::performWhenConnected(const Caller &caller, std::function<void()> block)
 {
     if (caller.className.isEmpty() && caller.method.isEmpty())
-        return log(QStringLiteral("WXLConnection - Could not determine the caller of the performWhenConnected method, "
-                                  "returning"));
+        return log(QStringLiteral(
+            "WXLConnection - Could not determine the caller of the performWhenConnected method, "
+            "returning"));
     if (caller.className.isEmpty() || caller.method.isEmpty())
-        return log(QStringLiteral("WXLConnection - Incomplete caller information for the performWhenConnected method, "
-                                  "returning"));
+        return log(QStringLiteral(
+            "WXLConnection - Incomplete caller information for the performWhenConnected method, "
+            "returning"));
     if (hasConnectivity()) {
         log(QStringLiteral("WXLConnection - Performing block immediately as we are connected"));
         return block();

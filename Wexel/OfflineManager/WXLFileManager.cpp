@@ -39,7 +39,8 @@ bool isDeletable(const QString &path)
 std::optional<QString> remove(const QString &path)
 {
     if (const QFileInfo entry(path); entry.isDir() && !entry.isSymLink())
-        return QDir(path).removeRecursively() ? std::nullopt : std::optional(QStringLiteral("folder not removed"));
+        return QDir(path).removeRecursively() ? std::nullopt
+                                              : std::optional(QStringLiteral("folder not removed"));
     QFile file(path);
     return file.remove() ? std::nullopt : std::optional(file.errorString());
 }
@@ -60,8 +61,7 @@ std::optional<QByteArray> contents(const QString &path)
 
 } // namespace
 
-WXLFileManager::WXLFileManager(QUrl documentsDirectory)
-    : m_documentsDirectory(std::move(documentsDirectory))
+WXLFileManager::WXLFileManager(QUrl documentsDirectory) : m_documentsDirectory(std::move(documentsDirectory))
 {
 }
 
@@ -120,7 +120,8 @@ std::optional<QString> WXLFileManager::saveDataForReportData(const WXLWexelRepor
     return identifier;
 }
 
-std::shared_ptr<WXLWexelReportData> WXLFileManager::loadReportDataForIdentifier(const QString &identifier) const
+std::shared_ptr<WXLWexelReportData>
+WXLFileManager::loadReportDataForIdentifier(const QString &identifier) const
 {
     const std::lock_guard lock(m_mutex);
     const auto url = generateFilenameForIdentifier(identifier);
@@ -166,12 +167,14 @@ void WXLFileManager::deleteAllLocalReportData()
         return log(QStringLiteral("WXLFileManager: Error retrieving wexel local data directory url"));
     const QDir directory(folder->toLocalFile());
     if (!directory.isReadable()) {
-        log(QStringLiteral("WXLFileManager: Error while reading the local report data directory at url -> %1 /n "
-                           "error -> %2")
+        log(QStringLiteral(
+                "WXLFileManager: Error while reading the local report data directory at url -> %1 /n "
+                "error -> %2")
                 .arg(folder->toString(), QStringLiteral("not a readable folder")));
         return;
     }
-    const auto names = directory.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    const auto names
+        = directory.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     for (const QString &name : names) {
         const QUrl url = QUrl::fromLocalFile(directory.filePath(name));
         if (!isDeletable(url.toLocalFile()))
@@ -210,7 +213,8 @@ void WXLFileManager::removeAbandonedWrites()
     // QSaveFile writes to the file's name with a suffix of its own; a recent one may be another process at work.
     const QDir directory(folderPath());
     const auto limit = QDateTime::currentDateTime().addSecs(-abandonedAfterSeconds);
-    const auto entries = directory.entryInfoList({QStringLiteral("*%1.??????").arg(WexelFileExtension)}, QDir::Files);
+    const auto entries
+        = directory.entryInfoList({QStringLiteral("*%1.??????").arg(WexelFileExtension)}, QDir::Files);
     for (const QFileInfo &entry : entries) {
         if (entry.lastModified() < limit)
             QFile::remove(entry.filePath());

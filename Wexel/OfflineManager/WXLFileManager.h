@@ -37,7 +37,8 @@ public:
     /// \return the new report's identifier (a UUID in upper case), or nothing when it could not be saved
     std::optional<QString> saveDataForReportData(const WXLWexelReportData &reportData);
     /// \return null when the file is missing (which is not logged) or is not a report
-    [[nodiscard]] std::shared_ptr<WXLWexelReportData> loadReportDataForIdentifier(const QString &identifier) const;
+    [[nodiscard]] std::shared_ptr<WXLWexelReportData>
+    loadReportDataForIdentifier(const QString &identifier) const;
     void deleteReportDataForIdentifier(const QString &identifier);
     /// Empties the report folder, whatever is in it.
     void deleteAllLocalReportData();

@@ -27,8 +27,10 @@ WXLUploader::WXLUploader(WXLFileManager &fileManager, WXLAPI &api, WXLAppReposit
 
 void WXLUploader::addApplicationStateObservers()
 {
-    m_notifications.addObserver(ApplicationWillEnterForegroundNotification, [this] { appWillEnterForeground(); });
-    m_notifications.addObserver(ApplicationDidEnterBackgroundNotification, [this] { appDidEnterBackground(); });
+    m_notifications.addObserver(ApplicationWillEnterForegroundNotification,
+                                [this] { appWillEnterForeground(); });
+    m_notifications.addObserver(ApplicationDidEnterBackgroundNotification,
+                                [this] { appDidEnterBackground(); });
 }
 
 void WXLUploader::uploadData(std::shared_ptr<WXLWexelReportData> report)
@@ -59,13 +61,15 @@ void WXLUploader::enqueueStoredReport(const QString &jobId)
         return log(QStringLiteral("WXLUploader: Failed to fetch data for %1").arg(jobId));
     // Loaded to know that it can be; loaded again when its turn comes, so that one report at a time is in memory.
     const auto load = [this, jobId] {
-        return m_fileManager.hasReport(jobId) ? std::optional(m_fileManager.loadReportDataForIdentifier(jobId))
-                                              : std::nullopt;
+        return m_fileManager.hasReport(jobId)
+            ? std::optional(m_fileManager.loadReportDataForIdentifier(jobId))
+            : std::nullopt;
     };
     startUploadOperationWithReportData(load, jobId);
 }
 
-void WXLUploader::startUploadOperationWithReportData(WXLWexelUploadOperation::ReportSource report, const JobId &jobId)
+void WXLUploader::startUploadOperationWithReportData(WXLWexelUploadOperation::ReportSource report,
+                                                     const JobId &jobId)
 {
     if (!m_appRepository.clientAuthorized())
         return log(QStringLiteral("WXLUploader - Will not start upload, client is not authorized"));
@@ -143,7 +147,8 @@ void WXLUploader::appWillEnterForeground()
 
 void WXLUploader::appDidEnterBackground()
 {
-    log(QStringLiteral("WXLUploader - Application entered background, invalidating timer and reseting delay times"));
+    log(QStringLiteral(
+        "WXLUploader - Application entered background, invalidating timer and reseting delay times"));
     clearTimer();
     delayInterval = initialDelayInterval;
     timerRunning = false;

@@ -33,8 +33,8 @@ class WXLUploader
 {
 public:
     /// Starts a pass over the stored reports at once. The collaborators must outlive the uploader.
-    WXLUploader(WXLFileManager &fileManager, WXLAPI &api, WXLAppRepository &appRepository, Scheduler &scheduler,
-                NotificationCenter &notifications);
+    WXLUploader(WXLFileManager &fileManager, WXLAPI &api, WXLAppRepository &appRepository,
+                Scheduler &scheduler, NotificationCenter &notifications);
     WXLUploader(const WXLUploader &) = delete;
     WXLUploader &operator=(const WXLUploader &) = delete;
 

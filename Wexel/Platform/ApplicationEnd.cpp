@@ -7,11 +7,9 @@
 
 #include <QCoreApplication>
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 
 struct Registry {
     std::mutex mutex; // guards `blocks`

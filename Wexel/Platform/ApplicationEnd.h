@@ -2,8 +2,7 @@
 
 #include <functional>
 
-namespace wexel
-{
+namespace wexel {
 
 /// The moment when the application object goes away. The library's singletons and threads outlive it, so
 /// whatever must stop touching Qt, or must still be written, registers here. Thread-safe.

@@ -43,8 +43,7 @@ bool anyWindowShows()
 
 } // namespace
 
-ApplicationState::ApplicationState(NotificationCenter &center)
-    : m_center(center)
+ApplicationState::ApplicationState(NotificationCenter &center) : m_center(center)
 {
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, &ApplicationState::update);
     qGuiApp->installEventFilter(this);

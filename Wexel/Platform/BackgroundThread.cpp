@@ -8,8 +8,7 @@
 #include "Platform/ApplicationEnd.h"
 #include "Platform/BlockReceiver.h"
 
-namespace wexel
-{
+namespace wexel {
 
 struct BackgroundThread::State {
     QThread thread;

@@ -6,8 +6,7 @@
 
 class QObject;
 
-namespace wexel
-{
+namespace wexel {
 
 /// One thread with an event loop, for Qt objects that must not burden the main thread. It sleeps while
 /// nothing is under way. Blocks run in the order they came. Thread-safe.

@@ -5,8 +5,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 
-namespace wexel
-{
+namespace wexel {
 
 void BlockReceiver::post(std::function<void()> block)
 {

@@ -6,8 +6,7 @@
 
 #include <QObject>
 
-namespace wexel
-{
+namespace wexel {
 
 /// A QObject that runs blocks, in order, on the thread it lives in. `post` may be called from any thread.
 class BlockReceiver final : public QObject

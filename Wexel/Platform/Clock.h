@@ -2,8 +2,7 @@
 
 #include <QDateTime>
 
-namespace wexel
-{
+namespace wexel {
 
 /// Where the time comes from. Thread-safe.
 class Clock

@@ -7,8 +7,9 @@
 
 #include "Platform/Error.h"
 
-namespace wexel
-{
+class QObject;
+
+namespace wexel {
 
 /// Free and total bytes of one file system.
 struct FileSystemSize {
@@ -33,8 +34,10 @@ enum class Permission { Camera, Microphone, Contacts, PhotoLibrary, Location, Ca
 enum class PermissionState { NotGranted, GrantedWhileUsing, Granted };
 
 /// What can be known about the machine, one function a source. Each reads the real thing afresh; what this
-/// machine cannot know is absent. Called on the main thread when a report is gathered; none may block for
-/// longer than a few milliseconds. Where a function takes an `Error`, it is set when the result is absent.
+/// machine cannot know is absent. Where a function takes an `Error`, it is set when the result is absent.
+///
+/// None blocks for longer than a few milliseconds; a service of the system that hangs costs 50 ms. Memory,
+/// file system, network and device orientation may be read on any thread, the rest on the main thread.
 class DeviceFacts
 {
 public:
@@ -47,14 +50,17 @@ public:
     [[nodiscard]] virtual std::optional<QString>
     localeIdentifier() const = 0; ///< "en_GB"; absent for the C locale
     [[nodiscard]] virtual BatteryFact battery() const = 0;
-    /// Of the file system that holds the path or the nearest parent that exists.
+    /// Of the file system that holds the path or the nearest parent that exists. Free bytes include those
+    /// kept for the administrator, so that total - free is what `df` calls used.
     [[nodiscard]] virtual std::optional<FileSystemSize> fileSystem(const QString &path,
                                                                    Error &error) const = 0;
     [[nodiscard]] virtual std::optional<quint64> residentBytes(Error &error) const = 0; ///< of this process
     [[nodiscard]] virtual std::optional<quint64> physicalBytes() const = 0; ///< of the machine
-    [[nodiscard]] virtual std::optional<quint64>
-    usedBytes(Error &error) const = 0; ///< active + inactive + wired
+    /// Of the machine: active + inactive + wired. On Linux wired is what cannot be reclaimed: unevictable
+    /// pages and the kernel's own memory (SUnreclaim, KernelStack and PageTables of /proc/meminfo).
+    [[nodiscard]] virtual std::optional<quint64> usedBytes(Error &error) const = 0;
     /// 0 unknown, 1 portrait, 2 upside down, 3 landscape left, 4 landscape right, 5 face up, 6 face down.
+    /// From the orientation sensor, without one (or before its first reading) that of the main screen.
     [[nodiscard]] virtual int deviceOrientation() const = 0;
     /// Of the main screen in native pixels; 0 without one.
     [[nodiscard]] virtual int screenWidth() const = 0;
@@ -64,7 +70,10 @@ public:
     [[nodiscard]] virtual bool canAuthenticateOwner() const = 0;
 };
 
-/// The facts of the machine that this process runs on.
-std::unique_ptr<DeviceFacts> makeDeviceFacts();
+/// The facts of the machine that this process runs on. Called on the main thread.
+/// \param background an object on a background thread with a running event loop, which the orientation sensor
+/// is
+///        started on when it is first asked for; it outlives the facts. Null: no sensor is used.
+std::unique_ptr<DeviceFacts> makeDeviceFacts(QObject *background = nullptr);
 
 } // namespace wexel

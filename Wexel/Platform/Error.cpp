@@ -1,7 +1,6 @@
 #include "Platform/Error.h"
 
-namespace wexel
-{
+namespace wexel {
 
 QString Error::localizedDescription() const
 {

@@ -2,8 +2,7 @@
 
 #include <QString>
 
-namespace wexel
-{
+namespace wexel {
 
 /// A failure as it travels through completion blocks and into log lines.
 struct Error {

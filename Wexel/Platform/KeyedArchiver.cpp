@@ -4,11 +4,9 @@
 
 #include "Platform/KeyPath.h"
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 
 /// One archive while it is written. Keeps the first error; what follows it is still written.
 class ArchiveWriter

@@ -16,8 +16,7 @@
 
 #include "Platform/Error.h"
 
-namespace wexel
-{
+namespace wexel {
 
 /// An archivable object inside a QVariant, beside strings, bytes, booleans, numbers, lists and maps.
 using ArchivedObject = std::shared_ptr<SecureCoding>;
@@ -69,8 +68,6 @@ struct AllowedClasses {
     QList<const ArchivableClass *> classes = {};
 };
 
-<<<<<<< HEAD
-=======
 /// Why an archive was refused, or a value left out of it. The messages name the place by its key path and are
 /// short and printable, whatever the archive holds.
 inline const QString ArchiveErrorDomain = QStringLiteral("WXLErrorDomainArchive");
@@ -81,18 +78,11 @@ enum ArchiveErrorCode {
     ArchiveErrorTooLarge = 4, ///< beyond a limit of KeyedUnarchiver
 };
 
->>>>>>> store
 /// Writes a value as CBOR (RFC 8949). An object stands as tag 27 around an array of its class name and a map
 /// of its keyed fields. Thread-safe: no state.
 class KeyedArchiver
 {
 public:
-<<<<<<< HEAD
-    /// \param error set when a value cannot be archived (a type outside the list of `ArchivedObject`). Such a
-    /// value
-    ///        is left out, the rest is written, so the bytes are usable even then.
-    /// \return the bytes; nothing when the root itself cannot be archived
-=======
     /// Takes texts, byte buffers, booleans, int, uint, qint64, quint64, float, double, QVariantList,
     /// QStringList, QVariantMap and ArchivedObject; integers come back as qint64 (quint64 above its range),
     /// lists of any kind as QVariantList. \param error set when a value cannot be archived (any other type,
@@ -100,19 +90,14 @@ public:
     ///        out, the rest is written, so the bytes are usable even then.
     /// \return the bytes; nothing when the root itself cannot be archived or the archive outgrows the
     /// reader's limits
->>>>>>> store
     static std::optional<QByteArray> archivedDataWithRootObject(const QVariant &root,
                                                                 std::optional<Error> *error = nullptr);
 };
 
 /// Reads what KeyedArchiver wrote. The input is hostile: truncated, foreign, deep or huge archives are
-<<<<<<< HEAD
-/// refused with an error, never half read. Thread-safe: no state.
-=======
 /// refused with an error, never half read. So are strings and containers of indefinite length, duplicate
 /// keys, keys that are not texts, null, tags other than 27 and anything after the root. Thread-safe: no
 /// state.
->>>>>>> store
 class KeyedUnarchiver
 {
 public:

@@ -5,11 +5,9 @@
 #include "Platform/KeyPath.h"
 #include "Platform/KeyedArchiver.h"
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 
 const ArchivableClass *findClass(const QList<const ArchivableClass *> &classes, const QString &name)
 {

@@ -2,11 +2,9 @@
 
 #include <QLoggingCategory>
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 Q_LOGGING_CATEGORY(category, "wexel")
 } // namespace
 

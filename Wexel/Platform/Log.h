@@ -4,8 +4,7 @@
 
 #include <QString>
 
-namespace wexel
-{
+namespace wexel {
 
 /// Writes one line to the logging category "wexel". Thread-safe.
 void log(const QString &line);

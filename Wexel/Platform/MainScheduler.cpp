@@ -12,11 +12,9 @@
 #include "Platform/ApplicationEnd.h"
 #include "Platform/BlockReceiver.h"
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 
 class MainTimer final : public Timer, public std::enable_shared_from_this<MainTimer>
 {

@@ -2,8 +2,7 @@
 
 #include "Platform/Scheduler.h"
 
-namespace wexel
-{
+namespace wexel {
 
 class BlockReceiver;
 

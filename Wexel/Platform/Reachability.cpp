@@ -34,7 +34,8 @@ ReachabilityFlags flagsOf(const QNetworkInformation &information)
     case QNetworkInformation::Reachability::Unknown:
         return anyInterfaceIsUp() ? ReachabilityFlag::Reachable : ReachabilityFlags();
     case QNetworkInformation::Reachability::Local:
-    case QNetworkInformation::Reachability::Site: // a self-hosted backend may well be on the site's own network
+    case QNetworkInformation::Reachability::
+        Site: // a self-hosted backend may well be on the site's own network
     case QNetworkInformation::Reachability::Online:
         break;
     }

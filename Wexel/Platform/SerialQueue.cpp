@@ -6,8 +6,7 @@
 
 #include "Platform/ThreadPool.h"
 
-namespace wexel
-{
+namespace wexel {
 
 struct SerialQueue::State {
     std::mutex mutex; // guards both members; never held while a block runs
@@ -15,8 +14,7 @@ struct SerialQueue::State {
     bool running = false;
 };
 
-namespace
-{
+namespace {
 
 template <typename State>
 void drain(const std::shared_ptr<State> &state)

@@ -5,8 +5,7 @@
 
 #include <QString>
 
-namespace wexel
-{
+namespace wexel {
 
 /// Runs blocks one after the other, in the order they came, on threads borrowed from the library's pool. It
 /// holds no thread while it has nothing to do. Thread-safe; the queue may go away with blocks pending, which

@@ -4,11 +4,9 @@
 
 #include <sqlite3.h>
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 /// How long to wait for another process's write, which takes milliseconds.
 constexpr int busyMilliseconds = 2000;
 } // namespace

@@ -9,8 +9,7 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-namespace wexel
-{
+namespace wexel {
 
 /// One prepared statement with its parameters, counted from 1. Must not outlive its database; invalid when it
 /// could not be prepared: every step of it then fails.

@@ -7,11 +7,9 @@
 
 #include "Platform/Log.h"
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 
 constexpr auto applicationId = "1465403475"; // "WXLS"
 constexpr auto formatVersion = "1";

@@ -5,11 +5,9 @@
 #include "Platform/ApplicationEnd.h"
 #include "Platform/BackgroundThread.h"
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 
 constexpr int maximumThreads
     = 16; // strands wait for their turn beyond this; an upload in flight holds one thread

@@ -3,8 +3,7 @@
 #include <chrono>
 #include <functional>
 
-namespace wexel
-{
+namespace wexel {
 
 /// The library's own threads, apart from the host's global pool. Threads start on demand and end when idle.
 /// Thread-safe.

@@ -2,11 +2,9 @@
 
 #include "Platform/UrlSession.h"
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 
 auto find(auto &headers, const QByteArray &name)
 {

@@ -5,11 +5,9 @@
 
 #include "Platform/BackgroundThread.h"
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 
 /// One request's completion, which runs even when nobody answers any more.
 class Task

@@ -12,8 +12,7 @@
 
 #include "Platform/Error.h"
 
-namespace wexel
-{
+namespace wexel {
 
 /// Domain of the transport's errors; the code is a QNetworkReply::NetworkError.
 inline const QString UrlErrorDomain = QStringLiteral("QNetworkReply");

@@ -60,7 +60,8 @@ public:
     /// Sends a report without any screen. Dropped while the backend has the application archived.
     /// \param attachScreenshot true to attach a picture of the application's windows
     /// \param description the report's text; without a value the report carries none
-    static void autoReportWithAttachScreenshot(bool attachScreenshot, const std::optional<QString> &description);
+    static void autoReportWithAttachScreenshot(bool attachScreenshot,
+                                               const std::optional<QString> &description);
     /// As above with the empty text as description.
     static void autoReportWithAttachScreenshot(bool attachScreenshot);
     /// Without a screenshot.

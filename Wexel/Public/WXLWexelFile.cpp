@@ -13,9 +13,7 @@ const QString dataKey = QStringLiteral("dataKey");
 
 SecureCoding::~SecureCoding() = default;
 
-WXLWexelFile::WXLWexelFile(QString name, QByteArray data)
-    : m_name(std::move(name))
-    , m_data(std::move(data))
+WXLWexelFile::WXLWexelFile(QString name, QByteArray data) : m_name(std::move(name)), m_data(std::move(data))
 {
 }
 
@@ -53,10 +51,11 @@ void WXLWexelFile::encodeWithCoder(Coder &coder) const
 
 const ArchivableClass &WXLWexelFile::archivableClass()
 {
-    static const ArchivableClass instance{QStringLiteral("WXLWexelFile"), [](const Coder &coder) -> ArchivedObject {
-        const auto name = coder.decodeString(nameKey).value_or(QString());
-        return std::make_shared<WXLWexelFile>(name, coder.decodeObject(dataKey).toByteArray());
-    }};
+    static const ArchivableClass instance{
+        QStringLiteral("WXLWexelFile"), [](const Coder &coder) -> ArchivedObject {
+            const auto name = coder.decodeString(nameKey).value_or(QString());
+            return std::make_shared<WXLWexelFile>(name, coder.decodeObject(dataKey).toByteArray());
+        }};
     return instance;
 }
 

@@ -34,10 +34,7 @@ public:
 
     /// An empty report. The library's own reports come with the gathered data already in place.
     WXLWexelReportData() = default;
-    explicit WXLWexelReportData(QVariantMap gatheredData)
-        : gatheredDataDict(std::move(gatheredData))
-    {
-    }
+    explicit WXLWexelReportData(QVariantMap gatheredData) : gatheredDataDict(std::move(gatheredData)) { }
 
     [[nodiscard]] QString className() const override;
     void encodeWithCoder(Coder &coder) const override;

@@ -17,7 +17,8 @@ namespace wexel::MultiPartForm {
                                         const QMap<QString, QString> &params = {});
 
 /// \param files file name and content of each file
-[[nodiscard]] QByteArray createBodyWithBoundary(const QString &boundary, const QMap<QString, QString> &parameters,
+[[nodiscard]] QByteArray createBodyWithBoundary(const QString &boundary,
+                                                const QMap<QString, QString> &parameters,
                                                 const QList<QPair<QString, QByteArray>> &files,
                                                 const QString &fieldName);
 

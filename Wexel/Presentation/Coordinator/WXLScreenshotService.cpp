@@ -1,0 +1,76 @@
+#include "Presentation/Coordinator/WXLScreenshotService.h"
+
+#include <QBuffer>
+#include <QPainter>
+#include <QQuickWindow>
+#include <QWidget>
+
+#include "Presentation/Helpers/HostWindows.h"
+
+namespace wexel {
+
+namespace {
+
+constexpr int jpegQuality = 70;
+
+QPoint positionOnStage(const QWindow *window, const QWindow *stage)
+{
+    return window->mapToGlobal(QPoint()) - stage->mapToGlobal(QPoint());
+}
+
+// Windows that are neither Qt Quick's nor Qt Widgets' cannot be drawn and stay transparent.
+void drawWindow(QPainter &painter, QWindow *window, const QWindow *stage)
+{
+    const QPoint position = positionOnStage(window, stage);
+    if (auto *quick = qobject_cast<QQuickWindow *>(window))
+        painter.drawImage(position, quick->grabWindow());
+    else if (auto *widget = widgetOf(window))
+        painter.drawPixmap(position, widget->grab());
+    // Quick windows embedded in a widget are not part of the widget's own picture.
+    for (auto *child : window->findChildren<QQuickWindow *>()) {
+        if (child->isVisible() && child->parent() != nullptr && !child->isTopLevel())
+            painter.drawImage(positionOnStage(child, stage), child->grabWindow());
+    }
+}
+
+} // namespace
+
+WXLScreenshotService &WXLScreenshotService::sharedInstance()
+{
+    static auto *const instance = new WXLScreenshotService;
+    return *instance;
+}
+
+QImage WXLScreenshotService::takeScreenshot() const
+{
+    const QWindow *stage = hostMainWindow();
+    if (stage == nullptr || stage->size().isEmpty())
+        return {};
+    const qreal ratio = stage->devicePixelRatio();
+    QImage image((QSizeF(stage->size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    for (QWindow *window : windowsBackToFront()) {
+        painter.setOpacity(window->opacity());
+        drawWindow(painter, window, stage);
+    }
+    return image;
+}
+
+QByteArray WXLScreenshotService::getImageData(const QImage &image) const
+{
+    if (image.isNull())
+        return {};
+    QImage opaque(image.size(), QImage::Format_RGB32); // JPEG knows no alpha
+    opaque.fill(Qt::white);
+    QImage source = image;
+    source.setDevicePixelRatio(1);
+    QPainter(&opaque).drawImage(0, 0, source);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    opaque.save(&buffer, "JPG", jpegQuality);
+    return bytes;
+}
+
+} // namespace wexel

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QMetaObject>
+#include <QString>
+
+namespace wexel {
+
+/// The class of an object by the name that the host's developer knows: the QML type's ("CartPage",
+/// "StackView") without the engine's suffixes, else the C++ class's with its namespace. Thread-safe.
+[[nodiscard]] QString hostClassName(const QMetaObject *metaObject);
+
+/// True for a QML type that the host wrote, a CartPage.qml, as opposed to Qt's own types and their styled
+/// forms.
+[[nodiscard]] bool isHostQmlType(const QMetaObject *metaObject);
+
+} // namespace wexel

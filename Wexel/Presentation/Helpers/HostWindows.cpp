@@ -1,0 +1,110 @@
+#include "Presentation/Helpers/HostWindows.h"
+
+#include <algorithm>
+#include <tuple>
+
+#include <QApplication>
+#include <QGuiApplication>
+#include <QWidget>
+#include <QWindow>
+
+namespace wexel {
+
+namespace {
+
+bool isPopup(const QWindow *window)
+{
+    return window->type() == Qt::Popup || window->type() == Qt::ToolTip;
+}
+
+int transientDepth(const QWindow *window)
+{
+    int depth = 0;
+    for (const QWindow *parent = window->transientParent(); parent != nullptr && depth < 16;
+         parent = parent->transientParent())
+        ++depth;
+    return depth;
+}
+
+// A dialog lies over the main windows even where nobody told which one it is for.
+int layer(const QWindow *window)
+{
+    const bool isMain = window->type() == Qt::Window && window->transientParent() == nullptr;
+    return isPopup(window) ? 2 : (isMain ? 0 : 1);
+}
+
+const QWindow *mainWindowOf(const QWindow *window)
+{
+    while (window != nullptr && window->transientParent() != nullptr)
+        window = window->transientParent();
+    return window;
+}
+
+bool isOfHost(const QWindow *window)
+{
+    return !isMarked(window, clickableWindowProperty) && !isMarked(window, displayWindowProperty);
+}
+
+} // namespace
+
+bool isMarked(const QWindow *window, const char *property)
+{
+    if (window->property(property).toBool())
+        return true;
+    const QWidget *widget = widgetOf(window);
+    return widget != nullptr && widget->property(property).toBool();
+}
+
+QWidget *widgetOf(const QWindow *window)
+{
+    if (qobject_cast<QApplication *>(QCoreApplication::instance()) == nullptr)
+        return nullptr;
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    const auto found = std::find_if(widgets.begin(), widgets.end(), [window](const QWidget *widget) {
+        return widget->windowHandle() == window;
+    });
+    return found != widgets.end() ? *found : nullptr;
+}
+
+QList<QWindow *> windowsBackToFront()
+{
+    QList<QWindow *> windows;
+    if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()) != nullptr)
+        windows = QGuiApplication::topLevelWindows();
+    windows.removeIf([](const QWindow *window) {
+        return !window->isVisible() || window->type() == Qt::Desktop
+            || isMarked(window, clickableWindowProperty);
+    });
+    const QWindow *active = QGuiApplication::focusWindow();
+    const QWindow *activeMain = mainWindowOf(active);
+    const auto rank = [active, activeMain](const QWindow *window) {
+        return std::tuple(layer(window), mainWindowOf(window) == activeMain, transientDepth(window),
+                          window == active);
+    };
+    std::stable_sort(windows.begin(), windows.end(),
+                     [&rank](const QWindow *a, const QWindow *b) { return rank(a) < rank(b); });
+    return windows;
+}
+
+QWindow *hostMainWindow()
+{
+    QWindow *main = nullptr;
+    const QWindow *activeMain = mainWindowOf(QGuiApplication::focusWindow());
+    for (QWindow *window : windowsBackToFront()) {
+        if (!isOfHost(window) || isPopup(window) || window->transientParent() != nullptr)
+            continue;
+        if (main == nullptr || window == activeMain)
+            main = window;
+    }
+    return main;
+}
+
+QWindow *hostKeyWindow()
+{
+    QWindow *window = QGuiApplication::focusWindow();
+    while (window != nullptr && (isPopup(window) || !isOfHost(window)))
+        window = window->transientParent();
+    return window != nullptr && isOfHost(window) ? window : hostMainWindow();
+}
+
+} // namespace wexel
