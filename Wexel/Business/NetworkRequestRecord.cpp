@@ -43,7 +43,7 @@ NetworkRequestRecord::NetworkRequestRecord(const Coder &coder)
 {
 }
 
-QString NetworkRequestRecord::className() const
+QString NetworkRequestRecord::codingClassName() const
 {
     return archivableClass().name;
 }

@@ -34,7 +34,7 @@ public:
                          std::optional<QString> timestamp);
     explicit NetworkRequestRecord(const Coder &coder);
 
-    [[nodiscard]] QString className() const override;
+    [[nodiscard]] QString codingClassName() const override;
     void encodeWithCoder(Coder &coder) const override;
     [[nodiscard]] static const ArchivableClass &archivableClass();
 };

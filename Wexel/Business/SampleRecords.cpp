@@ -16,7 +16,7 @@ Network::Network(const Coder &coder)
 {
 }
 
-QString Network::className() const
+QString Network::codingClassName() const
 {
     return archivableClass().name;
 }
@@ -48,7 +48,7 @@ Battery::Battery(const Coder &coder)
 {
 }
 
-QString Battery::className() const
+QString Battery::codingClassName() const
 {
     return archivableClass().name;
 }
@@ -75,7 +75,7 @@ Record::Record(std::optional<QString> value, std::optional<QString> timestamp)
 
 Record::Record(const Coder &coder) : Record(coder.decodeString(kRValue), coder.decodeString(kRTime)) { }
 
-QString Record::className() const
+QString Record::codingClassName() const
 {
     return archivableClass().name;
 }

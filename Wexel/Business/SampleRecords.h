@@ -24,7 +24,7 @@ public:
     Network(std::optional<QString> type, std::optional<QString> name, std::optional<QString> timestamp);
     explicit Network(const Coder &coder);
 
-    [[nodiscard]] QString className() const override;
+    [[nodiscard]] QString codingClassName() const override;
     void encodeWithCoder(Coder &coder) const override;
     [[nodiscard]] static const ArchivableClass &archivableClass();
 };
@@ -40,7 +40,7 @@ public:
     Battery(std::optional<QString> status, std::optional<QString> level, std::optional<QString> timestamp);
     explicit Battery(const Coder &coder);
 
-    [[nodiscard]] QString className() const override;
+    [[nodiscard]] QString codingClassName() const override;
     void encodeWithCoder(Coder &coder) const override;
     [[nodiscard]] static const ArchivableClass &archivableClass();
 };
@@ -55,7 +55,7 @@ public:
     Record(std::optional<QString> value, std::optional<QString> timestamp);
     explicit Record(const Coder &coder);
 
-    [[nodiscard]] QString className() const override;
+    [[nodiscard]] QString codingClassName() const override;
     void encodeWithCoder(Coder &coder) const override;
     [[nodiscard]] static const ArchivableClass &archivableClass();
 };

@@ -6,7 +6,7 @@ namespace wexel {
 
 TouchRecord::TouchRecord(std::optional<QString> className, std::optional<QString> viewController,
                          std::optional<QString> property, std::optional<QString> timestamp)
-    : touchedClassName(std::move(className))
+    : className(std::move(className))
     , viewController(std::move(viewController))
     , property(std::move(property))
     , timestamp(std::move(timestamp))
@@ -19,14 +19,14 @@ TouchRecord::TouchRecord(const Coder &coder)
 {
 }
 
-QString TouchRecord::className() const
+QString TouchRecord::codingClassName() const
 {
     return archivableClass().name;
 }
 
 void TouchRecord::encodeWithCoder(Coder &coder) const
 {
-    coder.encodeObject(touchedClassName, kTClassName);
+    coder.encodeObject(className, kTClassName);
     coder.encodeObject(viewController, kTViewController);
     coder.encodeObject(property, kTProperty);
     coder.encodeObject(timestamp, kTTime);

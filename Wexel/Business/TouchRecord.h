@@ -13,7 +13,7 @@ inline const QString kTTime = QStringLiteral("tTimeKey");
 class TouchRecord final : public WXLBlackBoxObject
 {
 public:
-    std::optional<QString> touchedClassName; ///< class name of the touched view
+    std::optional<QString> className; ///< class name of the touched view
     std::optional<QString> viewController; ///< class name of the controller that owns it
     std::optional<QString> property; ///< extra description of the touched element
     std::optional<QString> timestamp;
@@ -22,7 +22,7 @@ public:
                 std::optional<QString> property, std::optional<QString> timestamp);
     explicit TouchRecord(const Coder &coder);
 
-    [[nodiscard]] QString className() const override;
+    [[nodiscard]] QString codingClassName() const override;
     void encodeWithCoder(Coder &coder) const override;
     [[nodiscard]] static const ArchivableClass &archivableClass();
 };

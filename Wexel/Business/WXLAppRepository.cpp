@@ -1,6 +1,9 @@
 #include "Business/WXLAppRepository.h"
 
+#include "Platform/ApplicationEnd.h"
+#include "Platform/HostFolders.h"
 #include "Platform/Log.h"
+#include "Platform/ThreadPool.h"
 
 namespace wexel {
 
@@ -33,9 +36,21 @@ void write(UserDefaults &defaults, const std::optional<Value> &value, const QStr
 
 } // namespace
 
-WXLAppRepository::WXLAppRepository(std::unique_ptr<UserDefaults> userDefaults)
+WXLAppRepository::WXLAppRepository(std::shared_ptr<UserDefaults> userDefaults)
     : m_userDefaults(std::move(userDefaults))
 {
+}
+
+WXLAppRepository &WXLAppRepository::sharedInstance()
+{
+    static auto *instance = [] {
+        auto *created
+            = new WXLAppRepository(makeUserDefaults(HostFolders::userDefaults(), ThreadPool::runLater));
+        ApplicationEnd::perform(ApplicationEnd::Phase::Storage,
+                                [created] { created->userDefaults().synchronize(); });
+        return created;
+    }();
+    return *instance;
 }
 
 bool WXLAppRepository::clientAuthorized() const

@@ -15,7 +15,7 @@ namespace wexel {
 class WXLAppRepository
 {
 public:
-    explicit WXLAppRepository(std::unique_ptr<UserDefaults> userDefaults);
+    explicit WXLAppRepository(std::shared_ptr<UserDefaults> userDefaults);
     /// Over the host application's own store, which is written a last time when the application ends.
     static WXLAppRepository &sharedInstance();
 
@@ -68,7 +68,7 @@ public:
     [[nodiscard]] UserDefaults &userDefaults() { return *m_userDefaults; }
 
 private:
-    std::unique_ptr<UserDefaults> m_userDefaults;
+    std::shared_ptr<UserDefaults> m_userDefaults;
 };
 
 } // namespace wexel

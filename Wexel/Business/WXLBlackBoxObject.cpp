@@ -6,7 +6,7 @@
 
 namespace wexel {
 
-QString WXLBlackBoxObject::className() const
+QString WXLBlackBoxObject::codingClassName() const
 {
     return QStringLiteral("WXLBlackBoxObject");
 }

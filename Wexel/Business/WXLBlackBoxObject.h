@@ -9,7 +9,7 @@ namespace wexel {
 class WXLBlackBoxObject : public SecureCoding
 {
 public:
-    [[nodiscard]] QString className() const override;
+    [[nodiscard]] QString codingClassName() const override;
     void encodeWithCoder(Coder &coder) const override;
     [[nodiscard]] static const ArchivableClass &archivableClass();
 };

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include <QStringList>
+
 #include "Platform/Log.h"
 
 namespace wexel {

@@ -38,6 +38,11 @@ BackgroundThread::BackgroundThread() : m_state(std::make_shared<State>())
     });
 }
 
+QObject *BackgroundThread::context()
+{
+    return &m_state->receiver;
+}
+
 void BackgroundThread::adopt(QObject &object)
 {
     object.moveToThread(&m_state->thread);

@@ -16,6 +16,8 @@ public:
     /// The library's one background thread, started on first use and stopped when the application ends.
     static BackgroundThread &shared();
 
+    /// An object that lives on the thread, for whatever wants to be started there.
+    [[nodiscard]] QObject *context();
     /// Moves the object to the thread. Called on the thread that the object lives in.
     void adopt(QObject &object);
     void perform(std::function<void()> block);

@@ -151,7 +151,7 @@ void ArchiveWriter::writeObject(const SecureCoding &object)
     object.encodeWithCoder(coder);
     m_out.append(QCborTag(27));
     m_out.startArray(2);
-    m_out.append(QStringView(object.className()));
+    m_out.append(QStringView(object.codingClassName()));
     writeMap(coder.fields());
     m_out.endArray();
 }

@@ -48,14 +48,9 @@ ReachabilityFlags flagsOf(const QNetworkInformation &information)
 class NetworkInformationReachability final : public QObject, public Reachability
 {
 public:
-    NetworkInformationReachability()
-    {
-        // Loading a back end may talk to the system bus, which must not cost the host's start-up anything.
-        MainScheduler::shared().perform([this] { load(); });
-    }
-
     std::optional<ReachabilityFlags> flags() const override
     {
+        loadOnce();
         const auto *information = ApplicationEnd::hasBegun() ? nullptr : QNetworkInformation::instance();
         if (information)
             return flagsOf(*information);
@@ -64,14 +59,26 @@ public:
 
     void schedule(std::function<void()> callback) override
     {
+        loadOnce();
         const std::lock_guard lock(m_mutex);
         m_callback = std::move(callback);
     }
 
-    void unschedule() override { schedule({}); }
+    void unschedule() override
+    {
+        const std::lock_guard lock(m_mutex);
+        m_callback = {};
+    }
 
 private:
-    void load()
+    // A back end belongs to the main thread and may talk to the system bus: nobody pays for it before the first
+    // question, which the network interfaces answer.
+    void loadOnce() const
+    {
+        std::call_once(m_loading, [this] { MainScheduler::shared().perform([this] { load(); }); });
+    }
+
+    void load() const
     {
         if (!QNetworkInformation::loadBackendByFeatures(QNetworkInformation::Feature::Reachability))
             return;
@@ -80,7 +87,7 @@ private:
         connect(information, &QNetworkInformation::transportMediumChanged, this, [this] { changed(); });
     }
 
-    void changed()
+    void changed() const
     {
         std::function<void()> callback;
         {
@@ -91,7 +98,8 @@ private:
             callback();
     }
 
-    std::mutex m_mutex; // guards `m_callback`; not held while it runs
+    mutable std::once_flag m_loading;
+    mutable std::mutex m_mutex; // guards `m_callback`; not held while it runs
     std::function<void()> m_callback;
 };
 

@@ -32,8 +32,8 @@ public:
     virtual void unschedule() = 0;
 };
 
-/// The machine's: QNetworkInformation, or, where it has no back end, the state of the network interfaces. Made on
-/// the main thread; loads its back end there, after the current event.
+/// The machine's: QNetworkInformation, or, where it has no back end or until it is loaded, the state of the network
+/// interfaces. Never destroyed.
 std::unique_ptr<Reachability> makeReachability();
 
 } // namespace wexel

@@ -21,7 +21,7 @@ public:
     virtual ~SecureCoding();
 
     /// The name under which the class stands in an archive, for example "WXLWexelFile".
-    [[nodiscard]] virtual QString className() const = 0;
+    [[nodiscard]] virtual QString codingClassName() const = 0;
     /// Writes every field under its own key. Absent fields are not written.
     virtual void encodeWithCoder(Coder &coder) const = 0;
     /// Every archivable class of the library decodes with secure coding.

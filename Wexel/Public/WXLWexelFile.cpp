@@ -11,8 +11,6 @@ const QString nameKey = QStringLiteral("nameKey");
 const QString dataKey = QStringLiteral("dataKey");
 } // namespace
 
-SecureCoding::~SecureCoding() = default;
-
 WXLWexelFile::WXLWexelFile(QString name, QByteArray data) : m_name(std::move(name)), m_data(std::move(data))
 {
 }
@@ -38,14 +36,14 @@ bool WXLWexelFile::fileIsEqual(const WXLWexelFile &other) const
     return m_data == other.m_data;
 }
 
-QString WXLWexelFile::className() const
+QString WXLWexelFile::codingClassName() const
 {
     return archivableClass().name;
 }
 
 void WXLWexelFile::encodeWithCoder(Coder &coder) const
 {
-    coder.encodeObject(m_name, nameKey);
+    coder.encodeObject(QVariant(m_name), nameKey);
     coder.encodeObject(QVariant(m_data), dataKey);
 }
 

@@ -31,7 +31,7 @@ public:
     /// True when both hold the same bytes; the names are deliberately not compared.
     [[nodiscard]] bool fileIsEqual(const WXLWexelFile &other) const;
 
-    [[nodiscard]] QString className() const override;
+    [[nodiscard]] QString codingClassName() const override;
     void encodeWithCoder(Coder &coder) const override;
     /// How an archive makes such a file again; internal to the library.
     [[nodiscard]] static const ArchivableClass &archivableClass();

@@ -45,7 +45,7 @@ ArchivedObject initWithCoder(const Coder &coder)
 
 } // namespace
 
-QString WXLWexelReportData::className() const
+QString WXLWexelReportData::codingClassName() const
 {
     return archivableClass().name;
 }

@@ -36,7 +36,7 @@ public:
     WXLWexelReportData() = default;
     explicit WXLWexelReportData(QVariantMap gatheredData) : gatheredDataDict(std::move(gatheredData)) { }
 
-    [[nodiscard]] QString className() const override;
+    [[nodiscard]] QString codingClassName() const override;
     void encodeWithCoder(Coder &coder) const override;
     /// How an archive makes such a report again; internal to the library.
     [[nodiscard]] static const ArchivableClass &archivableClass();

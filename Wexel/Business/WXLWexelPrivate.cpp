@@ -1,0 +1,78 @@
+#include "Business/WXLWexelPrivate.h"
+
+#include <QImage>
+
+#include "Business/Flow.h"
+#include "Business/ImageData.h"
+#include "Business/ReportAssembly.h"
+#include "Business/ReportKeys.h"
+#include "Business/WXLAppRepository.h"
+#include "Helpers/WXLGlobalCache.h"
+#include "OfflineManager/WXLFileManager.h"
+#include "OfflineManager/WXLUploader.h"
+#include "Platform/Log.h"
+
+namespace wexel {
+
+WXLWexelPrivate::WXLWexelPrivate(Collaborators collaborators) : m_with(std::move(collaborators)) { }
+
+WXLWexelPrivate::~WXLWexelPrivate() = default;
+
+void WXLWexelPrivate::startWithInvocationEvents(unsigned)
+{
+    WXLGlobalCache::shared().setTopWindowLevel(m_with.flow.topWindowLevel());
+    m_starter = std::make_unique<WXLStarter>(m_with.api, m_with.infoPlist);
+    addObservers();
+    authorizeWexel();
+}
+
+WXLFileManager &WXLWexelPrivate::fileManager()
+{
+    std::call_once(m_fileManagerOnce,
+                   [this] { m_fileManager = std::make_unique<WXLFileManager>(m_with.documentsDirectory); });
+    return *m_fileManager;
+}
+
+WXLUploader &WXLWexelPrivate::uploader()
+{
+    std::call_once(m_uploaderOnce, [this] {
+        m_uploader = std::make_unique<WXLUploader>(fileManager(), m_with.api, m_with.appRepository,
+                                                   m_with.scheduler, m_with.notifications);
+    });
+    return *m_uploader;
+}
+
+void WXLWexelPrivate::autoReport(bool attachScreenshot, const std::optional<QString> &description)
+{
+    if (!m_with.appRepository.applicationActive())
+        return;
+    const auto reportData = preparedReportData();
+    if (description) {
+        QVariantMap gathered = reportData->gatheredDataDict.value_or(QVariantMap());
+        gathered.insert(kWXLUserInput, *description);
+        reportData->gatheredDataDict = gathered;
+    }
+    reportData->screenshotFile = screenshotFile(attachScreenshot);
+    uploader().uploadData(reportData);
+}
+
+std::shared_ptr<WXLWexelReportData> WXLWexelPrivate::preparedReportData() const
+{
+    auto reportData = m_with.reportAssembly.makeReportData();
+    if (!onPrepareData)
+        return reportData;
+    auto prepared = onPrepareData(reportData);
+    return prepared ? prepared : reportData;
+}
+
+std::shared_ptr<WXLWexelFile> WXLWexelPrivate::screenshotFile(bool attach) const
+{
+    const QImage screenshot = attach ? m_with.flow.takeScreenshot() : QImage();
+    if (!screenshot.isNull())
+        return std::make_shared<WXLWexelFile>(QStringLiteral("screenshot.jpg"), getImageData(screenshot));
+    QImage empty(1, 1, QImage::Format_RGB32);
+    empty.fill(Qt::white);
+    return std::make_shared<WXLWexelFile>(QStringLiteral("emptyScreenshot.jpg"), getImageData(empty));
+}
+
+} // namespace wexel
