@@ -1,0 +1,89 @@
+#include "Commands.h"
+
+#include "Log.h"
+#include "Storage/DataFolder.h"
+#include "Text.h"
+
+#include <Poco/DateTimeFormatter.h>
+#include <Poco/Timestamp.h>
+
+#include <iomanip>
+#include <iostream>
+
+namespace wexel::receiver {
+
+namespace {
+
+std::string isoTime(std::int64_t milliseconds)
+{
+    return Poco::DateTimeFormatter::format(Poco::Timestamp(milliseconds * 1000), "%Y-%m-%dT%H:%M:%S.%iZ");
+}
+
+std::string fileJson(const StoredFile &file, const FileStore &files)
+{
+    return "{\"id\":" + jsonString(file.id) + ",\"name\":" + jsonString(file.name)
+        + ",\"size\":" + std::to_string(file.size) + ",\"content_type\":" + jsonString(file.contentType)
+        + ",\"sha256\":" + jsonString(file.sha256)
+        + ",\"path\":" + jsonString(absolute(files.pathOf(file.sha256)).string()) + "}";
+}
+
+void printJson(const ReportSummary &report, DataFolder &data)
+{
+    const ReportFiles files = data.reports().filesOf(report.id);
+    std::cout << "{\"id\":" << report.id << ",\"received\":" << jsonString(isoTime(report.received))
+              << ",\"bundle_id\":" << jsonString(report.bundleId)
+              << ",\"screenshot\":" << (files.screenshot ? fileJson(*files.screenshot, data.files()) : "null")
+              << ",\"files\":[";
+    const char *separator = "";
+    for (const StoredFile &file : files.files) {
+        std::cout << separator << fileJson(file, data.files());
+        separator = ",";
+    }
+    // What was stored was checked to be one JSON object.
+    std::cout << "],\"report\":" << data.reports().reportJson(report.id).value_or("null") << "}";
+}
+
+void printAllJson(DataFolder &data)
+{
+    std::cout << '[';
+    const char *separator = "\n";
+    for (const ReportSummary &report : data.reports().reports()) {
+        std::cout << separator;
+        printJson(report, data);
+        separator = ",\n";
+    }
+    std::cout << "\n]\n";
+}
+
+void printTable(DataFolder &data)
+{
+    std::cout << std::left << std::setw(8) << "ID" << std::setw(26) << "RECEIVED" << std::setw(12)
+              << "SCREENSHOT" << std::setw(7) << "FILES"
+              << "BUNDLE ID\n";
+    for (const ReportSummary &report : data.reports().reports()) {
+        const ReportFiles files = data.reports().filesOf(report.id);
+        std::cout << std::setw(8) << report.id << std::setw(26) << isoTime(report.received) << std::setw(12)
+                  << (files.screenshot ? std::to_string(files.screenshot->size) : "-") << std::setw(7)
+                  << files.files.size() << escaped(report.bundleId) << '\n';
+    }
+}
+
+} // namespace
+
+int listReports(const Options &options)
+{
+    DataFolder data(options.data, DataFolder::Access::Look);
+    options.json ? printAllJson(data) : printTable(data);
+    return std::cout.flush() ? 0 : 1;
+}
+
+int setArchived(const Options &options, bool archived)
+{
+    DataFolder data(options.data, DataFolder::Access::Look);
+    const bool known = data.reports().setArchived(options.bundleId, archived);
+    std::cout << escaped(options.bundleId) << (archived ? " is archived" : " may send reports")
+              << (known ? "" : " (it was not known before)") << '\n';
+    return 0;
+}
+
+} // namespace wexel::receiver

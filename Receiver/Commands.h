@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Options.h"
+
+namespace wexel::receiver {
+
+/// Each runs one command and returns the program's exit code. They throw StorageError or std::runtime_error with a text for
+/// the user.
+
+/// Serves until SIGTERM or SIGINT.
+int serve(const Options &options);
+
+/// Lists the reports on the standard output, as a table or as JSON.
+int listReports(const Options &options);
+
+/// Switches an application off or on; a running server sees it at its next request.
+int setArchived(const Options &options, bool archived);
+
+} // namespace wexel::receiver

@@ -1,0 +1,80 @@
+#include "Handlers/FileUploadHandler.h"
+
+#include "Log.h"
+#include "Secrets.h"
+#include "Storage/Database.h"
+
+namespace wexel::receiver {
+
+namespace {
+
+constexpr std::size_t maximumNameLength = 1024;
+constexpr std::uint64_t multipartOverhead = 64 * 1024; // headers, boundaries and small fields beside the file
+constexpr std::size_t headSize = 16;
+
+/// The type that the file will be served with: the raster images that browsers show safely, told by their first bytes, as
+/// what a client claims proves nothing.
+std::string contentTypeOf(std::string_view head)
+{
+    if (head.starts_with("\x89PNG\r\n\x1a\n"))
+        return "image/png";
+    if (head.starts_with("\xff\xd8\xff"))
+        return "image/jpeg";
+    if (head.starts_with("GIF87a") || head.starts_with("GIF89a"))
+        return "image/gif";
+    if (head.starts_with("RIFF") && head.substr(std::min<std::size_t>(8, head.size())).starts_with("WEBP"))
+        return "image/webp";
+    return "application/octet-stream";
+}
+
+} // namespace
+
+Answer FileUploadHandler::handle(Request &request)
+{
+    const auto boundary = multipartBoundary(request.header.getContentType());
+    if (!boundary)
+        throw HttpError(Status::HTTP_BAD_REQUEST,
+                        "Expected the Content-Type multipart/form-data; boundary=...");
+    request.body.setLimit(m_maximumSize + multipartOverhead, "The upload");
+    Multipart multipart([&](char *buffer, std::size_t size) { return request.body.read(buffer, size); },
+                        *boundary);
+    std::optional<StoredFile> stored;
+    while (const auto part = multipart.nextPart()) {
+        if (part->name == "file" && stored)
+            throw HttpError(Status::HTTP_BAD_REQUEST, "Expected one part named \"file\", not two");
+        if (part->name == "file")
+            stored = store(multipart, part->fileName);
+    }
+    if (!stored)
+        throw HttpError(Status::HTTP_BAD_REQUEST, "Expected a part named \"file\"");
+    m_store.addFile(*stored);
+    logEvent("file",
+             {{"name", stored->name}, {"size", std::to_string(stored->size)}, {"sha256", stored->sha256}});
+    return jsonAnswer("{\"url\":" + jsonString(m_baseUrl + stored->id) + "}");
+}
+
+StoredFile FileUploadHandler::store(Multipart &multipart, const std::string &fileName)
+{
+    if (fileName.size() > maximumNameLength)
+        throw HttpError(Status::HTTP_BAD_REQUEST,
+                        "The file name is longer than " + std::to_string(maximumNameLength) + " bytes");
+    IncomingFile file(m_files);
+    std::string head;
+    receive(multipart, file, head);
+    return {randomId(),          file.publish(), cleanFileName(fileName),
+            contentTypeOf(head), file.size(),    currentMilliseconds()};
+}
+
+void FileUploadHandler::receive(Multipart &multipart, IncomingFile &file, std::string &head) const
+{
+    for (std::string_view piece = multipart.readContent(); !piece.empty(); piece = multipart.readContent()) {
+        head += piece.substr(0, headSize - std::min(headSize, head.size()));
+        if (file.size() + piece.size() > m_maximumSize)
+            throw HttpError(Status::HTTP_REQUEST_ENTITY_TOO_LARGE,
+                            "The file is larger than the limit of " + std::to_string(m_maximumSize)
+                                + " bytes");
+        file.write(piece);
+    }
+}
+
+} // namespace wexel::receiver

@@ -1,0 +1,49 @@
+#include "Handlers/ReportHandler.h"
+
+#include "BundleId.h"
+#include "Log.h"
+#include "ReportDocument.h"
+#include "Storage/Database.h"
+
+namespace wexel::receiver {
+
+namespace {
+
+/// The id in the address of one of our files: its last segment.
+std::string fileId(const std::string &address)
+{
+    return address.substr(address.rfind('/') + 1);
+}
+
+NewReport newReport(const std::string &bundleId, std::string json)
+{
+    const ReportDocument document = readReportDocument(json);
+    NewReport report = {bundleId, std::move(json), fileId(document.screenshotUrl), {}, currentMilliseconds()};
+    for (const std::string &address : document.fileUrls)
+        report.fileIds.push_back(fileId(address));
+    return report;
+}
+
+[[noreturn]] void refuseArchived()
+{
+    throw HttpError(Status::HTTP_FORBIDDEN, "The application is archived");
+}
+
+} // namespace
+
+Answer ReportHandler::handle(Request &request)
+{
+    const std::string &bundleId = request.parameter;
+    if (const std::string fault = bundleIdFault(bundleId); !fault.empty())
+        throw HttpError(Status::HTTP_BAD_REQUEST, fault);
+    if (m_store.isArchived(bundleId)) // before the body, which need not be read then
+        refuseArchived();
+    const std::optional<std::int64_t> id
+        = m_store.addReport(newReport(bundleId, request.body.readAll(m_maximumSize, "The report")));
+    if (!id)
+        refuseArchived();
+    logEvent("report", {{"id", std::to_string(*id)}, {"bundle_id", bundleId}});
+    return jsonAnswer("{\"id\":" + std::to_string(*id) + "}");
+}
+
+} // namespace wexel::receiver

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Http/Router.h"
+#include "Http/Watchdog.h"
+
+#include <Poco/Net/HTTPServerParams.h>
+#include <Poco/Net/HTTPServerSession.h>
+#include <Poco/Net/TCPServerConnection.h>
+#include <Poco/Net/TCPServerConnectionFactory.h>
+
+#include <chrono>
+
+namespace wexel::receiver {
+
+/// What every connection works with.
+struct Service {
+    const Router &router;
+    Watchdog &watchdog;
+    std::chrono::seconds requestTimeout;
+    std::size_t maximumConnections;
+    Poco::Net::HTTPServerParams::Ptr parameters;
+};
+
+/// One connection, on a thread of its own: reads a request, has it answered, until either side has had enough.
+/// It takes the place of Poco's own loop, which bounds each read but not a whole request, does not drain bodies that were
+/// not read, and answers faults without a text.
+class Connection : public Poco::Net::TCPServerConnection
+{
+public:
+    Connection(const Poco::Net::StreamSocket &socket, Service &service);
+
+    void run() override;
+
+private:
+    void serve();
+    bool serveRequest(Poco::Net::HTTPServerSession &session, Watchdog::Watch &watch);
+    bool exchange(Poco::Net::HTTPServerRequestImpl &request, Poco::Net::HTTPServerResponseImpl &response,
+                  Watchdog::Watch &watch);
+    Answer answerTo(const Poco::Net::HTTPServerRequestImpl &request, RequestBody &body,
+                    const Watchdog::Watch &watch) const;
+    void send(Poco::Net::HTTPServerResponseImpl &response, const Answer &answer,
+              Watchdog::Watch &watch) const;
+
+    Service &m_service;
+    std::string m_peer;
+};
+
+class ConnectionFactory : public Poco::Net::TCPServerConnectionFactory
+{
+public:
+    explicit ConnectionFactory(Service &service) : m_service(service) { }
+
+    Poco::Net::TCPServerConnection *createConnection(const Poco::Net::StreamSocket &socket) override
+    {
+        return new Connection(socket, m_service);
+    }
+
+private:
+    Service &m_service;
+};
+
+} // namespace wexel::receiver

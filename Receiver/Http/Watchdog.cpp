@@ -1,0 +1,105 @@
+#include "Http/Watchdog.h"
+
+#include <algorithm>
+#include <sys/socket.h>
+
+namespace wexel::receiver {
+
+Watchdog::Watch::Watch(Watchdog &watchdog, int socket) : m_watchdog(watchdog)
+{
+    const std::lock_guard lock(m_watchdog.m_mutex);
+    m_entry = m_watchdog.m_entries.insert(m_watchdog.m_entries.end(),
+                                          {socket, Phase::Receiving, Clock::time_point::max(), false});
+    m_number = m_watchdog.m_entries.size();
+}
+
+Watchdog::Watch::~Watch()
+{
+    const std::lock_guard lock(m_watchdog.m_mutex);
+    m_watchdog.m_entries.erase(m_entry);
+    m_watchdog.m_changed.notify_all();
+}
+
+void Watchdog::Watch::enter(Phase phase, std::chrono::seconds longest)
+{
+    const std::lock_guard lock(m_watchdog.m_mutex);
+    *m_entry = {m_entry->socket, phase,
+                phase == Phase::Idle ? Clock::time_point::max() : Clock::now() + longest, false};
+    if (m_watchdog.m_stopping && phase == Phase::Idle)
+        cut(*m_entry);
+    m_watchdog.m_changed.notify_all();
+}
+
+bool Watchdog::Watch::expired() const
+{
+    const std::lock_guard lock(m_watchdog.m_mutex);
+    return m_entry->expired;
+}
+
+bool Watchdog::Watch::stopping() const
+{
+    const std::lock_guard lock(m_watchdog.m_mutex);
+    return m_watchdog.m_stopping;
+}
+
+Watchdog::Watchdog() : m_thread([this] { run(); }) { }
+
+Watchdog::~Watchdog()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_ended = true;
+        m_changed.notify_all();
+    }
+    m_thread.join();
+}
+
+void Watchdog::stop(std::chrono::seconds grace)
+{
+    std::unique_lock lock(m_mutex);
+    m_stopping = true;
+    for (Entry &entry : m_entries) {
+        if (entry.phase == Phase::Idle)
+            cut(entry);
+    }
+    m_changed.wait_for(lock, grace, [this] { return m_entries.empty(); });
+    for (Entry &entry : m_entries) {
+        entry.phase = Phase::Answering;
+        cut(entry);
+    }
+    m_changed.wait(lock, [this] { return m_entries.empty(); });
+}
+
+void Watchdog::run()
+{
+    std::unique_lock lock(m_mutex);
+    while (!m_ended) {
+        const Clock::time_point next = nextDeadline();
+        if (next == Clock::time_point::max())
+            m_changed.wait(lock);
+        else
+            m_changed.wait_until(lock, next);
+        for (Entry &entry : m_entries) {
+            if (!entry.expired && entry.deadline <= Clock::now())
+                cut(entry);
+        }
+    }
+}
+
+Watchdog::Clock::time_point Watchdog::nextDeadline() const
+{
+    Clock::time_point next = Clock::time_point::max();
+    for (const Entry &entry : m_entries) {
+        if (!entry.expired)
+            next = std::min(next, entry.deadline);
+    }
+    return next;
+}
+
+void Watchdog::cut(Entry &entry)
+{
+    entry.expired = true;
+    ::shutdown(entry.socket, entry.phase == Phase::Answering ? SHUT_RDWR : SHUT_RD);
+}
+
+} // namespace wexel::receiver

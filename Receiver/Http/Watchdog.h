@@ -1,0 +1,76 @@
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <list>
+#include <mutex>
+#include <thread>
+
+namespace wexel::receiver {
+
+/// Bounds the time that a peer can hold a connection, which time-outs of single reads can't do: a peer that sends a byte
+/// a second meets each of those. When a phase takes too long the socket is shut down, so that the thread that blocks on it
+/// goes on, whether it waits in plain HTTP or inside TLS.
+class Watchdog
+{
+public:
+    using Clock = std::chrono::steady_clock;
+
+    enum class Phase {
+        Idle, ///< between two requests; never too long here, but cut when the server stops
+        Receiving, ///< too long: what arrived is all there is, an answer can still be sent
+        Answering, ///< too long: the connection is cut
+    };
+
+private:
+    struct Entry {
+        int socket;
+        Phase phase;
+        Clock::time_point deadline;
+        bool expired;
+    };
+
+public:
+    /// One connection under watch, for as long as this object lives; it must be gone before the socket is closed.
+    class Watch
+    {
+    public:
+        Watch(Watchdog &watchdog, int socket);
+        ~Watch();
+        Watch(const Watch &) = delete;
+        Watch &operator=(const Watch &) = delete;
+
+        void enter(Phase phase, std::chrono::seconds longest);
+        /// True if the phase took too long.
+        bool expired() const;
+        bool stopping() const;
+        /// How many connections there were when this one came, itself among them.
+        std::size_t number() const { return m_number; }
+
+    private:
+        Watchdog &m_watchdog;
+        std::list<Entry>::iterator m_entry;
+        std::size_t m_number;
+    };
+
+    Watchdog();
+    ~Watchdog();
+
+    /// Cuts the idle connections, gives the others \a grace to end their request, and cuts those that did not. Returns when
+    /// no connection is left.
+    void stop(std::chrono::seconds grace);
+
+private:
+    void run();
+    Clock::time_point nextDeadline() const;
+    static void cut(Entry &entry);
+
+    mutable std::mutex m_mutex; ///< guards all below, and the sockets against being closed while they are cut
+    std::condition_variable m_changed;
+    std::list<Entry> m_entries;
+    bool m_stopping = false;
+    bool m_ended = false;
+    std::thread m_thread;
+};
+
+} // namespace wexel::receiver

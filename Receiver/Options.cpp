@@ -1,0 +1,202 @@
+#include "Options.h"
+
+#include "BundleId.h"
+#include "WhiteLabeling.h"
+
+#include <Poco/Exception.h>
+#include <Poco/NumberParser.h>
+#include <Poco/URI.h>
+#include <Poco/Util/HelpFormatter.h>
+#include <Poco/Util/OptionProcessor.h>
+#include <Poco/Util/OptionSet.h>
+
+#include <functional>
+#include <map>
+#include <sstream>
+
+namespace wexel::receiver {
+
+namespace {
+
+using Poco::Util::Option;
+using Command = Options::Command;
+
+Poco::Util::OptionSet optionSet()
+{
+    const auto with = [](const char *name, const char *argument, const char *text) {
+        return Option(name, "", text, false).argument(argument);
+    };
+    Poco::Util::OptionSet set;
+    set.addOption(with("data", "DIR", "Folder of the reports; made if it is missing. Always needed."));
+    set.addOption(
+        with("listen", "HOST:PORT", "Address to listen on (127.0.0.1:8787); port 0 takes a free one."));
+    set.addOption(with("client", "ID:SECRET", "A client that may send reports.").repeatable(true));
+    set.addOption(
+        with("clients", "FILE", "File of such clients, one a line: keeps the secrets off the process list."));
+    set.addOption(with("tls-cert", "FILE", "Certificate (PEM) with its chain; with --tls-key, serve HTTPS."));
+    set.addOption(with("tls-key", "FILE", "The certificate's private key (PEM)."));
+    set.addOption(
+        with("public-url", "URL", "Address that clients reach this receiver at, if it is another one."));
+    set.addOption(with("white-labeling", "FILE", "JSON of the branding to offer."));
+    set.addOption(with("max-file-size", "BYTES", "Largest file that is taken (67108864)."));
+    set.addOption(with("max-report-size", "BYTES", "Largest report that is taken (16777216)."));
+    set.addOption(with("max-connections", "N", "Connections served at once (256)."));
+    set.addOption(with("request-timeout", "SECONDS", "Time in which a whole request must arrive (60)."));
+    set.addOption(with("token-lifetime", "SECONDS", "Time for which a token is good (86400)."));
+    set.addOption(Option("json", "", "With reports: print JSON."));
+    set.addOption(Option("help", "", "Print this text."));
+    set.addOption(Option("version", "", "Print the version."));
+    return set;
+}
+
+std::uint64_t number(const std::string &name, const std::string &text, std::uint64_t least,
+                     std::uint64_t most)
+{
+    Poco::UInt64 value = 0;
+    if (!Poco::NumberParser::tryParseUnsigned64(text, value) || value < least || value > most)
+        throw UsageError("--" + name + " must be a number from " + std::to_string(least) + " to "
+                         + std::to_string(most) + ", not \"" + text + "\"");
+    return value;
+}
+
+void setListen(Options &options, const std::string &text)
+{
+    const std::size_t colon = text.rfind(':');
+    if (colon == text.npos || colon == 0)
+        throw UsageError("--listen must be HOST:PORT, for example 127.0.0.1:8787 or [::1]:8787, not \"" + text
+                         + "\"");
+    options.listenHost = text.substr(0, colon);
+    if (options.listenHost.front() == '[' && options.listenHost.back() == ']')
+        options.listenHost = options.listenHost.substr(1, options.listenHost.size() - 2);
+    options.listenPort = static_cast<std::uint16_t>(number("listen", text.substr(colon + 1), 0, 65535));
+}
+
+void setPublicUrl(Options &options, std::string text)
+{
+    if (!text.ends_with('/'))
+        text += '/';
+    try {
+        const Poco::URI uri(text);
+        if ((uri.getScheme() == "http" || uri.getScheme() == "https") && !uri.getHost().empty()
+            && uri.getQuery().empty() && uri.getFragment().empty()) {
+            options.publicUrl = text;
+            return;
+        }
+    } catch (const Poco::SyntaxException &) {
+    }
+    throw UsageError("--public-url must be an address such as https://reports.example.org/, not \"" + text
+                     + "\"");
+}
+
+void apply(Options &options, const std::string &name, const std::string &value)
+{
+    constexpr std::uint64_t gigabyte = 1024 * 1024 * 1024;
+    constexpr std::uint64_t tenYears = 10ULL * 366 * 24 * 3600;
+    const auto asInt = [&](std::uint64_t most) { return static_cast<int>(number(name, value, 1, most)); };
+    const std::map<std::string, std::function<void()>> setters = {
+        {"data", [&] { options.data = value; }},
+        {"listen", [&] { setListen(options, value); }},
+        {"client", [&] { options.clients.add(value); }},
+        {"clients", [&] { options.clients.addFromFile(value); }},
+        {"tls-cert", [&] { options.certificateFile = value; }},
+        {"tls-key", [&] { options.privateKeyFile = value; }},
+        {"public-url", [&] { setPublicUrl(options, value); }},
+        {"white-labeling", [&] { options.whiteLabeling = readWhiteLabeling(value); }},
+        {"max-file-size", [&] { options.maximumFileSize = number(name, value, 1, 1024 * gigabyte); }},
+        {"max-report-size", [&] { options.maximumReportSize = number(name, value, 1, gigabyte / 2); }},
+        {"max-connections", [&] { options.maximumConnections = asInt(10000); }},
+        {"request-timeout", [&] { options.requestTimeout = asInt(3600); }},
+        {"token-lifetime", [&] { options.tokenLifetime = asInt(tenYears); }},
+        {"json", [&] { options.json = true; }},
+        {"help", [&] { options.command = Command::Help; }},
+        {"version", [&] { options.command = Command::Version; }},
+    };
+    setters.at(name)();
+}
+
+void takePositional(Options &options, const std::vector<std::string> &words)
+{
+    static const std::map<std::string, std::pair<Command, std::size_t>> commands
+        = {{"reports", {Command::Reports, 1}},
+           {"archive", {Command::Archive, 2}},
+           {"unarchive", {Command::Unarchive, 2}}};
+    if (words.empty())
+        return;
+    const auto found = commands.find(words.front());
+    if (found == commands.end())
+        throw UsageError("Unknown command \"" + words.front()
+                         + "\"; the commands are reports, archive and unarchive");
+    if (words.size() != found->second.second)
+        throw UsageError(
+            "\"" + words.front()
+            + (found->second.second == 2 ? "\" needs one BUNDLE_ID" : "\" takes no further words"));
+    options.command = found->second.first;
+    options.bundleId = words.size() == 2 ? words[1] : "";
+}
+
+void check(const Options &options)
+{
+    if (options.command == Command::Help || options.command == Command::Version)
+        return;
+    if (options.data.empty())
+        throw UsageError("--data DIR is missing: the folder that keeps the reports");
+    if (options.command == Command::Archive || options.command == Command::Unarchive) {
+        if (const std::string fault = bundleIdFault(options.bundleId); !fault.empty())
+            throw UsageError(fault);
+    }
+    if (options.command != Command::Serve)
+        return;
+    if (options.certificateFile.empty() != options.privateKeyFile.empty())
+        throw UsageError("--tls-cert and --tls-key must be given together");
+    if (options.clients.empty())
+        throw UsageError(
+            "No client is known, so nobody could send a report: give --client ID:SECRET (the pair that the "
+            "application carries as APIClientID and APIClientSecret) or --clients FILE");
+}
+
+} // namespace
+
+Options parseOptions(const std::vector<std::string> &arguments)
+{
+    Options options;
+    std::vector<std::string> words;
+    const Poco::Util::OptionSet set = optionSet();
+    Poco::Util::OptionProcessor processor(set);
+    processor.setUnixStyle(true);
+    try {
+        for (const std::string &argument : arguments) {
+            std::string name;
+            std::string value;
+            if (!processor.process(argument, name, value))
+                words.push_back(argument);
+            else if (!name.empty())
+                apply(options, name, value);
+        }
+        processor.checkRequired();
+    } catch (const Poco::Exception &error) {
+        throw UsageError(error.displayText());
+    }
+    if (options.command == Command::Serve)
+        takePositional(options, words);
+    check(options);
+    return options;
+}
+
+std::string usage()
+{
+    const Poco::Util::OptionSet set = optionSet();
+    Poco::Util::HelpFormatter formatter(set);
+    formatter.setUnixStyle(true);
+    formatter.setAutoIndent();
+    formatter.setWidth(100);
+    formatter.setCommand("wexel-receiver");
+    formatter.setUsage("--data DIR --client ID:SECRET [OPTIONS]\n"
+                       "       wexel-receiver reports --data DIR [--json]\n"
+                       "       wexel-receiver archive|unarchive BUNDLE_ID --data DIR");
+    formatter.setHeader("Receives the bug reports that applications send with the Wexel library.");
+    std::ostringstream stream;
+    formatter.format(stream);
+    return stream.str();
+}
+
+} // namespace wexel::receiver

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Clients.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace wexel::receiver {
+
+/// A command line that can't be obeyed; its text is for the user.
+class UsageError : public std::runtime_error
+{
+    using std::runtime_error::runtime_error;
+};
+
+/// What the command line asked for.
+struct Options {
+    enum class Command { Serve, Reports, Archive, Unarchive, Help, Version };
+
+    Command command = Command::Serve;
+    std::filesystem::path data;
+    std::string bundleId; ///< of archive and unarchive
+    bool json = false; ///< of reports
+
+    std::string listenHost = "127.0.0.1";
+    std::uint16_t listenPort = 8787; ///< 0: any free one
+    std::string publicUrl; ///< empty (the listen address), or an address that ends with a slash
+    std::string certificateFile; ///< PEM, with its chain; empty: no TLS
+    std::string privateKeyFile;
+    Clients clients;
+    std::string whiteLabeling; ///< the JSON to answer, or empty
+
+    std::uint64_t maximumFileSize = 64 * 1024 * 1024; ///< bytes
+    std::uint64_t maximumReportSize = 16 * 1024 * 1024; ///< bytes
+    int maximumConnections = 256;
+    int requestTimeout = 60; ///< seconds in which a whole request must arrive
+    int tokenLifetime = 24 * 3600; ///< seconds
+
+    bool usesTls() const { return !certificateFile.empty(); }
+};
+
+/// Reads the arguments (without the program's name). Throws UsageError.
+Options parseOptions(const std::vector<std::string> &arguments);
+
+/// The text of --help.
+std::string usage();
+
+} // namespace wexel::receiver

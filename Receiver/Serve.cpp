@@ -1,0 +1,55 @@
+#include "Commands.h"
+
+#include "Log.h"
+#include "Server.h"
+
+#include <csignal>
+#include <iostream>
+
+namespace wexel::receiver {
+
+namespace {
+
+/// To be called before any thread starts, so that all of them leave the signals to waitForEnd().
+sigset_t blockEndSignals()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGTERM);
+    sigaddset(&signals, SIGINT);
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    return signals;
+}
+
+int waitForEnd(const sigset_t &signals)
+{
+    int signal = 0;
+    sigwait(&signals, &signal);
+    return signal;
+}
+
+/// A peer that leaves and a file that reaches the size limit are errors to handle, not reasons to end.
+void ignoreSignals()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+} // namespace
+
+int serve(const Options &options)
+{
+    const sigset_t signals = blockEndSignals();
+    ignoreSignals();
+    DataFolder data(options.data, DataFolder::Access::Serve);
+    Server server(options, data);
+    logEvent("started", {{"url", server.url()}, {"data", options.data.string()}});
+    std::cout << "Listening on " << server.url() << std::endl;
+    const int signal = waitForEnd(signals);
+    logEvent("stopping", {{"signal", std::to_string(signal)}});
+    server.stop();
+    logEvent("stopped");
+    return 0;
+}
+
+} // namespace wexel::receiver

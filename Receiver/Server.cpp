@@ -1,0 +1,137 @@
+#include "Server.h"
+
+#include "Handlers/ApplicationsHandler.h"
+#include "Handlers/FileDownloadHandler.h"
+#include "Handlers/FileUploadHandler.h"
+#include "Handlers/ReportHandler.h"
+#include "Handlers/TokenHandler.h"
+#include "Handlers/WhiteLabelingHandler.h"
+#include "Http/Connection.h"
+
+#include <Poco/Net/Context.h>
+#include <Poco/Net/SSLManager.h>
+#include <Poco/Net/SecureServerSocket.h>
+#include <Poco/Net/TCPServer.h>
+#include <Poco/ThreadPool.h>
+
+namespace wexel::receiver {
+
+using Poco::Net::Context;
+using Poco::Net::ServerSocket;
+using Poco::Net::SocketAddress;
+using Access = Router::Access;
+
+namespace {
+
+/// Threads beyond the limit of connections, which tell clients that they are too many.
+constexpr int spareThreads = 16;
+constexpr int listenBacklog = 128;
+constexpr int idleSeconds = 15;
+constexpr std::chrono::seconds stopGrace{10};
+const std::string filesPath = "api/1.0/files";
+
+ServerSocket openSecureSocket(const Options &options, const SocketAddress &address)
+{
+    Poco::Net::initializeSSL();
+    Context::Params parameters;
+    parameters.certificateFile = options.certificateFile;
+    parameters.privateKeyFile = options.privateKeyFile;
+    parameters.verificationMode = Context::VERIFY_NONE; // clients prove themselves by their token
+    Context::Ptr context = new Context(Context::TLS_SERVER_USE, parameters);
+    context->requireMinimumProtocol(Context::PROTO_TLSV1_2);
+    context->enableSessionCache();
+    return Poco::Net::SecureServerSocket(address, listenBacklog, context);
+}
+
+ServerSocket openSocket(const Options &options)
+{
+    try {
+        const SocketAddress address(options.listenHost, options.listenPort);
+        return options.usesTls() ? openSecureSocket(options, address) : ServerSocket(address, listenBacklog);
+    } catch (const Poco::Exception &error) {
+        throw std::runtime_error("Can't listen on " + options.listenHost + " port "
+                                 + std::to_string(options.listenPort) + ": " + error.displayText());
+    }
+}
+
+Poco::Net::HTTPServerParams::Ptr parametersFor(const Options &options)
+{
+    Poco::Net::HTTPServerParams::Ptr parameters = new Poco::Net::HTTPServerParams;
+    parameters->setMaxThreads(options.maximumConnections + spareThreads);
+    parameters->setMaxQueued(spareThreads);
+    parameters->setTimeout(Poco::Timespan(options.requestTimeout, 0));
+    parameters->setKeepAliveTimeout(Poco::Timespan(idleSeconds, 0));
+    parameters->setMaxKeepAliveRequests(std::numeric_limits<int>::max());
+    return parameters;
+}
+
+std::function<bool(const std::string &)> tokenJudge(const Options &options, TokenStore &tokens)
+{
+    return [&](const std::string &token) {
+        const auto client = tokens.clientOf(token, currentMilliseconds());
+        return client && options.clients.contains(*client);
+    };
+}
+
+Router routesFor(const Options &options, DataFolder &data, const std::string &baseUrl)
+{
+    Router router(tokenJudge(options, data.tokens()));
+    router.add("POST", "auth/oauth2/token", Access::Anyone,
+               std::make_unique<TokenHandler>(options.clients, data.tokens(), options.tokenLifetime));
+    router.add("POST", "api/1.0/issue_tracking/apps", Access::TokenNeeded,
+               std::make_unique<ApplicationsHandler>(data.reports()));
+    router.add("POST", "api/1.0/issue_tracking/apps/{}", Access::TokenNeeded,
+               std::make_unique<ReportHandler>(data.reports(), options.maximumReportSize));
+    router.add("POST", filesPath, Access::TokenNeeded,
+               std::make_unique<FileUploadHandler>(data.files(), data.reports(), baseUrl + filesPath + '/',
+                                                   options.maximumFileSize));
+    router.add("GET", filesPath + "/{}", Access::Anyone,
+               std::make_unique<FileDownloadHandler>(data.files(), data.reports()));
+    router.add("GET", "api/1.0/white-labeling", Access::TokenNeeded,
+               std::make_unique<WhiteLabelingHandler>(options.whiteLabeling));
+    return router;
+}
+
+} // namespace
+
+struct Server::Parts {
+    Parts(const Options &options, DataFolder &data)
+        : socket(openSocket(options))
+        , url((options.usesTls() ? "https://" : "http://") + socket.address().toString() + '/')
+        , router(routesFor(options, data, options.publicUrl.empty() ? url : options.publicUrl))
+        , service{router, watchdog, std::chrono::seconds(options.requestTimeout),
+                  static_cast<std::size_t>(options.maximumConnections), parametersFor(options)}
+        , threads(2, options.maximumConnections + spareThreads + 1)
+        , server(new ConnectionFactory(service), threads, socket, service.parameters)
+    {
+    }
+
+    ServerSocket socket;
+    std::string url;
+    Router router;
+    Watchdog watchdog;
+    Service service;
+    Poco::ThreadPool threads;
+    Poco::Net::TCPServer server;
+};
+
+Server::Server(const Options &options, DataFolder &data) : m_parts(std::make_unique<Parts>(options, data))
+{
+    m_parts->server.start();
+}
+
+Server::~Server() = default;
+
+std::string Server::url() const
+{
+    return m_parts->url;
+}
+
+void Server::stop()
+{
+    m_parts->server.stop();
+    m_parts->watchdog.stop(stopGrace);
+    m_parts->threads.joinAll();
+}
+
+} // namespace wexel::receiver

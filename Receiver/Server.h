@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Options.h"
+#include "Storage/DataFolder.h"
+
+#include <memory>
+#include <string>
+
+namespace wexel::receiver {
+
+/// Serves the API until it is stopped. Constructing it opens the port; from then on it answers on threads of its own.
+class Server
+{
+public:
+    /// Both must outlive it. Throws std::runtime_error with a text for the user.
+    Server(const Options &options, DataFolder &data);
+    ~Server();
+    Server(const Server &) = delete;
+    Server &operator=(const Server &) = delete;
+
+    /// The address it listens on, for example http://127.0.0.1:8787/.
+    std::string url() const;
+
+    /// Takes no further connection, lets the requests in flight end for some seconds, and returns when all are gone.
+    void stop();
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> m_parts;
+};
+
+} // namespace wexel::receiver

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Storage/Database.h"
+#include "Storage/FileStore.h"
+#include "Storage/SqliteReportStore.h"
+#include "Storage/TokenStore.h"
+
+#include <filesystem>
+
+namespace wexel::receiver {
+
+/// A data folder and what is in it.
+class DataFolder
+{
+public:
+    enum class Access {
+        Serve, ///< makes what is missing, takes the folder for this process, removes left-over temporary files
+        Look ///< for a command beside a running server; the folder must exist
+    };
+
+    /// Throws StorageError with a text for the user.
+    DataFolder(const std::filesystem::path &path, Access access);
+    ~DataFolder();
+    DataFolder(const DataFolder &) = delete;
+    DataFolder &operator=(const DataFolder &) = delete;
+
+    FileStore &files() { return m_files; }
+    ReportStore &reports() { return m_reports; }
+    TokenStore &tokens() { return m_tokens; }
+
+private:
+    int m_lock; ///< the descriptor that holds the lock, or -1; first, as nothing may be touched without it
+    FileStore m_files;
+    Database m_database;
+    SqliteReportStore m_reports;
+    TokenStore m_tokens;
+};
+
+} // namespace wexel::receiver

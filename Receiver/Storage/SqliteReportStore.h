@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Storage/Database.h"
+#include "Storage/ReportStore.h"
+
+namespace wexel::receiver {
+
+/// The report store in the data folder's database. The database must outlive it.
+class SqliteReportStore : public ReportStore
+{
+public:
+    explicit SqliteReportStore(Database &database) : m_database(database) { }
+
+    void registerApplication(const Application &application) override;
+    bool isArchived(const std::string &bundleId) override;
+    bool setArchived(const std::string &bundleId, bool archived) override;
+    void addFile(const StoredFile &file) override;
+    std::optional<StoredFile> file(const std::string &id) override;
+    std::optional<std::int64_t> addReport(const NewReport &report) override;
+    std::vector<ReportSummary> reports() override;
+    std::optional<std::string> reportJson(std::int64_t id) override;
+    ReportFiles filesOf(std::int64_t reportId) override;
+
+private:
+    Database &m_database;
+};
+
+} // namespace wexel::receiver
