@@ -15,7 +15,7 @@ class Box final : public SecureCoding
 {
 public:
     QVariant content;
-    [[nodiscard]] QString className() const override { return QStringLiteral("Box"); }
+    [[nodiscard]] QString codingClassName() const override { return QStringLiteral("Box"); }
     void encodeWithCoder(Coder &coder) const override
     {
         coder.encodeObject(content, QStringLiteral("content"));

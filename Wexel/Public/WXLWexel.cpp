@@ -3,6 +3,7 @@
 #include "Business/Composition.h"
 #include "Business/Flow.h"
 #include "Business/WXLWexelPrivate.h"
+#include "Platform/Log.h"
 
 namespace wexel {
 
@@ -26,6 +27,16 @@ void WXLWexel::start()
 void WXLWexel::startWithInvocationEvents(unsigned events)
 {
     sharedInstance().d->startWithInvocationEvents(events);
+}
+
+void WXLWexel::manualStart()
+{
+    log(QStringLiteral("WXLWexel: The reporting flow is not part of this version"));
+}
+
+void WXLWexel::setBlackBoxEnabled(bool)
+{
+    log(QStringLiteral("WXLWexel: The black box is not part of this version"));
 }
 
 void WXLWexel::autoReportWithAttachScreenshot(bool attachScreenshot,

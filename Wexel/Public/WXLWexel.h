@@ -52,9 +52,10 @@ public:
     /// Starts the library: authorises with the backend, sends what earlier runs left, records the black box.
     /// \param events any combination of `WexelInvocationEvent`
     static void startWithInvocationEvents(unsigned events);
-    /// Opens the reporting flow now. Does nothing while a flow is open.
+    /// Opens the reporting flow now. Does nothing while a flow is open. This version has no flow yet: it only logs.
     static void manualStart();
-    /// Switches the black box on or off. Off also deletes what it recorded.
+    /// Switches the black box on or off. Off also deletes what it recorded. This version records nothing: it only
+    /// logs.
     static void setBlackBoxEnabled(bool enabled);
 
     /// Sends a report without any screen. Dropped while the backend has the application archived.
