@@ -1,5 +1,6 @@
 #include "API/Helpers/MultiPartForm.h"
 
+#include <QFileInfo>
 #include <QMimeDatabase>
 #include <QUuid>
 
@@ -39,7 +40,13 @@ QByteArray createBodyWithBoundary(const QString &boundary, const QMap<QString, Q
 
 QString mimeTypeForPath(const QString &path)
 {
-    return QMimeDatabase().mimeTypeForFile(path, QMimeDatabase::MatchExtension).name();
+    // By the extension alone: the database also knows names such as "Makefile".
+    const QString extension = QFileInfo(path).suffix();
+    if (extension.isEmpty())
+        return QStringLiteral("application/octet-stream");
+    return QMimeDatabase()
+        .mimeTypeForFile(QStringLiteral("file.") + extension, QMimeDatabase::MatchExtension)
+        .name();
 }
 
 } // namespace wexel::MultiPartForm
