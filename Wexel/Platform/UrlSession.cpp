@@ -53,12 +53,15 @@ bool isTransportError(QNetworkReply::NetworkError error, bool hasStatus)
         && (!hasStatus || error < firstContentError || error == QNetworkReply::ProtocolFailure);
 }
 
-void finish(QNetworkReply &reply, Task &task)
+void finish(QNetworkReply &reply, Task &task, qint64 maximumBytes)
 {
     const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
     const auto response = status.isValid() ? std::optional(UrlResponse{status.toInt()}) : std::nullopt;
     if (isTransportError(reply.error(), status.isValid()))
         task.complete({}, response, Error{UrlErrorDomain, reply.error(), reply.errorString()});
+    else if (reply.bytesAvailable() > maximumBytes)
+        task.complete({}, response,
+                      Error{UrlErrorDomain, QNetworkReply::UnknownContentError, QStringLiteral("the answer is too long")});
     else
         task.complete(reply.readAll(), response, {});
 }
@@ -76,13 +79,13 @@ public:
             m_manager = std::make_unique<QNetworkAccessManager>();
         auto *reply = m_manager->sendCustomRequest(networkRequest(request, configuration), request.method,
                                                    request.body);
-        connect(reply, &QNetworkReply::downloadProgress, reply,
-                [reply, limit = configuration.maximumAnswerBytes](qint64 received) {
-                    if (received > limit)
-                        reply->abort();
-                });
-        connect(reply, &QNetworkReply::finished, this, [reply, task] {
-            finish(*reply, *task);
+        const qint64 limit = configuration.maximumAnswerBytes;
+        connect(reply, &QNetworkReply::downloadProgress, reply, [reply, limit](qint64 received) {
+            if (received > limit)
+                reply->abort();
+        });
+        connect(reply, &QNetworkReply::finished, this, [reply, task, limit] {
+            finish(*reply, *task, limit);
             reply->deleteLater();
         });
     }
