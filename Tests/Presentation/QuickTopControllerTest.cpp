@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QQmlComponent>
-
 #include "Presentation/Helpers/HostClassName.h"
 #include "Presentation/Helpers/TopController.h"
 #include "Presentation/QuickHost.h"
@@ -33,15 +31,11 @@ protected:
 TEST_F(QuickTopControllerTest, aStackViewShowsItsCurrentItem)
 {
     EXPECT_EQ(topOf("header: ToolBar {}\n"
-                    "StackView { objectName: 'stack'; anchors.fill: parent; initialItem: MenuPage {} }"),
+                    "function order() { stack.push('CartPage.qml', {}, StackView.Immediate) }\n"
+                    "StackView { id: stack; anchors.fill: parent; initialItem: MenuPage {} }"),
               "MenuPage");
-    QQmlComponent page(&host.engine,
-                       QUrl::fromLocalFile(host.folder.filePath(QStringLiteral("CartPage.qml"))));
-    QMetaObject::invokeMethod(host.named("stack"), "push",
-                              Q_ARG(QVariant, QVariant::fromValue(page.create())), Q_ARG(QVariant, {}),
-                              Q_ARG(QVariant, 0));
-    EXPECT_TRUE(waitUntil([] { return topControllerName() == QStringLiteral("CartPage"); }))
-        << qPrintable(topControllerName());
+    QMetaObject::invokeMethod(host.window, "order");
+    EXPECT_EQ(topControllerName(), QStringLiteral("CartPage"));
 }
 
 TEST_F(QuickTopControllerTest, containersWithinContainersAreFollowed)
@@ -89,9 +83,12 @@ TEST_F(QuickTopControllerTest, theTopmostDialogLiesOverTheScreensButToolTipsAndL
     EXPECT_EQ(topOf("StackView { anchors.fill: parent; initialItem: CartPage {} }\n"
                     "PayDialog { objectName: 'dialog' }\n"
                     "Drawer { objectName: 'drawer'; width: 80; height: 400 }\n"
-                    "ComboBox { objectName: 'box'; model: ['a']; ToolTip.visible: true; ToolTip.text: 'tip'\n"
+                    "ComboBox { objectName: 'box'; model: ['a']; ToolTip { objectName: 'tip'; text: 'tip' }\n"
                     "           Component.onCompleted: popup.open() }"),
               "CartPage");
+    QMetaObject::invokeMethod(host.named("tip"), "open");
+    EXPECT_TRUE(waitUntil([this] { return host.named("tip")->property("opened").toBool(); }));
+    EXPECT_EQ(topControllerName(), QStringLiteral("CartPage"));
     QMetaObject::invokeMethod(host.named("dialog"), "open");
     EXPECT_TRUE(waitUntil([] { return topControllerName() == QStringLiteral("PayDialog"); }))
         << qPrintable(topControllerName());

@@ -35,6 +35,14 @@ QImage screenshot()
     return WXLScreenshotService::sharedInstance().takeScreenshot();
 }
 
+// The colour at a place on the stage, whatever the device pixel ratio.
+QColor colourAt(int x, int y)
+{
+    const QImage image = screenshot();
+    const qreal ratio = image.devicePixelRatio();
+    return image.pixelColor(QPointF(x * ratio, y * ratio).toPoint());
+}
+
 } // namespace
 
 TEST(ScreenshotServiceTest, withoutAWindowThereIsNothing)
@@ -54,12 +62,11 @@ TEST(ScreenshotServiceTest, windowsLieInOrderAtTheirPlacesOnTheStage)
     dialog.show();
     window.show();
     menu.show();
-    const QImage image = screenshot();
-    EXPECT_EQ(image.size(), QSize(300, 200));
-    EXPECT_EQ(image.pixelColor(10, 10), QColor(Qt::red));
-    EXPECT_EQ(image.pixelColor(55, 25), QColor(Qt::green));
-    EXPECT_EQ(image.pixelColor(105, 55), QColor(Qt::blue));
-    EXPECT_EQ(image.pixelColor(160, 60), QColor(Qt::red));
+    EXPECT_EQ(screenshot().size(), QSize(300, 200) * window.devicePixelRatio());
+    EXPECT_EQ(colourAt(10, 10), QColor(Qt::red));
+    EXPECT_EQ(colourAt(55, 25), QColor(Qt::green));
+    EXPECT_EQ(colourAt(105, 55), QColor(Qt::blue));
+    EXPECT_EQ(colourAt(160, 60), QColor(Qt::red));
     EXPECT_EQ(hostMainWindow(), window.windowHandle());
 }
 
@@ -78,7 +85,7 @@ TEST(ScreenshotServiceTest, theLibrarysClickableWindowsAreLeftOutAndAreNeverTheS
     banner.setGeometry(0, 0, 100, 20);
     banner.show();
     button.activateWindow();
-    EXPECT_EQ(screenshot().pixelColor(5, 5), QColor(Qt::red));
+    EXPECT_EQ(colourAt(5, 5), QColor(Qt::red));
     EXPECT_EQ(hostKeyWindow(), window.windowHandle());
 }
 
@@ -89,16 +96,16 @@ TEST(ScreenshotServiceTest, quickWindowsShowTheirScenesAndOpenPopups)
         "ApplicationWindow { width: 200; height: 100; visible: true; color: 'red'\n"
         "  Popup { objectName: 'popup'; x: 100; y: 50; width: 40; height: 40; enter: Transition {}\n"
         "          background: Rectangle { color: 'lime' } } }");
-    EXPECT_EQ(screenshot().pixelColor(120, 70), QColor(Qt::red));
+    EXPECT_EQ(colourAt(120, 70), QColor(Qt::red));
     QMetaObject::invokeMethod(host.named("popup"), "open");
-    EXPECT_TRUE(waitUntil([] { return screenshot().pixelColor(120, 70) == QColor(Qt::green); }));
+    EXPECT_TRUE(waitUntil([] { return colourAt(120, 70) == QColor(Qt::green); }));
     ColouredWidget cover(Qt::blue, nullptr, Qt::Tool); // a tool window of Qt Widgets over the Qt Quick window
     cover.setGeometry(window->x(), window->y(), 20, 20);
     cover.show();
-    EXPECT_EQ(screenshot().pixelColor(5, 5), QColor(Qt::blue));
-    EXPECT_EQ(screenshot().pixelColor(50, 50), QColor(Qt::red));
+    EXPECT_EQ(colourAt(5, 5), QColor(Qt::blue));
+    EXPECT_EQ(colourAt(50, 50), QColor(Qt::red));
     window->showMinimized();
-    EXPECT_EQ(screenshot().pixelColor(50, 50), QColor(Qt::red));
+    EXPECT_EQ(colourAt(50, 50), QColor(Qt::red));
     window->hide();
     cover.hide();
     EXPECT_TRUE(screenshot().isNull());
@@ -113,8 +120,8 @@ TEST(ScreenshotServiceTest, aQuickWindowInsideAWidgetIsDrawn)
     QWidget *container = QWidget::createWindowContainer(host.window, &window);
     container->setGeometry(100, 0, 100, 100);
     window.show();
-    EXPECT_TRUE(waitUntil([] { return screenshot().pixelColor(150, 50) == QColor(Qt::green); }));
-    EXPECT_EQ(screenshot().pixelColor(50, 50), QColor(Qt::red));
+    EXPECT_TRUE(waitUntil([] { return colourAt(150, 50) == QColor(Qt::green); }));
+    EXPECT_EQ(colourAt(50, 50), QColor(Qt::red));
 }
 
 TEST(ScreenshotServiceTest, jpegPutsTransparencyOnWhite)
