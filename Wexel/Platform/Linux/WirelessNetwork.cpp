@@ -12,11 +12,9 @@
 
 #include "Platform/Linux/KernelFile.h"
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 
 constexpr uint lte = 1U << 14U;
 constexpr uint newRadio = 1U << 15U;
@@ -136,8 +134,7 @@ std::optional<QString> WirelessNetwork::radioTechnology() const
         const QVariantMap modem = interfaces.value(prefix + QStringLiteral(".Modem"));
         if (modem.value(QStringLiteral("State")).toInt() < modemIsRegistered)
             continue;
-        if (const auto name
-            = radioAccessTechnology(modem.value(QStringLiteral("AccessTechnologies")).toUInt()))
+        if (auto name = radioAccessTechnology(modem.value(QStringLiteral("AccessTechnologies")).toUInt()))
             return name;
     }
     return std::nullopt;
