@@ -20,7 +20,7 @@ public:
 
     /// The last reading; absent without a sensor or before its first reading. The first call starts the
     /// sensor.
-    [[nodiscard]] std::optional<int> read();
+    std::optional<int> read();
 
 private:
     static constexpr int noReading = -1;

@@ -176,7 +176,7 @@ QVariant PropertyListReader::readScalar()
         return {};
     }
     const QString text = readText();
-    const QVariant value = type->convert(text);
+    QVariant value = type->convert(text);
     if (!value.isValid())
         fail(QStringLiteral("expected %1, found \"%2\"").arg(QLatin1String(type->expected), text.left(40)));
     return value;

@@ -34,7 +34,8 @@ std::optional<QVariantList> BusService::send(const QString &service, const QStri
                                              const QString &interface, const QString &method,
                                              const QVariantList &arguments)
 {
-    if (m_isSilent || !m_connection.isConnected())
+    const bool isPath = path.startsWith(u'/'); // it may come from an answer of the wrong type
+    if (m_isSilent || !isPath || !m_connection.isConnected())
         return std::nullopt;
     QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
     message.setArguments(arguments);

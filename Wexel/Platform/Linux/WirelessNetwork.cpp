@@ -134,8 +134,7 @@ std::optional<QString> WirelessNetwork::radioTechnology() const
         const QVariantMap modem = interfaces.value(prefix + QStringLiteral(".Modem"));
         if (modem.value(QStringLiteral("State")).toInt() < modemIsRegistered)
             continue;
-        if (const auto name
-            = radioAccessTechnology(modem.value(QStringLiteral("AccessTechnologies")).toUInt()))
+        if (auto name = radioAccessTechnology(modem.value(QStringLiteral("AccessTechnologies")).toUInt()))
             return name;
     }
     return std::nullopt;

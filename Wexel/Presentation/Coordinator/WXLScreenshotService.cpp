@@ -18,18 +18,26 @@ QPoint positionOnStage(const QWindow *window, const QWindow *stage)
     return window->mapToGlobal(QPoint()) - stage->mapToGlobal(QPoint());
 }
 
+// Qt's software renderer does not tell the ratio of its picture.
+QImage pictureOf(QQuickWindow *window)
+{
+    QImage picture = window->grabWindow();
+    picture.setDevicePixelRatio(window->effectiveDevicePixelRatio());
+    return picture;
+}
+
 // Windows that are neither Qt Quick's nor Qt Widgets' cannot be drawn and stay transparent.
 void drawWindow(QPainter &painter, QWindow *window, const QWindow *stage)
 {
     const QPoint position = positionOnStage(window, stage);
     if (auto *quick = qobject_cast<QQuickWindow *>(window))
-        painter.drawImage(position, quick->grabWindow());
+        painter.drawImage(position, pictureOf(quick));
     else if (auto *widget = widgetOf(window))
         painter.drawPixmap(position, widget->grab());
     // Quick windows embedded in a widget are not part of the widget's own picture.
     for (auto *child : window->findChildren<QQuickWindow *>()) {
-        if (child->isVisible() && child->parent() != nullptr && !child->isTopLevel())
-            painter.drawImage(positionOnStage(child, stage), child->grabWindow());
+        if (child->isVisible() && !child->isTopLevel())
+            painter.drawImage(positionOnStage(child, stage), pictureOf(child));
     }
 }
 

@@ -33,8 +33,7 @@ QQuickItem *lastVisibleItem(QObject *splitView)
 bool isContainer(const QObject *object)
 {
     return object->inherits("QQuickStackView") || object->inherits("QQuickSwipeView")
-        || object->inherits("QQuickStackLayout") || object->inherits("QQuickSplitView")
-        || object->inherits("QQuickLoader");
+        || object->inherits("QQuickStackLayout") || object->inherits("QQuickSplitView");
 }
 
 QObject *currentScreen(QObject *container)
@@ -43,8 +42,7 @@ QObject *currentScreen(QObject *container)
         return lastVisibleItem(container);
     if (container->inherits("QQuickStackLayout"))
         return itemAt(container, container->property("currentIndex").toInt());
-    const bool isLoader = container->inherits("QQuickLoader");
-    return container->property(isLoader ? "item" : "currentItem").value<QObject *>();
+    return container->property("currentItem").value<QObject *>();
 }
 
 // What belongs to a control is no screen: tool tips, menus, the list of a combo box.
@@ -79,7 +77,7 @@ bool fillsParent(const QQuickItem *item)
     return item->isVisible() && 2 * item->width() * item->height() >= parent->width() * parent->height();
 }
 
-// The topmost container that fills `item`; in a window also the page or the host's own type that does.
+// The topmost container that fills `item`; in a window or a loader also the page or the host's own type that does.
 QQuickItem *screenBelow(const QQuickItem *item, bool isInWindow, int depth = 0)
 {
     QList<QQuickItem *> children = item->childItems();
@@ -89,7 +87,7 @@ QQuickItem *screenBelow(const QQuickItem *item, bool isInWindow, int depth = 0)
         if (!fillsParent(child) || child->inherits("QQuickOverlay"))
             continue;
         const bool isPage = child->inherits("QQuickPage") || isHostQmlType(child->metaObject());
-        if (isContainer(child) || (isInWindow && isPage))
+        if (isContainer(child) || (isPage && (isInWindow || item->inherits("QQuickLoader"))))
             return child;
         QQuickItem *found = depth < maximumSearchDepth ? screenBelow(child, isInWindow, depth + 1) : nullptr;
         if (found != nullptr)
@@ -104,6 +102,8 @@ QObject *quickScreenInside(QObject *controller)
 {
     if (isContainer(controller))
         return currentScreen(controller);
+    if (controller->inherits("QQuickLoader"))
+        return controller->property("item").value<QObject *>();
     if (const auto *window = qobject_cast<QQuickWindow *>(controller)) {
         QObject *popup = presentedPopup(window);
         return popup != nullptr ? popup : screenBelow(window->contentItem(), true);

@@ -1,0 +1,74 @@
+#include "Platform/DeviceFacts.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include <QDir>
+#include <QProcess>
+#include <QTimeZone>
+
+#include "Platform/MovedTree.h"
+
+using namespace wexel;
+
+namespace {
+
+QString outputOf(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    EXPECT_TRUE(process.waitForFinished()) << qPrintable(program);
+    return QString::fromUtf8(process.readAll()).trimmed();
+}
+
+} // namespace
+
+TEST(DeviceFactsTest, agreeWithTheSystemsOwnTools)
+{
+    const auto facts = makeDeviceFacts();
+    EXPECT_EQ(facts->hardwareModel(), outputOf(QStringLiteral("uname"), {QStringLiteral("-m")}));
+    const QString release = outputOf(
+        QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral(". /etc/os-release; echo $VERSION_ID")});
+    EXPECT_EQ(facts->systemVersion(),
+              release.isEmpty() ? outputOf(QStringLiteral("uname"), {QStringLiteral("-r")}) : release);
+    const QTimeZone zone(facts->timeZoneName().toUtf8());
+    const int offset = zone.offsetFromUtc(QDateTime::currentDateTime());
+    EXPECT_EQ(QTime(0, 0).addSecs(qAbs(offset)).toString(QStringLiteral("hhmm")),
+              outputOf(QStringLiteral("date"), {QStringLiteral("+%z")}).mid(1));
+}
+
+TEST(DeviceFactsTest, areGatheredWithoutAnyWaiting)
+{
+    const auto start = std::chrono::steady_clock::now();
+    const auto facts = makeDeviceFacts();
+    const auto made = std::chrono::steady_clock::now();
+    Error error;
+    EXPECT_EQ(facts->permission(Permission::Contacts), PermissionState::NotGranted);
+    EXPECT_TRUE(facts->residentBytes(error) && facts->usedBytes(error) && facts->physicalBytes());
+    EXPECT_TRUE(facts->fileSystem(QDir::homePath(), error));
+    EXPECT_EQ(facts->network().name.has_value(), facts->network().type == QStringLiteral("wifi"));
+    using namespace std::chrono_literals;
+    EXPECT_LT(made - start, 50ms);
+    EXPECT_LT(std::chrono::steady_clock::now() - made, 1s);
+}
+
+TEST_F(MovedTree, theScreenIsCountedInNativePixels)
+{
+    copy(PROBE_LINKED_IN, "bin/cafe");
+    QProcessEnvironment scaled;
+    scaled.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2"));
+    EXPECT_EQ(run("bin/cafe").value(3), QStringLiteral("800x800 3"));
+    EXPECT_EQ(run("bin/cafe", {}, scaled).value(3), QStringLiteral("800x800 3"));
+    EXPECT_EQ(run("bin/cafe", {QStringLiteral("--no-gui")}).value(3), QStringLiteral("0x0 0"));
+}
+
+TEST_F(MovedTree, theLocaleIsTheUsersAndAbsentForC)
+{
+    copy(PROBE_LINKED_IN, "bin/cafe");
+    QProcessEnvironment environment;
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    EXPECT_EQ(run("bin/cafe", {}, environment).value(4), QStringLiteral("none"));
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_AT.UTF-8"));
+    EXPECT_EQ(run("bin/cafe", {}, environment).value(4), QStringLiteral("de_AT"));
+}
