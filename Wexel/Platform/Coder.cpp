@@ -1,7 +1,6 @@
 #include "Platform/KeyedArchiver.h"
 
-namespace wexel
-{
+namespace wexel {
 
 SecureCoding::~SecureCoding() = default;
 

@@ -2,11 +2,9 @@
 
 #include <algorithm>
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 constexpr qsizetype longestExcerpt = 40;
 constexpr qsizetype mostSteps = 6;
 } // namespace

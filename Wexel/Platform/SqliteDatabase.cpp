@@ -4,11 +4,9 @@
 
 #include <sqlite3.h>
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 /// How long to wait for another process's write, which takes milliseconds.
 constexpr int busyMilliseconds = 2000;
 } // namespace
@@ -107,10 +105,15 @@ bool SqliteDatabase::foundDamage() const
     return code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
 }
 
-bool SqliteDatabase::foundNoAccess() const
+bool SqliteDatabase::foundUnwritable() const
 {
     const int code = sqlite3_errcode(m_database.get());
-    return code == SQLITE_READONLY || code == SQLITE_CANTOPEN;
+    return code == SQLITE_READONLY || code == SQLITE_CANTOPEN || code == SQLITE_IOERR || code == SQLITE_FULL;
+}
+
+bool SqliteDatabase::isReadOnly() const
+{
+    return isOpen() && sqlite3_db_readonly(m_database.get(), "main") == 1;
 }
 
 bool SqliteDatabase::hasMoved() const

@@ -8,8 +8,7 @@
 #include "Platform/SqliteDatabase.h"
 #include "Platform/StoredValue.h"
 
-namespace wexel
-{
+namespace wexel {
 
 /// Changes to write together; nothing in the place of a value removes the entry.
 using StoreChanges = QMap<QString, std::optional<StoredValue>>;

@@ -7,11 +7,9 @@
 #include <QDateTime>
 #include <QtEndian>
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 
 constexpr int maximumDepth = 32;
 constexpr qsizetype worthCompressing = 256;

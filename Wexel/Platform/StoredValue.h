@@ -5,8 +5,7 @@
 #include <QByteArray>
 #include <QVariant>
 
-namespace wexel
-{
+namespace wexel {
 
 /// One value as it stands in the store's file.
 struct StoredValue {

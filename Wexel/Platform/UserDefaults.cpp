@@ -5,11 +5,9 @@
 #include "Platform/Log.h"
 #include "Platform/StoreFile.h"
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 
 /// Keeps what is not yet in the file. A value that could not be written stays here, readable, until a write
 /// succeeds.
