@@ -11,19 +11,18 @@ namespace wexel {
 
 namespace {
 
-constexpr auto applicationId = "1465403475"; // "WXLS"
+constexpr auto applicationId = "1465404499"; // "WXLS"
 constexpr auto formatVersion = "1";
 
-// Small pages and NORMAL cost the fewest bytes and no waiting for the disk but at checkpoints, see
-// Docs/store.md.
-// A new store has nothing to lose to a power cut: making it need not wait for the disk.
+// Docs/store.md has the figures behind these settings. A new store has nothing to lose to a power cut, so making it
+// does not wait for the disk.
 constexpr auto creation = "PRAGMA synchronous = OFF;"
                           "PRAGMA page_size = 1024;"
                           "PRAGMA journal_mode = WAL;"
                           "BEGIN IMMEDIATE;"
                           "CREATE TABLE IF NOT EXISTS entries"
                           " (key TEXT PRIMARY KEY, kind INTEGER NOT NULL, content BLOB NOT NULL);"
-                          "PRAGMA application_id = 1465403475;"
+                          "PRAGMA application_id = 1465404499;"
                           "PRAGMA user_version = 1;"
                           "COMMIT;"
                           "PRAGMA synchronous = NORMAL";
