@@ -2,11 +2,9 @@
 
 #include <utility>
 
-namespace wexel
-{
+namespace wexel {
 
-namespace
-{
+namespace {
 
 std::optional<double> decodeNumber(const Coder &coder, const QString &key)
 {

@@ -2,8 +2,7 @@
 
 #include "Business/WXLBlackBoxObject.h"
 
-namespace wexel
-{
+namespace wexel {
 
 inline const QString kNRMethod = QStringLiteral("nrMethodKey");
 inline const QString kNRStatusCode = QStringLiteral("nrStatusCodeKey");

@@ -2,8 +2,7 @@
 
 #include <utility>
 
-namespace wexel
-{
+namespace wexel {
 
 Network::Network(std::optional<QString> type, std::optional<QString> name, std::optional<QString> timestamp)
     : type(std::move(type))

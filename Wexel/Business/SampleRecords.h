@@ -2,8 +2,7 @@
 
 #include "Business/WXLBlackBoxObject.h"
 
-namespace wexel
-{
+namespace wexel {
 
 inline const QString kNType = QStringLiteral("nTypeKey");
 inline const QString kNName = QStringLiteral("bNameKey"); // the "b" is the persisted format

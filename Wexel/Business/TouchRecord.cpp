@@ -2,8 +2,7 @@
 
 #include <utility>
 
-namespace wexel
-{
+namespace wexel {
 
 TouchRecord::TouchRecord(std::optional<QString> className, std::optional<QString> viewController,
                          std::optional<QString> property, std::optional<QString> timestamp)

@@ -2,8 +2,7 @@
 
 #include "Business/WXLBlackBoxObject.h"
 
-namespace wexel
-{
+namespace wexel {
 
 inline const QString kTClassName = QStringLiteral("tClassNameKey");
 inline const QString kTViewController = QStringLiteral("tViewControllerKey");

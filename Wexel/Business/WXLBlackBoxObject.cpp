@@ -4,8 +4,7 @@
 #include "Business/SampleRecords.h"
 #include "Business/TouchRecord.h"
 
-namespace wexel
-{
+namespace wexel {
 
 QString WXLBlackBoxObject::className() const
 {

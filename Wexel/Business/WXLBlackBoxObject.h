@@ -2,8 +2,7 @@
 
 #include "Platform/KeyedArchiver.h"
 
-namespace wexel
-{
+namespace wexel {
 
 /// Any entry of a history. Has no fields of its own; an archive that allows this class allows its five
 /// subclasses. Records belong to one thread at a time.

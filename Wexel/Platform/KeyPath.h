@@ -5,8 +5,7 @@
 
 #include <QString>
 
-namespace wexel
-{
+namespace wexel {
 
 /// Where in a nested value a reader or writer stands, kept for its error messages. Cheap to move: the text is
 /// made only when it is asked for.

@@ -16,8 +16,7 @@
 
 #include "Platform/Error.h"
 
-namespace wexel
-{
+namespace wexel {
 
 /// An archivable object inside a QVariant, beside strings, bytes, booleans, numbers, lists and maps.
 using ArchivedObject = std::shared_ptr<SecureCoding>;

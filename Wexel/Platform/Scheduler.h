@@ -4,8 +4,7 @@
 #include <functional>
 #include <memory>
 
-namespace wexel
-{
+namespace wexel {
 
 /// A pending one-shot timer. `invalidate` may be called from any thread; called on the thread that the timer
 /// fires on, the block is certain not to run afterwards.

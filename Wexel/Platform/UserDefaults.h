@@ -9,8 +9,7 @@
 #include <QString>
 #include <QVariant>
 
-namespace wexel
-{
+namespace wexel {
 
 /// A persistent, typed store of property-list values (booleans, numbers, strings, byte buffers, dates, lists,
 /// maps) under text keys, one per host application.
