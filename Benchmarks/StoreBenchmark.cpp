@@ -12,6 +12,7 @@
 #include <memory>
 
 #include <fcntl.h>
+#include <malloc.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -299,6 +300,8 @@ void measure(const char *name, const QString &parent, bool compressed, const Mak
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
+    // Compression's work memory, given back to the system and taken again each time, would blur the comparison.
+    mallopt(M_TRIM_THRESHOLD, 64 << 20);
     if (argc != 2) {
         std::fprintf(stderr, "usage: StoreBenchmark FOLDER\n");
         return 2;

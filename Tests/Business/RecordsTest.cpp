@@ -6,8 +6,7 @@
 
 using namespace wexel;
 
-namespace
-{
+namespace {
 
 const QString time = QStringLiteral("2019-03-07T14:05:09.123+01:00");
 

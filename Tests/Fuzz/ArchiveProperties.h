@@ -3,8 +3,7 @@
 #include "Business/WXLBlackBoxObject.h"
 #include "Platform/KeyedArchiver.h"
 
-namespace wexel
-{
+namespace wexel {
 
 /// What holds for any bytes given to the archive reader. Returns the property that does not, or null.
 inline const char *brokenArchiveProperty(const QByteArray &bytes)

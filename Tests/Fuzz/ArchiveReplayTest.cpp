@@ -7,8 +7,7 @@
 
 using namespace wexel;
 
-namespace
-{
+namespace {
 
 /// Checks every file of a folder and every way to cut it short; returns how many files there were.
 int replay(const char *folder)

@@ -155,7 +155,7 @@ TEST(BrokenStore, DamagedOrForeignFileIsMovedAside)
     const QList<std::pair<QByteArray, QString>> cases{
         {QByteArray("just a text file, longer than a header of SQLite\n").repeated(40),
          QStringLiteral("not a database")},
-        {damaged, QStringLiteral("2")},
+        {damaged, QStringLiteral("Page 3")},
         {foreignFile.readAll(), QStringLiteral("another application")},
     };
     for (const auto &[content, reason] : cases) {

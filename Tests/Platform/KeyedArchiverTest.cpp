@@ -141,7 +141,9 @@ TEST(KeyedUnarchiver, RefusesWhatIsNoArchive)
 {
     const QList<std::pair<QByteArray, QString>> cases{
         {"", QStringLiteral("the archive ends at the root")},
-        {"82 01", QStringLiteral("a list longer than the archive")},
+        {"82 01", QStringLiteral("the archive ends at [1]")},
+        {"84 01", QStringLiteral("a list longer than the archive")},
+        {"81 ff", QStringLiteral("no archived value at [0]")},
         {"82 19 01", QStringLiteral("at [0]")},
         {"83 01 19 0102", QStringLiteral("the archive ends at [2]")},
         {"01 02", QStringLiteral("1 bytes after the archive")},

@@ -27,6 +27,14 @@ private:
     void writeList(const QVariantList &list);
     void writeMap(const QVariantMap &map);
     void writeObject(const SecureCoding &object);
+    /// Counts the elements; an archive that outgrows the limit is not written on, as it will be refused.
+    template <typename Container>
+    void limit(Container &kept)
+    {
+        m_elements += kept.size();
+        if (!withinLimits())
+            kept.clear();
+    }
 
     QCborStreamWriter m_out;
     KeyPath m_path;
@@ -115,9 +123,9 @@ void ArchiveWriter::writeList(const QVariantList &list)
             kept.append(list.at(i));
         m_path.leave();
     }
-    m_elements += kept.size();
+    limit(kept);
     m_out.startArray(static_cast<quint64>(kept.size()));
-    for (qsizetype i = 0; i < kept.size() && withinLimits(); ++i) {
+    for (qsizetype i = 0; i < kept.size(); ++i) {
         m_path.enter(i);
         write(kept.at(i));
         m_path.leave();
@@ -134,9 +142,9 @@ void ArchiveWriter::writeMap(const QVariantMap &map)
             kept.remove(entry.key());
         m_path.leave();
     }
-    m_elements += kept.size();
+    limit(kept);
     m_out.startMap(static_cast<quint64>(kept.size()));
-    for (auto entry = kept.cbegin(); entry != kept.cend() && withinLimits(); ++entry) {
+    for (auto entry = kept.cbegin(); entry != kept.cend(); ++entry) {
         m_path.enter(entry.key());
         m_out.append(QStringView(entry.key()));
         write(entry.value());

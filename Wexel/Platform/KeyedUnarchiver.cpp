@@ -48,13 +48,18 @@ private:
     template <typename T>
     T take(T value);
     bool stringFits();
-    std::optional<qsizetype> enterContainer(QCborStreamReader::Type type, const char *name,
+    std::optional<qsizetype> enterContainer(QCborStreamReader::Type expected, const char *name,
                                             int itemsPerElement);
     bool leaveContainer();
     std::nullopt_t fail(ArchiveErrorCode code, const QString &what);
     std::nullopt_t corrupt(const QString &what);
     QVariant notAllowed(const QString &what);
 
+    /// After an error the reader's own type is that of an earlier value.
+    [[nodiscard]] QCborStreamReader::Type type()
+    {
+        return m_in.lastError() == QCborError::NoError ? m_in.type() : QCborStreamReader::Invalid;
+    }
     [[nodiscard]] qsizetype remaining() const { return m_size - m_in.currentOffset(); }
 
     const AllowedClasses &m_allowed;
@@ -97,7 +102,7 @@ QVariant ArchiveReader::readRoot()
 
 QVariant ArchiveReader::readValue()
 {
-    switch (m_in.type()) {
+    switch (type()) {
     case QCborStreamReader::UnsignedInteger: {
         const quint64 number = m_in.toUnsignedInteger();
         const bool isSigned = number <= quint64(std::numeric_limits<qint64>::max());
@@ -130,7 +135,8 @@ QVariant ArchiveReader::readValue()
     case QCborStreamReader::Tag:
         return readObject();
     default:
-        corrupt(remaining() > 0 ? QStringLiteral("no archived value") : QStringLiteral("the archive ends"));
+        corrupt(m_in.lastError() == QCborError::EndOfFile ? QStringLiteral("the archive ends")
+                                                          : QStringLiteral("no archived value"));
         return {};
     }
 }
@@ -193,11 +199,11 @@ QVariant ArchiveReader::readBytes()
     return bytes.data;
 }
 
-std::optional<qsizetype> ArchiveReader::enterContainer(QCborStreamReader::Type type, const char *name,
+std::optional<qsizetype> ArchiveReader::enterContainer(QCborStreamReader::Type expected, const char *name,
                                                        int itemsPerElement)
 {
     const QLatin1String container(name);
-    if (m_in.type() != type || !m_in.isLengthKnown())
+    if (type() != expected || !m_in.isLengthKnown())
         return corrupt(QStringLiteral("not %1 of known length").arg(container));
     if (m_path.depth() >= KeyedUnarchiver::maximumDepth)
         return fail(ArchiveErrorTooLarge, QStringLiteral("more than %1 levels").arg(m_path.depth()));
@@ -248,7 +254,7 @@ std::optional<QVariantMap> ArchiveReader::readMap()
 
 std::optional<QString> ArchiveReader::readKey(const QVariantMap &known)
 {
-    if (!m_in.isString())
+    if (type() != QCborStreamReader::String)
         return corrupt(QStringLiteral("a map key that is not a text"));
     std::optional<QString> key = readText();
     if (key && known.contains(*key))
@@ -266,7 +272,7 @@ QVariant ArchiveReader::readObject()
     const std::optional<qsizetype> parts = enterContainer(QCborStreamReader::Array, "an object", 1);
     if (m_error)
         return {};
-    if (*parts != 2 || !m_in.isString()) {
+    if (*parts != 2 || type() != QCborStreamReader::String) {
         corrupt(QStringLiteral("an object that is not a class name and fields"));
         return {};
     }

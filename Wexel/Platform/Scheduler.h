@@ -4,11 +4,10 @@
 #include <functional>
 #include <memory>
 
-namespace wexel
-{
+namespace wexel {
 
-/// A pending one-shot timer. `invalidate` may be called from any thread; called on the thread that the timer
-/// fires on, the block is certain not to run afterwards.
+/// A pending one-shot timer. `invalidate` may be called from any thread; called on the thread that the timer fires
+/// on, the block is certain not to run afterwards.
 class Timer
 {
 public:
@@ -16,8 +15,8 @@ public:
     virtual void invalidate() = 0;
 };
 
-/// Runs blocks on the main thread, now or later. Thread-safe. Once the application object is going away
-/// blocks are dropped, and `performAndWait` returns without having run its block.
+/// Runs blocks on the main thread, now or later. Thread-safe. Once the application object is going away blocks are
+/// dropped, and `performAndWait` returns without having run its block.
 class Scheduler
 {
 public:

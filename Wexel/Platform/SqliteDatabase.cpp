@@ -105,10 +105,15 @@ bool SqliteDatabase::foundDamage() const
     return code == SQLITE_CORRUPT || code == SQLITE_NOTADB;
 }
 
-bool SqliteDatabase::foundNoAccess() const
+bool SqliteDatabase::foundUnwritable() const
 {
     const int code = sqlite3_errcode(m_database.get());
-    return code == SQLITE_READONLY || code == SQLITE_CANTOPEN;
+    return code == SQLITE_READONLY || code == SQLITE_CANTOPEN || code == SQLITE_IOERR || code == SQLITE_FULL;
+}
+
+bool SqliteDatabase::isReadOnly() const
+{
+    return isOpen() && sqlite3_db_readonly(m_database.get(), "main") == 1;
 }
 
 bool SqliteDatabase::hasMoved() const

@@ -51,6 +51,8 @@ public:
     [[nodiscard]] bool isOpen() const { return m_database != nullptr; }
 
     [[nodiscard]] bool execute(const char *sql);
+    /// Ends a transaction that failed; a failure may have ended it already.
+    void rollBack() { static_cast<void>(execute("ROLLBACK")); }
     /// First column of the first row.
     [[nodiscard]] std::optional<QByteArray> firstValue(const char *sql);
     [[nodiscard]] SqliteStatement prepare(const char *sql);
@@ -59,8 +61,10 @@ public:
     [[nodiscard]] QString errorText() const;
     /// True when the last failure says that the file is damaged or no database at all.
     [[nodiscard]] bool foundDamage() const;
-    /// True when the last failure says that a file cannot be written or made.
-    [[nodiscard]] bool foundNoAccess() const;
+    /// True when the last failure says that a file cannot be written or made, or that the disk is full.
+    [[nodiscard]] bool foundUnwritable() const;
+    /// True when the open file was opened for reading only.
+    [[nodiscard]] bool isReadOnly() const;
     /// True when the open file no longer has the name it was opened under.
     [[nodiscard]] bool hasMoved() const;
     /// Closes without a trace on disk, where `close` would tidy up files that now belong to another database.
