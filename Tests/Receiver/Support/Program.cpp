@@ -37,6 +37,7 @@ Program::Program(const std::vector<std::string> &command, Output output)
         ::dup2(ends[1], STDOUT_FILENO);
         if (output == Output::Both)
             ::dup2(ends[1], STDERR_FILENO);
+        ::setenv("TSAN_OPTIONS", "suppressions=" WEXEL_TSAN_SUPPRESSIONS, 0);
         ::execvp(arguments[0], arguments.data());
         ::_exit(127);
     }
