@@ -1,6 +1,6 @@
 #include "Support/TestReceiver.h"
 
-#include <atomic>
+#include <array>
 #include <map>
 #include <mutex>
 #include <thread>
@@ -41,9 +41,9 @@ TEST_F(DurabilityTest, KeepsEveryAnsweredReportWhenKilled)
 {
     for (int round = 1; round <= 3; ++round) {
         start();
-        std::vector<std::thread> senders;
+        std::array<std::thread, 4> senders;
         for (int i = 0; i < 4; ++i)
-            senders.emplace_back([this, sender = round * 10 + i] { sendUntilKilled(sender); });
+            senders.at(i) = std::thread([this, sender = round * 10 + i] { sendUntilKilled(sender); });
         while (answeredCount() < static_cast<std::size_t>(round) * 25)
             std::this_thread::yield();
         receiver->kill();

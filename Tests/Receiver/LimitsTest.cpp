@@ -2,6 +2,7 @@
 
 #include <Poco/Net/NetException.h>
 
+#include <atomic>
 #include <thread>
 
 namespace {
@@ -90,6 +91,7 @@ TEST_F(LimitsTest, ServesManyClientsAtOnce)
     start();
     std::atomic<int> sent = 0;
     std::vector<std::thread> threads;
+    threads.reserve(16);
     for (int i = 0; i < 16; ++i) {
         threads.emplace_back([&, i] {
             Client client = receiver->client();
