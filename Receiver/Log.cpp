@@ -48,8 +48,11 @@ void logEvent(std::string_view event, std::initializer_list<std::pair<std::strin
 {
     std::string line = "time=" + Poco::DateTimeFormatter::format(Poco::Timestamp(), "%Y-%m-%dT%H:%M:%S.%iZ")
         + " event=" + std::string(event);
-    for (const auto &[key, text] : fields)
+    for (const auto &[key, text] : fields) {
+        if (text.empty())
+            continue;
         line += ' ' + std::string(key) + '=' + value(text);
+    }
     line += '\n';
     // One write per line keeps the lines of several threads apart; a log that can't be written must not stop the service.
     [[maybe_unused]] const auto written = ::write(STDERR_FILENO, line.data(), line.size());

@@ -20,15 +20,16 @@ class AddressPicker : public Poco::JSON::Handler
 {
 public:
     ReportDocument document;
+    bool isObject = false; ///< the outermost value is one
 
     void reset() override { }
-    void startObject() override { ++m_depth; }
-    void endObject() override { --m_depth; }
-    void startArray() override
+    void startObject() override
     {
-        if (m_depth++ == 0)
-            fail("The report must be a JSON object, not an array");
+        isObject = isObject || m_depth == 0;
+        ++m_depth;
     }
+    void endObject() override { --m_depth; }
+    void startArray() override { ++m_depth; }
     void endArray() override { --m_depth; }
     void key(const std::string &key) override { (m_depth == 1 ? m_outerKey : m_innerKey) = key; }
     void value(const std::string &text) override
@@ -63,6 +64,8 @@ ReportDocument readReportDocument(const std::string &json)
     } catch (const Poco::Exception &error) {
         fail("The report is not valid JSON: " + error.message());
     }
+    if (!picker->isObject)
+        fail("The report must be a JSON object");
     return picker->document;
 }
 

@@ -3,6 +3,8 @@
 #include "Log.h"
 #include "Server.h"
 
+#include <Poco/Crypto/OpenSSLInitializer.h>
+
 #include <csignal>
 #include <iostream>
 
@@ -41,6 +43,9 @@ int serve(const Options &options)
 {
     const sigset_t signals = blockEndSignals();
     ignoreSignals();
+    // Each digest holds one of these; were the last of them let go by one thread while another takes one, OpenSSL would be
+    // torn down under it.
+    const Poco::Crypto::OpenSSLInitializer openSsl;
     DataFolder data(options.data, DataFolder::Access::Serve);
     Server server(options, data);
     logEvent("started", {{"url", server.url()}, {"data", options.data.string()}});

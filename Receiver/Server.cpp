@@ -14,6 +14,8 @@
 #include <Poco/Net/TCPServer.h>
 #include <Poco/ThreadPool.h>
 
+#include <limits>
+
 namespace wexel::receiver {
 
 using Poco::Net::Context;
@@ -30,7 +32,7 @@ constexpr int idleSeconds = 15;
 constexpr std::chrono::seconds stopGrace{10};
 const std::string filesPath = "api/1.0/files";
 
-ServerSocket openSecureSocket(const Options &options, const SocketAddress &address)
+ServerSocket secureSocket(const Options &options)
 {
     Poco::Net::initializeSSL();
     Context::Params parameters;
@@ -39,15 +41,17 @@ ServerSocket openSecureSocket(const Options &options, const SocketAddress &addre
     parameters.verificationMode = Context::VERIFY_NONE; // clients prove themselves by their token
     Context::Ptr context = new Context(Context::TLS_SERVER_USE, parameters);
     context->requireMinimumProtocol(Context::PROTO_TLSV1_2);
-    context->enableSessionCache();
-    return Poco::Net::SecureServerSocket(address, listenBacklog, context);
+    return Poco::Net::SecureServerSocket(context);
 }
 
 ServerSocket openSocket(const Options &options)
 {
     try {
-        const SocketAddress address(options.listenHost, options.listenPort);
-        return options.usesTls() ? openSecureSocket(options, address) : ServerSocket(address, listenBacklog);
+        ServerSocket socket = options.usesTls() ? secureSocket(options) : ServerSocket();
+        // Not the constructor that binds: it shares the port with whoever listens on it already.
+        socket.bind(SocketAddress(options.listenHost, options.listenPort), true, false);
+        socket.listen(listenBacklog);
+        return socket;
     } catch (const Poco::Exception &error) {
         throw std::runtime_error("Can't listen on " + options.listenHost + " port "
                                  + std::to_string(options.listenPort) + ": " + error.displayText());
@@ -130,6 +134,7 @@ std::string Server::url() const
 void Server::stop()
 {
     m_parts->server.stop();
+    m_parts->socket.close();
     m_parts->watchdog.stop(stopGrace);
     m_parts->threads.joinAll();
 }

@@ -20,6 +20,8 @@ namespace {
 /// For how long a body that nobody wants is read, so that its sender gets to see the answer.
 constexpr std::chrono::seconds lingerTime{5};
 
+constexpr const char *tooSlow = "The request took too long to arrive";
+
 /// How much longer than to arrive a request may take to be answered: a large file to a slow reader.
 constexpr int answerTimeFactor = 10;
 
@@ -84,10 +86,11 @@ bool Connection::serveRequest(HTTPServerSession &session, Watchdog::Watch &watch
     } catch (const Poco::Net::MessageException &) {
     }
     const Answer answer = watch.expired()
-        ? errorAnswer(Status::HTTP_REQUEST_TIMEOUT, "The request took too long to arrive")
+        ? errorAnswer(Status::HTTP_REQUEST_TIMEOUT, tooSlow)
         : errorAnswer(Status::HTTP_BAD_REQUEST, "This is not an HTTP request");
     logEvent("request_refused", {{"peer", m_peer}, {"status", std::to_string(answer.status)}});
     HTTPServerResponseImpl response(session);
+    response.setVersion(Poco::Net::HTTPMessage::HTTP_1_1);
     response.setKeepAlive(false);
     send(response, answer, watch);
     return false;
@@ -101,6 +104,9 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
     std::optional<RequestBody> body;
     Answer answer;
     try {
+        // The header of a slow request may have been cut short, so it is not to be trusted.
+        if (watch.expired())
+            throw HttpError(Status::HTTP_REQUEST_TIMEOUT, tooSlow);
         body.emplace(request, response, watch);
         answer = answerTo(request, *body, watch);
     } catch (const HttpError &error) {
@@ -124,9 +130,6 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
 Answer Connection::answerTo(const HTTPServerRequestImpl &request, RequestBody &body,
                             const Watchdog::Watch &watch) const
 {
-    // The header of a slow request may have been cut short, so it is not to be trusted.
-    if (watch.expired())
-        return errorAnswer(Status::HTTP_REQUEST_TIMEOUT, "The request took too long to arrive");
     if (watch.number() <= m_service.maximumConnections)
         return m_service.router.answer(request, body);
     Answer answer = errorAnswer(Status::HTTP_SERVICE_UNAVAILABLE,

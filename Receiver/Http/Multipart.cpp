@@ -100,7 +100,7 @@ std::string Multipart::readHeader()
     for (;;) {
         const std::size_t end = m_buffer.find("\r\n\r\n", m_position);
         if (end != m_buffer.npos) {
-            const std::string header = m_buffer.substr(m_position, end - m_position);
+            std::string header = m_buffer.substr(m_position, end - m_position);
             m_position = end + 4;
             return header;
         }

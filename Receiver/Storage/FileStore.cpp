@@ -97,7 +97,7 @@ std::string IncomingFile::publish()
 {
     if (::fsync(m_descriptor) != 0)
         fail("Can't sync " + m_path.string(), errno);
-    const std::string sha256 = Poco::DigestEngine::digestToHex(m_digest.digest());
+    std::string sha256 = Poco::DigestEngine::digestToHex(m_digest.digest());
     const fs::path target = m_store.pathOf(sha256);
     makeFolder(target.parent_path());
     // The same content may be there already: replacing it by its equal is harmless and needs no lock.

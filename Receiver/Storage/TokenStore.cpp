@@ -11,7 +11,7 @@ using Poco::Data::Session;
 
 std::string TokenStore::issue(const std::string &client, int lifetime, std::int64_t now)
 {
-    const std::string token = randomId() + randomId();
+    std::string token = randomId() + randomId();
     m_database.write([&](Session &session) {
         session << "DELETE FROM tokens WHERE expires <= ?", bind(now), Poco::Data::Keywords::now;
         session << "INSERT INTO tokens (digest, client, expires) VALUES (?, ?, ?)", bind(sha256(token)),

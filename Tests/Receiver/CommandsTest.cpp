@@ -1,0 +1,86 @@
+#include "Support/TestReceiver.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::HasSubstr;
+
+class CommandsTest : public ReceiverTest
+{
+};
+
+TEST_F(CommandsTest, ExplainsWrongOptions)
+{
+    const auto complaint = [&](std::vector<std::string> arguments) {
+        const Result result = runReceiver(std::move(arguments));
+        EXPECT_EQ(result.code, 2) << result.output;
+        return result.output;
+    };
+    const std::string folderName = data.string();
+    EXPECT_THAT(complaint({}), HasSubstr("--data"));
+    EXPECT_THAT(complaint({"--data", folderName}), HasSubstr("--client ID:SECRET"));
+    EXPECT_THAT(complaint({"--data", folderName, "--client", "nosecret"}), HasSubstr("ID:SECRET"));
+    EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--client", "a:c"}), HasSubstr("twice"));
+    EXPECT_THAT(complaint({"--nonsense"}), HasSubstr("nonsense"));
+    EXPECT_THAT(complaint({"dance", "--data", folderName}), HasSubstr("dance"));
+    EXPECT_THAT(complaint({"archive", "--data", folderName}), HasSubstr("BUNDLE_ID"));
+    EXPECT_THAT(complaint({"archive", "../x", "--data", folderName}), HasSubstr("bundle id"));
+    EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--listen", "here"}),
+                HasSubstr("HOST:PORT"));
+    EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--listen", "::1:x"}),
+                HasSubstr("number"));
+    EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--request-timeout", "0"}),
+                HasSubstr("1 to"));
+    EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--tls-cert", "x"}),
+                HasSubstr("--tls-key"));
+    EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--public-url", "ftp://x"}),
+                HasSubstr("--public-url"));
+    const auto branding = folder.path() / "branding.json";
+    writeFile(branding, R"({"text_color":"#fff"})");
+    EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--white-labeling", branding.string()}),
+                HasSubstr("\"background\""));
+    EXPECT_FALSE(std::filesystem::exists(data));
+    EXPECT_EQ(runReceiver({"--help"}).code, 0);
+    EXPECT_THAT(runReceiver({"--version"}).output, HasSubstr("wexel-receiver 1."));
+}
+
+TEST_F(CommandsTest, ExplainsUnusableFolders)
+{
+    const auto file = folder.path() / "file";
+    writeFile(file, "");
+    const Result notAFolder = runReceiver({"--data", file.string(), "--client", "a:b"});
+    EXPECT_EQ(notAFolder.code, 1);
+    EXPECT_THAT(notAFolder.output, HasSubstr(file.string()));
+    EXPECT_THAT(runReceiver({"reports", "--data", data.string()}).output,
+                HasSubstr("no wexel-receiver has served it"));
+    EXPECT_FALSE(std::filesystem::exists(data));
+
+    start();
+    EXPECT_EQ(std::filesystem::status(data).permissions(), std::filesystem::perms::owner_all);
+    const Result second
+        = runReceiver({"--data", data.string(), "--client", "a:b", "--listen", "127.0.0.1:0"});
+    EXPECT_EQ(second.code, 1);
+    EXPECT_THAT(second.output, HasSubstr("another wexel-receiver"));
+    const std::string address = "127.0.0.1:" + std::to_string(receiver->url().getPort());
+    const Result taken = runReceiver({"--data", data.string() + "2", "--client", "a:b", "--listen", address});
+    EXPECT_EQ(taken.code, 1);
+    EXPECT_THAT(taken.output, HasSubstr("Can't listen"));
+}
+
+TEST_F(CommandsTest, ListsReportsAsATable)
+{
+    writeFile(folder.path() / "clients", "# the beta\n\nbeta:two\r\n");
+    start({"--clients", (folder.path() / "clients").string()});
+    Client client = receiver->stranger();
+    client.authenticate("grant_type=client_credentials&client_id=beta&client_secret=two");
+    const std::string url = client.upload("a", "12345").text("url");
+    client.sendReport("{\"screenshot_url\":\"" + url + "\",\"files\":[{\"url\":\"http://elsewhere/x\"}]}");
+    client.sendReport("{}", "org.example.%C3%A9");
+    const Result table = runReceiver({"reports", "--data", data.string()});
+    EXPECT_EQ(table.code, 0);
+    EXPECT_THAT(table.output, testing::ContainsRegex("1 .*Z +5 +0 +org.example.app\n"));
+    EXPECT_THAT(table.output, HasSubstr("org.example.\\xC3\\xA9\n"));
+}
+
+} // namespace

@@ -1,0 +1,114 @@
+#include "Support/TestReceiver.h"
+
+#include <array>
+#include <map>
+#include <mutex>
+#include <thread>
+
+namespace {
+
+class DurabilityTest : public ReceiverTest
+{
+protected:
+    /// Sends reports with a file each until the receiver is gone. Keeps what was answered.
+    void sendUntilKilled(int sender)
+    {
+        try {
+            Client client = receiver->client();
+            for (int i = 0;; ++i) {
+                const std::string bytes
+                    = std::to_string(sender) + "/" + std::to_string(i) + std::string(50000, 'x');
+                const std::string url = client.upload("a", bytes).text("url");
+                const Reply reply = client.sendReport("{\"screenshot_url\":\"" + url + "\"}");
+                const std::lock_guard lock(mutex);
+                answered[reply.json()->getValue<int>("id")] = bytes;
+            }
+        } catch (const Poco::Exception &) { // The receiver was killed.
+        }
+    }
+
+    std::size_t answeredCount()
+    {
+        const std::lock_guard lock(mutex);
+        return answered.size();
+    }
+
+    std::mutex mutex;
+    std::map<int, std::string> answered; ///< the screenshot's bytes by the report's id; guarded by mutex
+};
+
+TEST_F(DurabilityTest, KeepsEveryAnsweredReportWhenKilled)
+{
+    for (int round = 1; round <= 3; ++round) {
+        start();
+        std::array<std::thread, 4> senders;
+        for (int i = 0; i < 4; ++i)
+            senders.at(i) = std::thread([this, sender = round * 10 + i] { sendUntilKilled(sender); });
+        while (answeredCount() < static_cast<std::size_t>(round) * 25)
+            std::this_thread::yield();
+        receiver->kill();
+        for (std::thread &sender : senders)
+            sender.join();
+        receiver.reset();
+    }
+    writeFile(data / "incoming" / "leftover", "half a file");
+    start();
+    EXPECT_TRUE(std::filesystem::is_empty(data / "incoming"));
+    const auto reports = receiver->reports();
+    for (unsigned i = 0; i < reports->size(); ++i) {
+        const auto report = reports->getObject(i);
+        const auto expected = answered.find(report->getValue<int>("id"));
+        if (expected == answered.end())
+            continue; // stored, but killed before the answer
+        EXPECT_EQ(readFile(report->getObject("screenshot")->getValue<std::string>("path")), expected->second);
+        answered.erase(expected);
+    }
+    EXPECT_TRUE(answered.empty()) << answered.size() << " answered reports are lost";
+}
+
+TEST_F(DurabilityTest, TokensOutliveARestart)
+{
+    start();
+    const std::string token = receiver->client().token;
+    receiver->kill();
+    start();
+    Client client = receiver->stranger();
+    client.token = token;
+    EXPECT_EQ(client.sendReport("{}").status, 200);
+}
+
+TEST_F(DurabilityTest, AFullDiskLosesNothing)
+{
+    // No file may grow beyond 1 MiB (2048 blocks), which is what a full disk looks like to a large upload.
+    start({}, {"/bin/sh", "-c", "ulimit -f 2048; exec \"$0\" \"$@\""});
+    Client client = receiver->client();
+    const std::string kept(100000, 'k');
+    const std::string url = client.upload("kept", kept).text("url");
+    const Reply full = client.upload("a", std::string(2000000, 'a'));
+    EXPECT_EQ(full.status, 507);
+    EXPECT_NE(full.text("error"), "");
+    const int report = client.sendReport(R"({"a":")" + std::string(2000000, 'a') + "\"}").status;
+    EXPECT_TRUE(report == 503 || report == 507) << report;
+    EXPECT_EQ(receiver->client().request("GET", Poco::URI(url).getPath()).body, kept);
+    EXPECT_EQ(receiver->client().sendReport("{}").status, 200);
+    EXPECT_TRUE(std::filesystem::is_empty(data / "incoming"));
+}
+
+TEST_F(DurabilityTest, LetsRequestsInFlightEnd)
+{
+    start();
+    Client idle = receiver->client();
+    auto socket = receiver->connect();
+    send(socket, "POST /auth/oauth2/token HTTP/1.1\r\nContent-Length: 67\r\nExpect: 100-continue\r\n\r\n");
+    char answer[25];
+    ASSERT_EQ(socket.receiveBytes(answer, sizeof answer), 25); // It reads the body now.
+    std::thread stopper([&] { EXPECT_EQ(receiver->stop(), 0); });
+    // The port closes first; then the rest of the body arrives.
+    EXPECT_THROW(while (true) receiver->connect(), Poco::Exception);
+    send(socket, credentials + "&x");
+    EXPECT_TRUE(readUntilClosed(socket).value_or("open").starts_with("HTTP/1.1 200"));
+    stopper.join();
+    receiver.reset();
+}
+
+} // namespace

@@ -1,0 +1,115 @@
+#include "Support/TestReceiver.h"
+
+#include <Poco/Net/NetException.h>
+
+#include <atomic>
+#include <thread>
+
+namespace {
+
+class LimitsTest : public ReceiverTest
+{
+};
+
+TEST_F(LimitsTest, RefusesWhatIsTooBig)
+{
+    start({"--max-file-size", "1000", "--max-report-size", "100"});
+    Client client = receiver->client();
+    EXPECT_EQ(client.upload("a", std::string(1000, 'a')).status, 200);
+    const Reply file = client.upload("a", std::string(1001, 'a'));
+    EXPECT_EQ(file.status, 413);
+    EXPECT_NE(file.text("error").find("1000"), std::string::npos);
+    EXPECT_EQ(client.upload("a", std::string(3000000, 'a')).status, 413);
+    EXPECT_EQ(client.sendReport(R"({"a":")" + std::string(92, 'a') + "\"}").status, 200);
+    const Reply report = client.sendReport(R"({"a":")" + std::string(93, 'a') + "\"}");
+    EXPECT_EQ(report.status, 413);
+    EXPECT_NE(report.text("error").find("100 bytes"), std::string::npos);
+
+    auto chunked = receiver->connect();
+    send(chunked,
+         "POST /auth/oauth2/token HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\nfffff\r\n"
+             + std::string(0xfffff, 'x') + "\r\n0\r\n\r\n");
+    EXPECT_TRUE(readUntilClosed(chunked).value_or("open").starts_with("HTTP/1.1 413"));
+    EXPECT_TRUE(std::filesystem::is_empty(data / "incoming"));
+}
+
+/// Sends a byte whenever the receiver has been silent for a while; true if it ends the connection all the same.
+bool isCutOff(Poco::Net::StreamSocket socket, const std::string &opening, std::string &answer)
+{
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    try {
+        send(socket, opening);
+        while (std::chrono::steady_clock::now() < deadline) {
+            if (!socket.poll(Poco::Timespan(0, 100000), Poco::Net::Socket::SELECT_READ)) {
+                send(socket, "x");
+                continue;
+            }
+            char block[4096];
+            const int count = socket.receiveBytes(block, sizeof block);
+            if (count <= 0)
+                return true;
+            answer.append(block, static_cast<std::size_t>(count));
+        }
+    } catch (const Poco::Exception &) { // reset by the receiver
+        return true;
+    }
+    return false;
+}
+
+TEST_F(LimitsTest, CutsOffSlowRequests)
+{
+    start({"--request-timeout", "1"});
+    std::string inHeader;
+    std::string inBody;
+    EXPECT_TRUE(isCutOff(receiver->connect(), "POST /auth/oauth2/token HTTP/1.1\r\nA: ", inHeader));
+    EXPECT_TRUE(isCutOff(receiver->connect(),
+                         "POST /auth/oauth2/token HTTP/1.1\r\nContent-Length: 9999\r\n\r\n", inBody));
+    EXPECT_TRUE(inHeader.starts_with("HTTP/1.1 408")) << inHeader;
+    EXPECT_TRUE(inBody.starts_with("HTTP/1.1 408")) << inBody;
+    EXPECT_EQ(receiver->client().sendReport("{}").status, 200);
+}
+
+TEST_F(LimitsTest, ServesNoMoreConnectionsThanAllowed)
+{
+    start({"--max-connections", "2"});
+    Client first = receiver->client();
+    std::optional<Client> second = receiver->client();
+    const Reply refused = receiver->stranger().authenticate();
+    EXPECT_EQ(refused.status, 503);
+    EXPECT_EQ(first.sendReport("{}").status, 200);
+
+    second.reset();
+    int status = 503;
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (status == 503 && std::chrono::steady_clock::now() < deadline)
+        status = receiver->stranger().authenticate().status;
+    EXPECT_EQ(status, 200);
+}
+
+TEST_F(LimitsTest, ServesManyClientsAtOnce)
+{
+    start();
+    std::atomic<int> sent = 0;
+    std::vector<std::thread> threads;
+    threads.reserve(16);
+    for (int i = 0; i < 16; ++i) {
+        threads.emplace_back([&, i] {
+            Client client = receiver->client();
+            for (int k = 0; k < 5; ++k) {
+                const std::string url
+                    = client.upload("a", std::string(100000, static_cast<char>('a' + (i + k) % 20)))
+                          .text("url");
+                sent += client.sendReport("{\"screenshot_url\":\"" + url + "\"}").status == 200 ? 1 : 0;
+            }
+        });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    EXPECT_EQ(sent, 80);
+    const auto reports = receiver->reports();
+    ASSERT_EQ(reports->size(), 80U);
+    for (unsigned i = 0; i < reports->size(); ++i)
+        EXPECT_EQ(reports->getObject(i)->getObject("screenshot")->getValue<int>("size"), 100000);
+}
+
+} // namespace
