@@ -61,7 +61,8 @@ void finish(QNetworkReply &reply, Task &task, qint64 maximumBytes)
         task.complete({}, response, Error{UrlErrorDomain, reply.error(), reply.errorString()});
     else if (reply.bytesAvailable() > maximumBytes)
         task.complete({}, response,
-                      Error{UrlErrorDomain, QNetworkReply::UnknownContentError, QStringLiteral("the answer is too long")});
+                      Error{UrlErrorDomain, QNetworkReply::UnknownContentError,
+                            QStringLiteral("the answer is too long")});
     else
         task.complete(reply.readAll(), response, {});
 }
