@@ -78,6 +78,9 @@ struct ReportAssemblyTest : testing::Test {
     FixedClock clock;
     WXLDateProvider dates{clock};
     ReportAssembly assembly{machine, world.connection, world.repository, dates, flow, world.folder.path()};
+
+    // The bundles are read once, which these tests do not want to hear of.
+    void SetUp() override { (void)assembly.setupDefaultData(); }
 };
 
 TEST_F(ReportAssemblyTest, WritesEveryFactInItsUnitAndType)
