@@ -12,8 +12,6 @@ Page {
     title: qsTr("Cart")
     background: Rectangle { color: Theme.canvas }
 
-    footer: NavigationBar { current: page.title }
-
     header: Title {
         topPadding: 28
         bottomPadding: 16
@@ -24,18 +22,16 @@ Page {
     ListView {
         id: list
         objectName: "cartLines"
-        anchors.fill: parent
-        leftMargin: page.sideMargin
-        rightMargin: page.sideMargin
+        anchors { fill: parent; leftMargin: page.sideMargin; rightMargin: page.sideMargin }
         bottomMargin: Theme.gap
         spacing: Theme.gap
         clip: true
         visible: App.cart.count > 0
         model: App.cart
         delegate: CartLine {
-            width: ListView.view.width - 2 * Theme.sideMargin(ListView.view.width)
+            width: ListView.view.width
         }
-        footer: CartSummary { width: ListView.view.width - 2 * Theme.sideMargin(ListView.view.width) }
+        footer: CartSummary { width: ListView.view.width }
         removeDisplaced: Transition { NumberAnimation { property: "y"; duration: 160; easing.type: Easing.OutCubic } }
     }
 
@@ -51,4 +47,6 @@ Page {
         action: qsTr("See the menu")
         onActed: Navigator.pageRequested("Menu")
     }
+
+    footer: NavigationBar { current: page.title }
 }

@@ -4,6 +4,7 @@ import Cafe
 
 /// The window: three main pages that replace one another, and pages that open over them.
 ApplicationWindow {
+    title: qsTr("Linden Café")
     width: 390
     height: 844
     minimumWidth: 340

@@ -13,8 +13,6 @@ Page {
     title: qsTr("Menu")
     background: Rectangle { color: Theme.canvas }
 
-    footer: NavigationBar { current: page.title }
-
     header: Column {
         topPadding: 28
         bottomPadding: 16
@@ -72,17 +70,19 @@ Page {
         GridView {
             id: grid
 
-            readonly property int columns: Math.max(2, Math.floor((width - 2 * page.sideMargin) / 210))
+            readonly property int ringRoom: 6 // the clipped view must not cut the focus ring
+            readonly property int columns: Math.max(2, Math.floor(width / 165))
 
             objectName: "items"
             Layout.fillWidth: true
             Layout.fillHeight: true
-            leftMargin: page.sideMargin
-            rightMargin: page.sideMargin - Theme.gap
+            Layout.leftMargin: page.sideMargin - ringRoom
+            Layout.rightMargin: page.sideMargin - Theme.gap
+            leftMargin: ringRoom
             topMargin: 10
             bottomMargin: 4
             clip: true
-            cellWidth: Math.floor((width - leftMargin - rightMargin) / columns)
+            cellWidth: Math.floor((width - ringRoom) / columns)
             cellHeight: 246 + Theme.gap
             model: App.menu
             delegate: Item {
@@ -138,4 +138,6 @@ Page {
         action: qsTr("Retry")
         onActed: App.menu.load()
     }
+
+    footer: NavigationBar { current: page.title }
 }

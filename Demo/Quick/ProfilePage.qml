@@ -12,8 +12,6 @@ Page {
     title: qsTr("Profile")
     background: Rectangle { color: Theme.canvas }
 
-    footer: NavigationBar { current: page.title }
-
     header: Title {
         topPadding: 28
         bottomPadding: 16
@@ -141,4 +139,6 @@ Page {
             }
         }
     }
+
+    footer: NavigationBar { current: page.title }
 }
