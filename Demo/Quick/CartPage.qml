@@ -10,6 +10,7 @@ Page {
 
     objectName: "cartPage"
     title: qsTr("Cart")
+    bottomPadding: Theme.barHeight
     background: Rectangle { color: Theme.canvas }
 
     header: Title {
@@ -48,5 +49,8 @@ Page {
         onActed: Navigator.pageRequested("Menu")
     }
 
-    footer: NavigationBar { current: page.title }
+    NavigationBar {
+        anchors { left: parent.left; right: parent.right; top: parent.bottom }
+        current: page.title
+    }
 }

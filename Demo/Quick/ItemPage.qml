@@ -19,6 +19,7 @@ Page {
 
     objectName: "itemPage"
     title: item.name
+    bottomPadding: Theme.barHeight
     background: Rectangle { color: Theme.canvas }
     Keys.onEscapePressed: Navigator.backRequested()
 
@@ -100,7 +101,9 @@ Page {
         onClicked: Navigator.backRequested()
     }
 
-    footer: ActionBar {
+    ActionBar {
+        anchors { left: parent.left; right: parent.right; top: parent.bottom }
+
         QuantityStepper {
             id: stepper
             anchors.verticalCenter: parent.verticalCenter

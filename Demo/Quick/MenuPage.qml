@@ -11,6 +11,7 @@ Page {
 
     objectName: "menuPage"
     title: qsTr("Menu")
+    bottomPadding: Theme.barHeight
     background: Rectangle { color: Theme.canvas }
 
     header: Column {
@@ -139,5 +140,8 @@ Page {
         onActed: App.menu.load()
     }
 
-    footer: NavigationBar { current: page.title }
+    NavigationBar {
+        anchors { left: parent.left; right: parent.right; top: parent.bottom }
+        current: page.title
+    }
 }

@@ -10,6 +10,7 @@ Page {
 
     objectName: "profilePage"
     title: qsTr("Profile")
+    bottomPadding: Theme.barHeight
     background: Rectangle { color: Theme.canvas }
 
     header: Title {
@@ -140,5 +141,8 @@ Page {
         }
     }
 
-    footer: NavigationBar { current: page.title }
+    NavigationBar {
+        anchors { left: parent.left; right: parent.right; top: parent.bottom }
+        current: page.title
+    }
 }
