@@ -7,7 +7,7 @@ ApplicationWindow {
     title: qsTr("Linden Café")
     width: 390
     height: 844
-    minimumWidth: 340
+    minimumWidth: 360
     minimumHeight: 560
     visible: true
     color: Theme.canvas
