@@ -29,6 +29,7 @@ wait_until() {
 launch() {
     local name=$1
     shift
+    : >"$data/$name.log" # at once, so that nobody reads the words of an earlier run
     "$@" >"$data/$name.log" 2>&1 &
     pids[$name]=$!
 }

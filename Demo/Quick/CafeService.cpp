@@ -3,8 +3,7 @@
 #include <QJsonDocument>
 #include <QNetworkReply>
 
-namespace
-{
+namespace {
 
 constexpr int timeoutMs = 10'000;
 

@@ -2,8 +2,7 @@
 
 #include <QJsonArray>
 
-namespace
-{
+namespace {
 
 QVariantMap choiceAt(const QVariant &group, int index)
 {
