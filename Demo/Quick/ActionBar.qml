@@ -18,6 +18,6 @@ Rectangle {
     Item {
         id: column
         anchors { top: parent.top; bottom: parent.bottom; horizontalCenter: parent.horizontalCenter }
-        width: Math.min(bar.width, Theme.columnWidth) - 2 * Theme.margin
+        width: bar.width - 2 * Theme.sideMargin(bar.width)
     }
 }

@@ -3,8 +3,7 @@
 #include <QJsonDocument>
 #include <QNetworkReply>
 
-namespace
-{
+namespace {
 
 constexpr int timeoutMs = 10'000;
 
@@ -36,7 +35,7 @@ void CafeService::send(const QByteArray &verb, const QString &path, const QByteA
                        const Completion &completion)
 {
     if (m_address.isEmpty()) {
-        const Answer missing{{}, tr("No menu service is set. Start the app with --menu and its address.")};
+        const Answer missing{{}, tr("No menu service is set.\nStart the app with --menu ADDRESS.")};
         QMetaObject::invokeMethod(
             context, [=] { completion(missing); }, Qt::QueuedConnection);
         return;

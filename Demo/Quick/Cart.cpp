@@ -6,8 +6,7 @@
 #include <QJsonArray>
 #include <QLoggingCategory>
 
-namespace
-{
+namespace {
 Q_LOGGING_CATEGORY(cafe, "cafe")
 } // namespace
 

@@ -10,9 +10,8 @@ Page {
 
     objectName: "cartPage"
     title: qsTr("Cart")
+    bottomPadding: Theme.barHeight
     background: Rectangle { color: Theme.canvas }
-
-    footer: NavigationBar { current: page.title }
 
     header: Title {
         topPadding: 28
@@ -24,18 +23,16 @@ Page {
     ListView {
         id: list
         objectName: "cartLines"
-        anchors.fill: parent
-        leftMargin: page.sideMargin
-        rightMargin: page.sideMargin
+        anchors { fill: parent; leftMargin: page.sideMargin; rightMargin: page.sideMargin }
         bottomMargin: Theme.gap
         spacing: Theme.gap
         clip: true
         visible: App.cart.count > 0
         model: App.cart
         delegate: CartLine {
-            width: ListView.view.width - 2 * Theme.sideMargin(ListView.view.width)
+            width: ListView.view.width
         }
-        footer: CartSummary { width: ListView.view.width - 2 * Theme.sideMargin(ListView.view.width) }
+        footer: CartSummary { width: ListView.view.width }
         removeDisplaced: Transition { NumberAnimation { property: "y"; duration: 160; easing.type: Easing.OutCubic } }
     }
 
@@ -50,5 +47,10 @@ Page {
                                           : qsTr("A flat white would be a good start.")
         action: qsTr("See the menu")
         onActed: Navigator.pageRequested("Menu")
+    }
+
+    NavigationBar {
+        anchors { left: parent.left; right: parent.right; top: parent.bottom }
+        current: page.title
     }
 }

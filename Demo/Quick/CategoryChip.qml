@@ -11,7 +11,7 @@ AbstractButton {
         clicked();
     }
 
-    implicitWidth: Math.max(48, implicitContentWidth + 32)
+    implicitWidth: Math.max(48, implicitContentWidth + 30)
     implicitHeight: 38
     checkable: true
     autoExclusive: true
@@ -24,6 +24,7 @@ AbstractButton {
 
     contentItem: Body {
         text: chip.text
+        font.pixelSize: 13
         font.bold: chip.checked
         color: chip.checked ? "white" : Theme.ink
         horizontalAlignment: Text.AlignHCenter

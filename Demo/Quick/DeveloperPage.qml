@@ -141,7 +141,7 @@ Page {
                         font.bold: true
                     }
                     Body {
-                        text: qsTr("Records the last minute of the device's state")
+                        text: qsTr("Remembers the device's last minute")
                         color: Theme.inkSoft
                         font.pixelSize: Theme.captionSize
                     }

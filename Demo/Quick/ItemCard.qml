@@ -12,7 +12,7 @@ AbstractButton {
     onClicked: Navigator.itemRequested(item)
     Accessible.role: Accessible.Button
     Accessible.name: qsTr("%1, %2").arg(item.name).arg(Theme.price(item.cents))
-    Accessible.description: item.description
+    Accessible.description: item.summary
     Accessible.onPressAction: clicked()
     Keys.onReturnPressed: clicked()
 
@@ -41,7 +41,7 @@ AbstractButton {
         }
         Body {
             anchors { left: name.left; right: name.right; top: name.bottom; topMargin: 4 }
-            text: card.item.description
+            text: card.item.summary
             color: Theme.inkSoft
             font.pixelSize: Theme.captionSize
             lineHeight: 1.15

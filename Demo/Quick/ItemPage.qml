@@ -9,7 +9,7 @@ Page {
     required property var item
     property int quantity: 1
     property var choices: new Array(item.options.length).fill(0)
-    readonly property int columnWidth: Math.min(width, Theme.columnWidth)
+    readonly property int sideMargin: Theme.sideMargin(width)
 
     function choose(group: int, choice: int): void {
         const next = choices.slice();
@@ -19,6 +19,7 @@ Page {
 
     objectName: "itemPage"
     title: item.name
+    bottomPadding: Theme.barHeight
     background: Rectangle { color: Theme.canvas }
     Keys.onEscapePressed: Navigator.backRequested()
 
@@ -43,7 +44,7 @@ Page {
             }
             Column {
                 anchors.horizontalCenter: parent.horizontalCenter
-                width: page.columnWidth - 2 * Theme.margin
+                width: parent.width - 2 * page.sideMargin
                 topPadding: 22
                 spacing: 10
 
@@ -92,7 +93,7 @@ Page {
     }
 
     IconButton {
-        x: Theme.margin - 4
+        x: page.sideMargin - 4
         y: 20
         objectName: "back"
         iconName: "back"
@@ -100,7 +101,9 @@ Page {
         onClicked: Navigator.backRequested()
     }
 
-    footer: ActionBar {
+    ActionBar {
+        anchors { left: parent.left; right: parent.right; top: parent.bottom }
+
         QuantityStepper {
             id: stepper
             anchors.verticalCenter: parent.verticalCenter

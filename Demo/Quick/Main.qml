@@ -4,9 +4,10 @@ import Cafe
 
 /// The window: three main pages that replace one another, and pages that open over them.
 ApplicationWindow {
+    title: qsTr("Linden Café")
     width: 390
     height: 844
-    minimumWidth: 340
+    minimumWidth: 360
     minimumHeight: 560
     visible: true
     color: Theme.canvas

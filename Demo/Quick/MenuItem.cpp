@@ -2,8 +2,7 @@
 
 #include <QJsonArray>
 
-namespace
-{
+namespace {
 
 QVariantMap choiceAt(const QVariant &group, int index)
 {
@@ -28,6 +27,7 @@ std::optional<MenuItem> MenuItem::fromJson(const QJsonObject &json, const QJsonO
     item.itemId = json[u"id"].toString();
     item.category = json[u"category"].toString();
     item.name = json[u"name"].toString();
+    item.summary = json[u"summary"].toString();
     item.description = json[u"description"].toString();
     item.cents = json[u"cents"].toInt(-1);
     item.picture = base.resolved(QUrl(json[u"picture"].toString()));

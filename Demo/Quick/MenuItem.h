@@ -12,6 +12,7 @@ struct MenuItem {
     Q_GADGET
     Q_PROPERTY(QString itemId MEMBER itemId)
     Q_PROPERTY(QString name MEMBER name)
+    Q_PROPERTY(QString summary MEMBER summary)
     Q_PROPERTY(QString description MEMBER description)
     Q_PROPERTY(int cents MEMBER cents)
     Q_PROPERTY(QUrl picture MEMBER picture)
@@ -22,6 +23,7 @@ public:
     QString itemId;
     QString category;
     QString name;
+    QString summary; ///< fits two short lines
     QString description;
     int cents = 0;
     QUrl picture;

@@ -5,8 +5,7 @@
 #include <QJsonArray>
 #include <QLoggingCategory>
 
-namespace
-{
+namespace {
 
 Q_LOGGING_CATEGORY(cafe, "cafe")
 

@@ -11,9 +11,8 @@ Page {
 
     objectName: "menuPage"
     title: qsTr("Menu")
+    bottomPadding: Theme.barHeight
     background: Rectangle { color: Theme.canvas }
-
-    footer: NavigationBar { current: page.title }
 
     header: Column {
         topPadding: 28
@@ -72,17 +71,19 @@ Page {
         GridView {
             id: grid
 
-            readonly property int columns: Math.max(2, Math.floor((width - 2 * page.sideMargin) / 210))
+            readonly property int ringRoom: 6 // the clipped view must not cut the focus ring
+            readonly property int columns: Math.max(2, Math.floor(width / 165))
 
             objectName: "items"
             Layout.fillWidth: true
             Layout.fillHeight: true
-            leftMargin: page.sideMargin
-            rightMargin: page.sideMargin - Theme.gap
+            Layout.leftMargin: page.sideMargin - ringRoom
+            Layout.rightMargin: page.sideMargin - Theme.gap
+            leftMargin: ringRoom
             topMargin: 10
             bottomMargin: 4
             clip: true
-            cellWidth: Math.floor((width - leftMargin - rightMargin) / columns)
+            cellWidth: Math.floor((width - ringRoom) / columns)
             cellHeight: 246 + Theme.gap
             model: App.menu
             delegate: Item {
@@ -137,5 +138,10 @@ Page {
         explanation: App.menu.errorText
         action: qsTr("Retry")
         onActed: App.menu.load()
+    }
+
+    NavigationBar {
+        anchors { left: parent.left; right: parent.right; top: parent.bottom }
+        current: page.title
     }
 }

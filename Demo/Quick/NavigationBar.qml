@@ -1,7 +1,8 @@
 import QtQuick
 import Cafe
 
-/// The bar at the foot of the three main pages.
+/// The bar at the foot of the three main pages, in the room below their content. A `Page.footer` would come first
+/// when tabbing through the page; this comes last.
 Rectangle {
     id: bar
 

@@ -28,7 +28,7 @@ Column {
                 required property int index
 
                 objectName: "choice:" + modelData.name
-                text: modelData.cents > 0 ? qsTr("%1 + %2").arg(modelData.name).arg((modelData.cents / 100).toFixed(2))
+                text: modelData.cents > 0 ? qsTr("%1 +%2").arg(modelData.name).arg((modelData.cents / 100).toFixed(2))
                                           : modelData.name
                 checked: index === 0
             }

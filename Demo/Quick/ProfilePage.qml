@@ -10,9 +10,8 @@ Page {
 
     objectName: "profilePage"
     title: qsTr("Profile")
+    bottomPadding: Theme.barHeight
     background: Rectangle { color: Theme.canvas }
-
-    footer: NavigationBar { current: page.title }
 
     header: Title {
         topPadding: 28
@@ -140,5 +139,10 @@ Page {
                 }
             }
         }
+    }
+
+    NavigationBar {
+        anchors { left: parent.left; right: parent.right; top: parent.bottom }
+        current: page.title
     }
 }

@@ -9,8 +9,7 @@
 using wexel::WXLWexel;
 using ReportData = std::shared_ptr<wexel::WXLWexelReportData>;
 
-namespace
-{
+namespace {
 Q_LOGGING_CATEGORY(cafe, "cafe")
 } // namespace
 

@@ -22,7 +22,7 @@ ColumnLayout {
         color: Theme.sunken
         Image {
             anchors.centerIn: parent
-            source: "Icons/" + message.iconName + ".svg"
+            source: message.iconName ? "Icons/" + message.iconName + ".svg" : ""
             sourceSize.width: 40
             sourceSize.height: 40
             opacity: 0.7

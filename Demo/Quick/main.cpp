@@ -1,4 +1,4 @@
-#include <cstdlib>
+#include <optional>
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
@@ -9,11 +9,10 @@
 #include "App.h"
 #include "NetworkManagerFactory.h"
 
-namespace
-{
+namespace {
 
-/// The address of `--menu`, empty without one; ends the program with a message on one that is none.
-QUrl menuAddress(const QCoreApplication &application)
+/// The address of `--menu`, empty without one; nothing, and a message, when it is no such address.
+std::optional<QUrl> menuAddress(const QCoreApplication &application)
 {
     QCommandLineParser parser;
     const QCommandLineOption menu(QStringLiteral("menu"), QStringLiteral("Address of cafe-menu-service."),
@@ -21,14 +20,15 @@ QUrl menuAddress(const QCoreApplication &application)
     parser.addHelpOption();
     parser.addOption(menu);
     parser.process(application);
+    if (!parser.isSet(menu))
+        return QUrl();
     QUrl address(parser.value(menu));
-    const bool http = address.scheme() == u"http" || address.scheme() == u"https";
-    if (parser.isSet(menu) && !(http && !address.host().isEmpty())) {
+    if ((address.scheme() != u"http" && address.scheme() != u"https") || address.host().isEmpty()) {
         qCritical().noquote() << "--menu: expected an address such as http://127.0.0.1:8080/, got"
                               << parser.value(menu);
-        std::exit(2);
+        return std::nullopt;
     }
-    if (!address.isEmpty() && !address.path().endsWith(u'/'))
+    if (!address.path().endsWith(u'/'))
         address.setPath(address.path() + u'/');
     return address;
 }
@@ -41,7 +41,9 @@ int main(int argc, char **argv)
     QGuiApplication::setApplicationName(QStringLiteral("wexel-demo-cafe"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Linden Café"));
 
-    const QUrl address = menuAddress(application);
+    const std::optional<QUrl> address = menuAddress(application);
+    if (!address)
+        return 2;
     NetworkManagerFactory networkManagers;
     QQmlApplicationEngine engine;
     engine.setNetworkAccessManagerFactory(&networkManagers);
@@ -53,6 +55,6 @@ int main(int argc, char **argv)
                                                | wexel::WexelInvocationEventButton);
     // The type is known only once the document has imported the module.
     auto *app = engine.singletonInstance<App *>(qmlTypeId("Cafe", 1, 0, "App"));
-    app->start(address);
+    app->start(*address);
     return QGuiApplication::exec();
 }

@@ -9,8 +9,7 @@
 
 #include "Files.h"
 
-namespace
-{
+namespace {
 
 using Poco::Net::HTTPResponse;
 using Poco::Net::HTTPServerRequest;

@@ -6,8 +6,7 @@
 
 #include "Handlers.h"
 
-namespace
-{
+namespace {
 
 using Poco::Util::Option;
 

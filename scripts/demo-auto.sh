@@ -1,0 +1,173 @@
+# Sourced by demo.sh: a tester who uses the café app with real mouse and keyboard events under a display of its own,
+# sends a report, sends another while the receiver is away, and shows what the receiver got.
+# shellcheck shell=bash disable=SC2154,SC2016
+
+# Where the app has what the tester presses, in its window of 390 x 844.
+declare -A spots=(
+    [first_item]="110 230" [add_to_cart]="275 812" [cart_tab]="195 812" [profile_tab]="325 812"
+    [developer_row]="195 428" [description]="195 137" [report_with_screenshot]="195 197")
+width=390 height=844
+
+# A home of its own, so that nothing of the user's is read or written.
+own_home() {
+    export HOME=$data/home
+    export XDG_RUNTIME_DIR=$HOME/run QT_QUICK_BACKEND=software QT_FORCE_STDERR_LOGGING=1 LC_ALL=C.UTF-8
+    unset XDG_DATA_HOME XDG_CONFIG_HOME XDG_CACHE_HOME XDG_STATE_HOME WAYLAND_DISPLAY QT_QPA_PLATFORM
+    rm -rf "$HOME" "$data/receiver"
+    mkdir -p "$XDG_RUNTIME_DIR"
+    chmod 700 "$XDG_RUNTIME_DIR"
+    reports_folder=$HOME/.local/share/wexel-demo-cafe/Documents/WexelSavedDataDirectory
+}
+
+open_display() {
+    local number=$data/display
+    rm -f "$number"
+    launch xvfb Xvfb -displayfd 7 -screen 0 460x920x24 -nolisten tcp 7>"$number"
+    wait_until 15 test -s "$number" || fail "Xvfb did not start"
+    DISPLAY=:$(<"$number")
+    export DISPLAY
+    launch openbox openbox
+}
+
+# The app's main window: the visible one of its size.
+find_window() {
+    local id geometry
+    running host || fail "The app ended: $(tail -n 3 "$data/host.log")"
+    for id in $(xdotool search --onlyvisible --class wexel-demo-cafe 2>/dev/null); do
+        geometry=$(xwininfo -id "$id" 2>/dev/null) || continue
+        if grep -q "Width: $width$" <<<"$geometry" && grep -q "Height: $height$" <<<"$geometry"; then
+            window=$id
+            return 0
+        fi
+    done
+    return 1
+}
+
+host_said() { grep -qF -- "$1" "$data/host.log"; }
+
+expect() { # expect SECONDS TEXT: waits for a line of the app's log
+    wait_until "$1" host_said "$2" || fail "The app did not say \"$2\" within $1 s"
+}
+
+press() { # press SPOT EXPECTED: clicks, then waits for the app to say so
+    local x y
+    read -r x y <<<"${spots[$1]}"
+    xdotool mousemove --window "$window" "$x" "$y" click 1
+    [ $# -lt 2 ] || expect 10 "$2"
+}
+
+settle() { # until two pictures in a row are the same: nothing moves any more
+    local before="" now
+    for _ in {1..50}; do
+        now=$(picture - | md5sum)
+        [ "$now" != "$before" ] || return 0
+        before=$now
+        sleep 0.1
+    done
+    return 0 # a clock or a cursor may blink
+}
+
+picture() { # picture FILE: what the display shows of the app's window
+    local x y
+    x=$(xwininfo -id "$window" | sed -n 's/.*Absolute upper-left X: *//p')
+    y=$(xwininfo -id "$window" | sed -n 's/.*Absolute upper-left Y: *//p')
+    import -window root -crop "${width}x$height+$x+$y" +repage "png:$1"
+}
+
+open_app() {
+    start_host
+    wait_until 30 find_window || fail "The app's window did not appear"
+    expect 15 "Menu: ready"
+    expect 20 "Authentication succeeded"
+    settle
+}
+
+to_developer_page() {
+    press profile_tab "Page: Profile"
+    settle
+    press developer_row "Page: Developer"
+    settle
+}
+
+report() { # report TEXT
+    press description
+    xdotool key --clearmodifiers ctrl+a
+    xdotool type --delay 15 "$1"
+    settle
+    press report_with_screenshot "Report with a screenshot: $1"
+}
+
+received() { # received FILTER: the reports that the receiver has, as jq sees them
+    "$prefix/bin/wexel-receiver" reports --data="$data/receiver" --json 2>/dev/null | jq -r "$@"
+}
+has_report() { [ "$(received --arg text "$1" 'map(select(.report.description == $text)) | length')" = 1 ]; }
+stored() { find "$reports_folder" -name '*.wexelreportfile' 2>/dev/null | wc -l; }
+stored_is() { [ "$(stored)" = "$1" ]; }
+
+show_report() { # show_report TEXT
+    received --arg text "$1" '.[] | select(.report.description == $text) | .report as $r |
+        "  description   \($r.description)",
+        "  received      \(.received) from \(.bundle_id)",
+        "  reported      \($r.issue_reported_time) (\($r.timezone))",
+        "  device        \($r.device), \($r.os_version)",
+        "  application   \($r.app_version) (\($r.build_version)), view \($r.current_view)",
+        "  screen        \($r.screen_width) x \($r.screen_height)",
+        "  memory        \($r.used_memory) MB used, \($r.available_memory) MB free, \($r.used_application_memory) MB the app",
+        "  network       \($r.network_type) \($r.network_name // "")",
+        "  histories     \($r.blackbox | keys | length) kinds, \($r.log.user_taps // [] | length) taps, \($r.log.network_requests // [] | length) network requests",
+        "  quick facts   \($r.quick_facts | gsub("\n"; "; "))"'
+}
+
+save_screenshot() { # save_screenshot TEXT FILE
+    local path
+    path=$(received --arg text "$1" '.[] | select(.report.description == $text) | .screenshot.path')
+    cp "$path" "$2"
+    [ "$(identify -format %k "$2")" -gt 100 ] || fail "$2: the received screenshot is not a picture of the app"
+}
+
+run_auto() {
+    local first="The total is wrong after a second flat white" second="This one was sent while offline" port
+    step "Opening the app"
+    open_app
+    picture "$data/1-menu.png"
+
+    step "Putting a flat white into the cart"
+    press first_item "Page: Flat white"
+    settle
+    picture "$data/2-item.png"
+    press add_to_cart "Cart: 1 items"
+    settle
+
+    step "Sending a report from the developer page"
+    to_developer_page
+    report "$first"
+    picture "$data/3-developer.png"
+    wait_until 30 has_report "$first" || fail "The receiver has no such report after 30 s"
+    wait_until 15 stored_is 0 || fail "The report was received, but its file is still in $reports_folder"
+    say "  The receiver has it:"
+    show_report "$first"
+    save_screenshot "$first" "$data/received-screenshot.jpg"
+
+    step "Sending a report while the receiver is away"
+    port=${receiver_url%/}
+    port=${port##*:}
+    stop receiver
+    report "$second"
+    expect 30 "Upload failed, not removing"
+    stored_is 1 || fail "$reports_folder holds $(stored) reports, 1 was expected"
+    say "  It waits on disk: $(find "$reports_folder" -name '*.wexelreportfile')"
+
+    step "Bringing the receiver back and starting the app again"
+    stop host
+    start_receiver "$port"
+    open_app
+    wait_until 30 has_report "$second" || fail "The stored report did not arrive within 30 s"
+    wait_until 15 stored_is 0 || fail "The stored report arrived, but its file is still there"
+    say "  It arrived, and its file is gone."
+    show_report "$second"
+
+    say "Done: two reports sent, two received."
+    say "The received screenshot:   $data/received-screenshot.jpg"
+    say "Pictures of the app:       $data/1-menu.png 2-item.png 3-developer.png"
+    say "The receiver's folder:     $data/receiver (wexel-receiver reports --data $data/receiver)"
+}
