@@ -42,7 +42,7 @@ Poco::Util::OptionSet optionSet()
     set.addOption(with("max-report-size", "BYTES", "Largest report that is taken (16777216)."));
     set.addOption(with("max-connections", "N", "Connections served at once (256)."));
     set.addOption(with("request-timeout", "SECONDS", "Time in which a whole request must arrive (60)."));
-    set.addOption(with("token-lifetime", "SECONDS", "Time for which a token is good (86400)."));
+    set.addOption(with("token-lifetime", "SECONDS", "Time for which a token is good (2592000)."));
     set.addOption(Option("json", "", "With reports: print JSON."));
     set.addOption(Option("help", "", "Print this text."));
     set.addOption(Option("version", "", "Print the version."));

@@ -37,7 +37,7 @@ struct Options {
     std::uint64_t maximumReportSize = 16 * 1024 * 1024; ///< bytes
     int maximumConnections = 256;
     int requestTimeout = 60; ///< seconds in which a whole request must arrive
-    int tokenLifetime = 24 * 3600; ///< seconds
+    int tokenLifetime = 30 * 24 * 3600; ///< seconds; the library asks for a token when its host starts
 
     bool usesTls() const { return !certificateFile.empty(); }
 };

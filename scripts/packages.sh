@@ -7,7 +7,7 @@
 set -euo pipefail
 
 build=(cmake ninja-build g++ pkg-config
-    qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools libqt6svg6-dev qt6-sensors-dev libgl-dev
+    qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools qt6-sensors-dev libgl-dev
     libsqlite3-dev libpoco-dev)
 demo=(xvfb xauth xdotool openbox x11-utils imagemagick curl jq dbus fonts-dejavu-core procps iproute2 libqt6svg6
     qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-window

@@ -17,6 +17,7 @@ struct Answer {
     std::string body = {};
     std::filesystem::path file = {}; ///< if not empty, its bytes are the body
     std::vector<std::pair<std::string, std::string>> headers = {};
+    bool brokenOff = false; ///< close the connection one byte short of the announced length
 };
 
 inline Answer jsonAnswer(std::string json, Status status = Status::HTTP_OK)

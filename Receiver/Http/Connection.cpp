@@ -25,6 +25,16 @@ constexpr const char *tooSlow = "The request took too long to arrive";
 /// How much longer than to arrive a request may take to be answered: a large file to a slow reader.
 constexpr int answerTimeFactor = 10;
 
+/// Whether the client must not take the answer for the end of the matter. The library counts any upload that was answered
+/// without an address, except by 403, as done with and drops the report; of a broken connection it knows that it has to
+/// try again.
+bool mustBreakOff(const HTTPServerRequestImpl &request, const Answer &answer)
+{
+    const bool refused = answer.status >= Status::HTTP_BAD_REQUEST && answer.status != Status::HTTP_FORBIDDEN;
+    return refused && request.getMethod() == HTTPServerRequestImpl::HTTP_POST
+        && request.getURI().find("/api/1.0/files") != std::string::npos;
+}
+
 void logRequest(const std::string &peer, const HTTPServerRequestImpl &request, const Answer &answer,
                 std::uint64_t received, Watchdog::Clock::time_point started)
 {
@@ -85,9 +95,9 @@ bool Connection::serveRequest(HTTPServerSession &session, Watchdog::Watch &watch
             return false;
     } catch (const Poco::Net::MessageException &) {
     }
-    const Answer answer = watch.expired()
-        ? errorAnswer(Status::HTTP_REQUEST_TIMEOUT, tooSlow)
-        : errorAnswer(Status::HTTP_BAD_REQUEST, "This is not an HTTP request");
+    Answer answer = watch.expired() ? errorAnswer(Status::HTTP_REQUEST_TIMEOUT, tooSlow)
+                                    : errorAnswer(Status::HTTP_BAD_REQUEST, "This is not an HTTP request");
+    answer.brokenOff = true; // it may have been an upload
     logEvent("request_refused", {{"peer", m_peer}, {"status", std::to_string(answer.status)}});
     HTTPServerResponseImpl response(session);
     response.setVersion(Poco::Net::HTTPMessage::HTTP_1_1);
@@ -112,8 +122,9 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
     } catch (const HttpError &error) {
         answer = errorAnswer(error.status(), error.what());
     }
-    const bool another = body && body->leavesConnectionClean() && request.getKeepAlive() && !watch.expired()
-        && !watch.stopping() && watch.number() <= m_service.maximumConnections;
+    answer.brokenOff = mustBreakOff(request, answer);
+    const bool another = !answer.brokenOff && body && body->leavesConnectionClean() && request.getKeepAlive()
+        && !watch.expired() && !watch.stopping() && watch.number() <= m_service.maximumConnections;
     response.setKeepAlive(another);
     logRequest(m_peer, request, answer, body ? body->size() : 0, started);
     send(response, answer, watch);
@@ -151,7 +162,7 @@ void Connection::send(HTTPServerResponseImpl &response, const Answer &answer, Wa
     response.setStatusAndReason(answer.status);
     response.setDate(Poco::Timestamp());
     response.setContentType(answer.contentType);
-    response.setContentLength64(static_cast<Poco::Int64>(size));
+    response.setContentLength64(static_cast<Poco::Int64>(size + (answer.brokenOff ? 1 : 0)));
     response.set("X-Content-Type-Options", "nosniff");
     response.set("Cache-Control", "no-store");
     for (const auto &[name, value] : answer.headers)

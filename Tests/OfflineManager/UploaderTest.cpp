@@ -167,6 +167,24 @@ TEST_F(UploaderTest, DiscardsEverythingWhenTheApplicationIsArchived)
     EXPECT_TRUE(receiver.reports().isEmpty());
 }
 
+/// A host whose last run was authorised may send before this run has a token.
+TEST_F(UploaderTest, KeepsAReportThatTheReceiverTurnsAwayForWantOfAToken)
+{
+    const QTemporaryDir folder;
+    const ReceiverProcess receiver(folder.filePath(QStringLiteral("data")));
+    World &world = World::make(receiver.url());
+    world.repository.setClientAuthorized(true);
+    makeUploader(world).uploadData(makeReport(QStringLiteral("early bird")));
+    ASSERT_TRUE(spinUntil([&] { return world.scheduler.armed() == std::vector{10L}; }));
+    EXPECT_EQ(world.storedReports().size(), 1);
+    EXPECT_EQ(count(notRemoving), 1);
+
+    world.authorize();
+    world.scheduler.advance(10s);
+    ASSERT_TRUE(waitFor(allDone));
+    EXPECT_EQ(receiver.descriptions(), QStringList(QStringLiteral("early bird")));
+}
+
 TEST_F(UploaderTest, LeavesUnreadableFilesAloneAndSendsTheOthers)
 {
     Backend backend;
