@@ -73,7 +73,7 @@ TEST_F(ContractTest, IssuesTokensToKnownClientsOnly)
     const Reply granted = client.authenticate();
     EXPECT_EQ(granted.status, 200);
     EXPECT_EQ(granted.text("token_type"), "bearer");
-    EXPECT_EQ(granted.json()->getValue<int>("expires_in"), 24 * 3600);
+    EXPECT_EQ(granted.json()->getValue<int>("expires_in"), 30 * 24 * 3600);
     EXPECT_EQ(
         client.authenticate("grant_type=client_credentials&client_id=id&client_secret=se%2fcr+et").status,
         200);

@@ -24,10 +24,9 @@ public:
             m_object.insert(key, *value);
         return *this;
     }
-    Element &set(QLatin1String key, const QVariantMap &headers)
+    Element &set(QLatin1String key, const std::optional<QVariantMap> &headers)
     {
-        m_object.insert(key, QJsonObject::fromVariantMap(headers));
-        return *this;
+        return set(key, headers ? std::optional(QJsonObject::fromVariantMap(*headers)) : std::nullopt);
     }
     void appendTo(QJsonArray &array) const
     {

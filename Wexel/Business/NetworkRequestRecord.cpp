@@ -14,10 +14,23 @@ std::optional<double> decodeNumber(const Coder &coder, const QString &key)
     return isNumber ? std::optional(field.toDouble()) : std::nullopt;
 }
 
+std::optional<QVariantMap> decodeDictionary(const Coder &coder, const QString &key)
+{
+    const QVariant field = coder.decodeObject(key);
+    return field.typeId() == QMetaType::QVariantMap ? std::optional(field.toMap()) : std::nullopt;
+}
+
+template <typename Value>
+QVariant encodable(const std::optional<Value> &value)
+{
+    return value ? QVariant(*value) : QVariant();
+}
+
 } // namespace
 
 NetworkRequestRecord::NetworkRequestRecord(std::optional<QString> method, std::optional<QString> url,
-                                           std::optional<QString> requestBody, QVariantMap requestHeaders,
+                                           std::optional<QString> requestBody,
+                                           std::optional<QVariantMap> requestHeaders,
                                            std::optional<QString> timestamp)
     : method(std::move(method))
     , statusCode(QString())
@@ -25,6 +38,7 @@ NetworkRequestRecord::NetworkRequestRecord(std::optional<QString> method, std::o
     , requestBody(std::move(requestBody))
     , requestHeaders(std::move(requestHeaders))
     , responseBody(QString())
+    , responseHeaders(QVariantMap())
     , timestamp(std::move(timestamp))
     , duration(0)
 {
@@ -35,9 +49,9 @@ NetworkRequestRecord::NetworkRequestRecord(const Coder &coder)
     , statusCode(coder.decodeString(kNRStatusCode))
     , url(coder.decodeString(kNRUrl))
     , requestBody(coder.decodeString(kNRRequestBody))
-    , requestHeaders(coder.decodeObject(kNRRequestHeaders).toMap())
+    , requestHeaders(decodeDictionary(coder, kNRRequestHeaders))
     , responseBody(coder.decodeString(kNRResponseBody))
-    , responseHeaders(coder.decodeObject(kNRResponseHeaders).toMap())
+    , responseHeaders(decodeDictionary(coder, kNRResponseHeaders))
     , timestamp(coder.decodeString(kNRTimestamp))
     , duration(decodeNumber(coder, kNRDuration))
 {
@@ -54,11 +68,11 @@ void NetworkRequestRecord::encodeWithCoder(Coder &coder) const
     coder.encodeObject(statusCode, kNRStatusCode);
     coder.encodeObject(url, kNRUrl);
     coder.encodeObject(requestBody, kNRRequestBody);
-    coder.encodeObject(QVariant(requestHeaders), kNRRequestHeaders);
+    coder.encodeObject(encodable(requestHeaders), kNRRequestHeaders);
     coder.encodeObject(responseBody, kNRResponseBody);
-    coder.encodeObject(QVariant(responseHeaders), kNRResponseHeaders);
+    coder.encodeObject(encodable(responseHeaders), kNRResponseHeaders);
     coder.encodeObject(timestamp, kNRTimestamp);
-    coder.encodeObject(duration ? QVariant(*duration) : QVariant(), kNRDuration);
+    coder.encodeObject(encodable(duration), kNRDuration);
 }
 
 const ArchivableClass &NetworkRequestRecord::archivableClass()

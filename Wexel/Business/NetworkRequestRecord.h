@@ -23,14 +23,14 @@ public:
     std::optional<QString> statusCode;
     std::optional<QString> url;
     std::optional<QString> requestBody;
-    QVariantMap requestHeaders; ///< header name to value
+    std::optional<QVariantMap> requestHeaders; ///< header name to value
     std::optional<QString> responseBody;
-    QVariantMap responseHeaders;
+    std::optional<QVariantMap> responseHeaders;
     std::optional<QString> timestamp;
     std::optional<double> duration;
 
     NetworkRequestRecord(std::optional<QString> method, std::optional<QString> url,
-                         std::optional<QString> requestBody, QVariantMap requestHeaders,
+                         std::optional<QString> requestBody, std::optional<QVariantMap> requestHeaders,
                          std::optional<QString> timestamp);
     explicit NetworkRequestRecord(const Coder &coder);
 

@@ -1,5 +1,8 @@
 #include "Platform/ThreadPool.h"
 
+#include <deque>
+#include <mutex>
+
 #include <QThreadPool>
 
 #include "Platform/ApplicationEnd.h"
@@ -28,11 +31,39 @@ QThreadPool &pool()
     return *instance;
 }
 
+/// Blocks on their way to a thread.
+struct Waiting {
+    std::mutex mutex; // guards `blocks`
+    std::deque<std::function<void()>> blocks;
+};
+
+Waiting &waiting()
+{
+    static auto *instance = new Waiting; // as the pool
+    return *instance;
+}
+
+void runNext()
+{
+    std::function<void()> block;
+    {
+        const std::lock_guard lock(waiting().mutex);
+        block = std::move(waiting().blocks.front());
+        waiting().blocks.pop_front();
+    }
+    block();
+}
+
 } // namespace
 
 void ThreadPool::run(std::function<void()> block)
 {
-    pool().start(std::move(block));
+    // Handed over under a lock of our own, which ThreadSanitizer sees, unlike those within Qt.
+    {
+        const std::lock_guard lock(waiting().mutex);
+        waiting().blocks.push_back(std::move(block));
+    }
+    pool().start(runNext);
 }
 
 void ThreadPool::runLater(std::chrono::milliseconds delay, std::function<void()> block)
