@@ -76,7 +76,20 @@ TEST(APIReport, KeepsAnEmptyDescriptionApartFromNone)
 {
     EXPECT_EQ(wire({{kWXLUserInput, QString()}}).value(u"description"), QJsonValue(QString()));
     EXPECT_FALSE(wire({}).contains(u"description"));
-    EXPECT_FALSE(wire({{kWXLUserInput, QVariantList{1}}}).contains(u"title")) << "a list is no text";
+}
+
+TEST(APIReport, DropsValuesOfAnotherTypeThanTheKeys)
+{
+    const QVariantMap wrong{{kWXLUserInput, QVariantList{1}},
+                            {kWXLLocale, true},
+                            {kWXLTimeZone, QStringList{QStringLiteral("UTC")}},
+                            {kWXLUsedMemory, QStringLiteral("12")},
+                            {kWXLAvailableMemory, qQNaN()},
+                            {kWXLUsedDiskSpace, qInf()},
+                            {kWXLCpuHistory, QStringLiteral("none")}};
+    EXPECT_EQ(wire(wrong), wire({}));
+    EXPECT_EQ(wire({{kWXLAuthentication, 1}, {kWXLScreenWidth, quint64(5)}}).size(), 7)
+        << "any kind of number";
 }
 
 TEST(APIReport, ListsGrantedPermissionsByName)
@@ -140,13 +153,21 @@ TEST(APIReport, SkipsRecordsThatLackAField)
     auto noDuration = std::make_shared<NetworkRequestRecord>(QStringLiteral("GET"), QStringLiteral("u"),
                                                              QString(), QVariantMap(), now);
     noDuration->duration.reset();
+    auto endless = std::make_shared<NetworkRequestRecord>(*noDuration);
+    endless->duration = qInf();
+    auto noHeaders = std::make_shared<NetworkRequestRecord>(*noDuration);
+    noHeaders->duration = 1;
+    noHeaders->responseHeaders.reset();
     const auto report = wire({
         {kWXLBatteryHistory,
          QVariantList{record<Battery>(QStringLiteral("1"), std::optional<QString>(), now)}},
         {kWXLCpuHistory,
          QVariantList{record<Network>(QStringLiteral("wifi"), QString(), now)}}, // another's record
         {kWXLSessionStateHistory, QVariantList{record<Record>(std::optional<QString>(), now), QVariant(7)}},
-        {kWXLNetworkRequestHistory, QVariantList{QVariant::fromValue<ArchivedObject>(noDuration)}},
+        {kWXLNetworkRequestHistory,
+         QVariantList{QVariant::fromValue<ArchivedObject>(noDuration),
+                      QVariant::fromValue<ArchivedObject>(endless),
+                      QVariant::fromValue<ArchivedObject>(noHeaders)}},
     });
     EXPECT_TRUE(report.value(u"blackbox").toObject().isEmpty());
     EXPECT_TRUE(report.value(u"log").toObject().isEmpty());

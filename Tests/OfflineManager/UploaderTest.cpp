@@ -211,7 +211,6 @@ TEST_F(UploaderTest, SendsAReportOnceAcrossTwoQuickPasses)
     world.repository.setClientAuthorized(true);
     makeUploader(world).startUnsentJobs();
     ASSERT_TRUE(waitFor(allDone));
-    ASSERT_TRUE(waitFor(QStringLiteral("WXLUploader: Nothing left to send for job id")));
     EXPECT_EQ(backend.server.count(reportPath), 1);
 }
 
@@ -226,6 +225,24 @@ TEST_F(UploaderTest, SendsWhatItCannotSave)
     ASSERT_TRUE(waitFor(allDone));
     EXPECT_EQ(count(QStringLiteral("WXLUploader: Adding operation to queue for job id (null)")), 1);
     EXPECT_EQ(backend.server.count(reportPath), 1);
+}
+
+/// Fails in the background, which arms a retry, then succeeds on return: later failures must be retried again.
+TEST_F(UploaderTest, RetriesAgainAfterAPassThatOvertookItsRetry)
+{
+    Backend backend{.report = {.status = 500}};
+    World &world = World::make(backend.server.url());
+    world.repository.setClientAuthorized(true);
+    auto &uploader = makeUploader(world);
+    uploader.uploadData(makeReport(QStringLiteral("one")));
+    ASSERT_TRUE(spinUntil([&] { return !world.scheduler.armed().empty(); }));
+    backend.report.status = 200;
+    world.notifications.post(ApplicationWillEnterForegroundNotification);
+    ASSERT_TRUE(waitFor(allDone));
+    ASSERT_TRUE(spinUntil([&] { return world.scheduler.armed().empty(); }));
+    backend.report.status = 500;
+    uploader.uploadData(makeReport(QStringLiteral("two")));
+    EXPECT_TRUE(spinUntil([&] { return world.scheduler.armed() == std::vector{10L}; }));
 }
 
 TEST_F(UploaderTest, ForgetsItsRetryInTheBackground)

@@ -9,7 +9,12 @@
 class CapturedLog
 {
 public:
-    CapturedLog() { s_lines.clear(), m_previous = qInstallMessageHandler(&CapturedLog::take); }
+    CapturedLog()
+    {
+        const std::scoped_lock lock(s_mutex);
+        s_lines.clear();
+        m_previous = qInstallMessageHandler(&CapturedLog::take);
+    }
     ~CapturedLog() { qInstallMessageHandler(m_previous); }
     CapturedLog(const CapturedLog &) = delete;
     CapturedLog &operator=(const CapturedLog &) = delete;

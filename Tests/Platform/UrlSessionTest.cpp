@@ -89,13 +89,42 @@ TEST(UrlSession, TellsAFailedTransportFromAnAnswer)
     EXPECT_TRUE(perform(session, get(QStringLiteral("no such scheme://"))).error);
 }
 
-TEST(UrlSession, FollowsRedirects)
+TEST(UrlSession, FollowsRedirectsOnlyWhereNothingIsLostOrShown)
 {
-    ScriptedServer server([](const Request &request) {
-        return request.path == "/here" ? Answer{.body = "found"} : Answer{.status = 302, .location = "/here"};
+    ScriptedServer elsewhere([](const Request &) { return Answer{.body = "elsewhere"}; });
+    QByteArray location = "/here";
+    ScriptedServer server([&](const Request &request) {
+        return request.path == "/here" ? Answer{.body = "found"}
+                                       : Answer{.status = 302, .location = location};
     });
     UrlSession session({});
     EXPECT_EQ(perform(session, get(server.url())).data, "found");
+    auto post = get(server.url());
+    post.method = "POST";
+    post.body = "report";
+    auto outcome = perform(session, post);
+    EXPECT_TRUE(!outcome.data && outcome.error) << "a POST would arrive as a GET";
+    location = elsewhere.url().toUtf8();
+    outcome = perform(session, get(server.url()));
+    EXPECT_TRUE(!outcome.data && outcome.error);
+    EXPECT_TRUE(elsewhere.requests().isEmpty()) << "no header is shown to another server";
+}
+
+TEST(UrlSession, SendsABodyOnceEvenWhenTheConnectionIsCut)
+{
+    Answer answer;
+    ScriptedServer server([&](const Request &) { return answer; });
+    UrlSession session({});
+    auto post = get(server.url());
+    post.method = "POST";
+    post.body = QByteArray(300'000, 'x');
+    EXPECT_EQ(perform(session, post).data, "{}");
+    EXPECT_EQ(server.requests().last().body, post.body);
+    answer.cut = Answer::Cut::BeforeAnswer;
+    EXPECT_TRUE(perform(session, post).error) << "on a connection that was kept";
+    EXPECT_EQ(server.requests().size(), 2);
+    EXPECT_TRUE(perform(session, post).error) << "on a new one";
+    EXPECT_EQ(server.requests().size(), 3);
 }
 
 TEST(UrlSession, CompletesWhatIsInFlightWhenItGoesAway)

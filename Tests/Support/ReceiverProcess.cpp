@@ -1,5 +1,7 @@
 #include "Support/ReceiverProcess.h"
 
+#include <csignal>
+
 #include <gtest/gtest.h>
 
 #include <QJsonDocument>
@@ -14,11 +16,10 @@ const QString program = QStringLiteral(WEXEL_RECEIVER);
 
 QByteArray output(const QStringList &arguments)
 {
-    QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(program, arguments);
-    EXPECT_TRUE(process.waitForFinished() && process.exitCode() == 0) << arguments.join(u' ').toStdString();
-    return process.readAllStandardOutput();
+    ChildProcess process(program, arguments);
+    const QByteArray text = process.readAll();
+    EXPECT_EQ(process.wait(), 0) << arguments.join(u' ').toStdString();
+    return text;
 }
 
 } // namespace
@@ -27,24 +28,16 @@ ReceiverProcess::ReceiverProcess(QString dataFolder, QStringList extraArguments)
     : m_dataFolder(std::move(dataFolder))
     , m_extraArguments(std::move(extraArguments))
 {
-    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     start();
-}
-
-ReceiverProcess::~ReceiverProcess()
-{
-    kill();
 }
 
 void ReceiverProcess::start()
 {
-    m_process.start(program,
-                    QStringList{QStringLiteral("--data"), m_dataFolder, QStringLiteral("--listen"), m_listen,
-                                QStringLiteral("--client"), clientId + u':' + clientSecret}
-                        + m_extraArguments);
-    while (!m_process.canReadLine() && m_process.waitForReadyRead())
-        ;
-    const QString line = QString::fromUtf8(m_process.readLine()).trimmed();
+    const QStringList arguments{QStringLiteral("--data"),   m_dataFolder,
+                                QStringLiteral("--listen"), m_listen,
+                                QStringLiteral("--client"), clientId + u':' + clientSecret};
+    m_process = std::make_unique<ChildProcess>(program, arguments + m_extraArguments);
+    const QString line = QString::fromUtf8(m_process->readLine());
     const QString announcement = QStringLiteral("Listening on ");
     ASSERT_TRUE(line.startsWith(announcement)) << "the receiver printed: " << line.toStdString();
     m_url = line.mid(announcement.size());
@@ -53,15 +46,13 @@ void ReceiverProcess::start()
 
 void ReceiverProcess::terminate()
 {
-    m_process.terminate();
-    EXPECT_TRUE(m_process.waitForFinished());
-    EXPECT_EQ(m_process.exitStatus(), QProcess::NormalExit);
+    m_process->signal(SIGTERM);
+    EXPECT_EQ(m_process->wait(), 0);
 }
 
 void ReceiverProcess::kill()
 {
-    m_process.kill();
-    m_process.waitForFinished();
+    m_process.reset();
 }
 
 QJsonArray ReceiverProcess::reports() const

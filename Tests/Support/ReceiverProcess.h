@@ -1,9 +1,12 @@
 #pragma once
 
+#include <memory>
+
 #include <QJsonArray>
-#include <QProcess>
 #include <QString>
 #include <QStringList>
+
+#include "Support/ChildProcess.h"
 
 namespace wexel {
 
@@ -15,7 +18,6 @@ public:
     static inline const QString clientSecret = QStringLiteral("a secret of the tests");
 
     explicit ReceiverProcess(QString dataFolder, QStringList extraArguments = {});
-    ~ReceiverProcess();
 
     /// Starts, on the port of the last time if there was one. Fails the test when it does not come up.
     void start();
@@ -38,7 +40,7 @@ private:
     QStringList m_extraArguments;
     QString m_url;
     QString m_listen = QStringLiteral("127.0.0.1:0");
-    QProcess m_process;
+    std::unique_ptr<ChildProcess> m_process;
 };
 
 } // namespace wexel

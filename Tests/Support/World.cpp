@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include "Business/RetryState.h"
+#include "Platform/MainScheduler.h"
 #include "Support/ReceiverProcess.h"
 #include "Support/Wait.h"
 
@@ -42,6 +43,7 @@ World::World(const QString &backendUrl, bool online)
 
 World &World::make(const QString &backendUrl, bool online)
 {
+    (void)MainScheduler::shared(); // made on the main thread, as in a host
     delay = initialDelay;
     reauthorizationPending = false;
     delayInterval = initialDelayInterval;

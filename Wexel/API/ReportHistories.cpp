@@ -1,5 +1,7 @@
 #include "API/ReportHistories.h"
 
+#include <cmath>
+
 #include "API/WXLAPIReport.h"
 #include "Business/NetworkRequestRecord.h"
 #include "Business/SampleRecords.h"
@@ -26,7 +28,17 @@ public:
     }
     Element &set(QLatin1String key, const std::optional<QVariantMap> &headers)
     {
-        return set(key, headers ? std::optional(QJsonObject::fromVariantMap(*headers)) : std::nullopt);
+        QJsonObject object;
+        for (const auto &[name, value] : headers.value_or(QVariantMap()).asKeyValueRange()) {
+            if (value.typeId() == QMetaType::QString)
+                object.insert(name, value.toString());
+        }
+        return set(key, headers ? std::optional(object) : std::nullopt);
+    }
+    Element &set(QLatin1String key, const std::optional<double> &number)
+    {
+        const bool finite = number && std::isfinite(*number); // JSON has no other numbers
+        return set(key, finite ? std::optional(QJsonValue(*number)) : std::nullopt);
     }
     void appendTo(QJsonArray &array) const
     {

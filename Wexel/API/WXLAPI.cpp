@@ -1,6 +1,5 @@
 #include "API/WXLAPI.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 
 #include "API/Helpers/MultiPartForm.h"
@@ -10,10 +9,6 @@
 namespace wexel {
 
 namespace {
-
-constexpr int statusOk = 200;
-constexpr int statusForbidden = 403;
-constexpr int statusNotFound = 404;
 
 using Data = std::optional<QByteArray>;
 using Response = std::optional<UrlResponse>;
@@ -88,7 +83,7 @@ void WXLAPI::uploadFile(const WXLAPIReportFile &file,
                             .arg(error->localizedDescription()));
                 return onCompletion({}, error);
             }
-            if (statusOf(response) == statusForbidden) {
+            if (statusOf(response) == HttpStatus::Forbidden) {
                 log(QStringLiteral("WXLAPI: Failed to upload file, application archived, status code 403"));
                 return onCompletion({}, Error{WXLErrorDomainAPI, WXLErrorApplicationArchived});
             }
@@ -97,7 +92,7 @@ void WXLAPI::uploadFile(const WXLAPIReportFile &file,
                 log(QStringLiteral("WXLAPI: Error uploading file, no error reported"));
                 return onCompletion({}, {});
             }
-            log(QStringLiteral("WXLAPI: Uploaded file to %1").arg(url.toString()));
+            log(QStringLiteral("WXLAPI: Uploaded file to %1").arg(url.toString(QUrl::FullyEncoded)));
             onCompletion(url, {});
         });
 }
@@ -111,7 +106,7 @@ void WXLAPI::getBranding(
     m_session.dataTask(request,
                        [onCompletion = std::move(onCompletion)](const Data &data, const Response &response,
                                                                 const MaybeError &error) {
-                           if (statusOf(response) == statusNotFound)
+                           if (statusOf(response) == HttpStatus::NotFound)
                                return onCompletion({}, {});
                            if (error)
                                return onCompletion({}, error);
@@ -131,7 +126,7 @@ void WXLAPI::getApplicationEnabled(const std::optional<QString> &bundleId, const
     const auto enabled = [](const Response &response, const MaybeError &error) -> std::optional<bool> {
         if (!response)
             return {};
-        if (response->statusCode == statusNotFound) {
+        if (response->statusCode == HttpStatus::NotFound) {
             log(QStringLiteral("WXLAPI - Application enabled request returned status code 404"));
             return false;
         }
@@ -145,7 +140,8 @@ void WXLAPI::getApplicationEnabled(const std::optional<QString> &bundleId, const
         return true;
     };
     m_session.dataTask(
-        jsonRequest(QUrl(baseUrl() + QStringLiteral("api/1.0/issue_tracking/apps")), body),
+        jsonRequest(QUrl(baseUrl() + QStringLiteral("api/1.0/issue_tracking/apps")), body,
+                    HeaderOrder::AuthorizationFirst),
         [this, enabled, completion = std::move(completion)](const Data &, const Response &response,
                                                             const MaybeError &error) {
             m_scheduler.perform([completion, answer = enabled(response, error)] { completion(answer); });
@@ -158,7 +154,7 @@ void WXLAPI::registerApplication(const std::optional<QString> &bundleId, const Q
     const auto request = jsonRequest(QUrl(baseUrl() + QStringLiteral("api/1.0/issue_tracking/apps")),
                                      applicationObject(bundleId, operatingSystem, platform));
     m_session.dataTask(request, [](const Data &, const Response &response, const MaybeError &error) {
-        if (statusOf(response) != statusOk)
+        if (statusOf(response) != HttpStatus::Ok)
             log(QStringLiteral("WXLAPI - creating application, status code %1 (not 200)")
                     .arg(statusOf(response)));
         else if (error)
@@ -197,14 +193,17 @@ QUrl WXLAPI::reportUrl() const
                                              logged(m_infoPlist().hostApplicationBundleId())));
 }
 
-UrlRequest WXLAPI::jsonRequest(const QUrl &url, const QJsonObject &body) const
+UrlRequest WXLAPI::jsonRequest(const QUrl &url, const QJsonObject &body, HeaderOrder order) const
 {
     UrlRequest request;
     request.url = url;
     request.method = QByteArrayLiteral("POST");
+    if (order == HeaderOrder::AuthorizationFirst)
+        addAuthorization(request);
     request.addValue(QByteArrayLiteral("application/json"), QByteArrayLiteral("Accept"));
     request.addValue(QByteArrayLiteral("application/json"), QByteArrayLiteral("Content-Type"));
-    addAuthorization(request);
+    if (order == HeaderOrder::AuthorizationLast)
+        addAuthorization(request);
     request.body = bodyDataFromDictionary(body);
     return request;
 }

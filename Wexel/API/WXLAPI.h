@@ -69,7 +69,9 @@ public:
 private:
     [[nodiscard]] QString baseUrl() const;
     [[nodiscard]] QUrl reportUrl() const;
-    [[nodiscard]] UrlRequest jsonRequest(const QUrl &url, const QJsonObject &body) const;
+    enum class HeaderOrder { AuthorizationLast, AuthorizationFirst };
+    [[nodiscard]] UrlRequest jsonRequest(const QUrl &url, const QJsonObject &body,
+                                         HeaderOrder order = HeaderOrder::AuthorizationLast) const;
     void addAuthorization(UrlRequest &request) const;
     void setAccessToken(std::optional<QString> token);
     void sendReportPrivate(const WXLAPIReport &report, const std::optional<QString> &screenshotUrl,

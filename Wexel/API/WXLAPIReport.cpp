@@ -1,6 +1,7 @@
 #include "API/WXLAPIReport.h"
 
-#include <algorithm>
+#include <cmath>
+#include <type_traits>
 
 #include "API/ReportHistories.h"
 #include "Business/ReportKeys.h"
@@ -81,12 +82,38 @@ const struct {
     {&kWXLPhotoLibraryPermission, QLatin1String("photolibrary")},
 };
 
-/// A value that a host replaced by one of another type is dropped rather than sent under a wrong type.
+// A value that a host replaced by one of another type is dropped rather than sent as something else.
+
+bool holds(const QVariant &value, std::type_identity<QString>)
+{
+    return value.typeId() == QMetaType::QString;
+}
+
+bool holds(const QVariant &value, std::type_identity<QVariantList>)
+{
+    return value.typeId() == QMetaType::QVariantList;
+}
+
+bool holds(const QVariant &value, std::type_identity<double>)
+{
+    switch (value.typeId()) {
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Float:
+    case QMetaType::Double:
+        return std::isfinite(value.toDouble()); // JSON has no other numbers
+    default:
+        return false;
+    }
+}
+
 template <typename Value>
 std::optional<Value> taken(const QVariantMap &gathered, const QString &key)
 {
     const QVariant value = gathered.value(key);
-    return value.isValid() && value.canConvert<Value>() ? std::optional(value.value<Value>()) : std::nullopt;
+    return holds(value, std::type_identity<Value>()) ? std::optional(value.value<Value>()) : std::nullopt;
 }
 
 QJsonArray permissionsArray(const QList<QPair<QString, QString>> &permissions)

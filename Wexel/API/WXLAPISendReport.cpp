@@ -11,9 +11,6 @@ namespace wexel {
 
 namespace {
 
-constexpr int statusOk = 200;
-constexpr int statusForbidden = 403;
-
 /// What the concurrent uploads of one report come to. Read without the lock once nothing is pending.
 struct Uploads {
     explicit Uploads(qsizetype count) : pending(count) { }
@@ -90,13 +87,13 @@ void WXLAPI::sendReportPrivate(const WXLAPIReport &report, const std::optional<Q
                                                  const std::optional<UrlResponse> &response,
                                                  const std::optional<Error> &error) {
             const int status = response ? response->statusCode : 0;
-            if (status == statusForbidden) {
+            if (status == HttpStatus::Forbidden) {
                 log(QStringLiteral(
                         "WXLAPI - error uploading report, status code %1 (not 200), application archived")
                         .arg(status));
                 return onCompletion(Error{WXLErrorDomainAPI, WXLErrorApplicationArchived});
             }
-            if (status != statusOk) {
+            if (status != HttpStatus::Ok) {
                 onCompletion(Error{WXLErrorDomainAPI, WXLErrorAPICode});
                 return log(
                     QStringLiteral("WXLAPI - error uploading report, status code %1 (not 200)").arg(status));

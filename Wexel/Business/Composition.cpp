@@ -1,5 +1,7 @@
 #include "Business/Composition.h"
 
+#include <QCoreApplication>
+
 #include "Business/Flow.h"
 #include "Business/ReportAssembly.h"
 #include "Business/WXLAppRepository.h"
@@ -16,6 +18,8 @@ namespace wexel {
 
 std::unique_ptr<WXLWexelPrivate> makeWexel(std::unique_ptr<Flow> flowOfThisBuild)
 {
+    if (!QCoreApplication::instance())
+        qFatal("Wexel: create the QCoreApplication, QGuiApplication or QApplication before the first call");
     ApplicationState::watch();
     // Never destroyed: blocks that refer to these may still run while the process ends.
     auto *flow = flowOfThisBuild.release();

@@ -77,9 +77,10 @@ void NetworkRequestRecord::encodeWithCoder(Coder &coder) const
 
 const ArchivableClass &NetworkRequestRecord::archivableClass()
 {
-    static const ArchivableClass description{QStringLiteral("NetworkRequestRecord"), [](const Coder &coder) {
-                                                 return std::make_shared<NetworkRequestRecord>(coder);
-                                             }};
+    static const auto &description
+        = *new ArchivableClass{QStringLiteral("NetworkRequestRecord"), [](const Coder &coder) {
+                                   return std::make_shared<NetworkRequestRecord>(coder);
+                               }}; // outlives every thread
     return description;
 }
 

@@ -30,8 +30,9 @@ void Network::encodeWithCoder(Coder &coder) const
 
 const ArchivableClass &Network::archivableClass()
 {
-    static const ArchivableClass description{
-        QStringLiteral("Network"), [](const Coder &coder) { return std::make_shared<Network>(coder); }};
+    static const auto &description = *new ArchivableClass{QStringLiteral("Network"), [](const Coder &coder) {
+                                                              return std::make_shared<Network>(coder);
+                                                          }}; // outlives every thread
     return description;
 }
 
@@ -62,8 +63,9 @@ void Battery::encodeWithCoder(Coder &coder) const
 
 const ArchivableClass &Battery::archivableClass()
 {
-    static const ArchivableClass description{
-        QStringLiteral("Battery"), [](const Coder &coder) { return std::make_shared<Battery>(coder); }};
+    static const auto &description = *new ArchivableClass{QStringLiteral("Battery"), [](const Coder &coder) {
+                                                              return std::make_shared<Battery>(coder);
+                                                          }}; // outlives every thread
     return description;
 }
 
@@ -88,8 +90,9 @@ void Record::encodeWithCoder(Coder &coder) const
 
 const ArchivableClass &Record::archivableClass()
 {
-    static const ArchivableClass description{
-        QStringLiteral("Record"), [](const Coder &coder) { return std::make_shared<Record>(coder); }};
+    static const auto &description = *new ArchivableClass{QStringLiteral("Record"), [](const Coder &coder) {
+                                                              return std::make_shared<Record>(coder);
+                                                          }}; // outlives every thread
     return description;
 }
 

@@ -34,9 +34,10 @@ void TouchRecord::encodeWithCoder(Coder &coder) const
 
 const ArchivableClass &TouchRecord::archivableClass()
 {
-    static const ArchivableClass description{QStringLiteral("TouchRecord"), [](const Coder &coder) {
-                                                 return std::make_shared<TouchRecord>(coder);
-                                             }};
+    static const auto &description
+        = *new ArchivableClass{QStringLiteral("TouchRecord"), [](const Coder &coder) {
+                                   return std::make_shared<TouchRecord>(coder);
+                               }}; // outlives every thread
     return description;
 }
 

@@ -15,11 +15,11 @@ void WXLBlackBoxObject::encodeWithCoder(Coder & /*coder*/) const { }
 
 const ArchivableClass &WXLBlackBoxObject::archivableClass()
 {
-    static const ArchivableClass description{
+    static const auto &description = *new ArchivableClass{
         QStringLiteral("WXLBlackBoxObject"),
         [](const Coder &) { return std::make_shared<WXLBlackBoxObject>(); },
         {&Network::archivableClass(), &Battery::archivableClass(), &Record::archivableClass(),
-         &TouchRecord::archivableClass(), &NetworkRequestRecord::archivableClass()}};
+         &TouchRecord::archivableClass(), &NetworkRequestRecord::archivableClass()}}; // outlives every thread
     return description;
 }
 

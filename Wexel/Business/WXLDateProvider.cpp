@@ -26,7 +26,7 @@ QString WXLDateProvider::stringFromDate(const QDateTime &date, const std::option
 
 std::optional<QDateTime> WXLDateProvider::dateFromTimestamp(const QString &text)
 {
-    static const QRegularExpression format(
+    static const auto &format = *new QRegularExpression( // outlives every thread
         QStringLiteral(R"(\A\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}(Z|[+-]\d\d:\d\d)\z)"));
     const auto date
         = format.match(text).hasMatch() ? QDateTime::fromString(text, Qt::ISODateWithMs) : QDateTime();

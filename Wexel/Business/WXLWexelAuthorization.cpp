@@ -34,9 +34,12 @@ void WXLWexelPrivate::authorizationFinished(bool authorized)
 {
     m_with.appRepository.setClientAuthorized(authorized);
     if (authorized) {
+        delay = initialDelay;
         registerApplication();
         determineEnabled();
-        uploader(); // made now at the latest; it sends what earlier runs left
+        // Made now at the latest, it sends what earlier runs left; made before, it holds what came in before this.
+        if (!makeUploader())
+            uploader().startUnsentJobs();
     } else if (!reauthorizationPending) {
         retryAuthorization();
     }
@@ -64,6 +67,8 @@ void WXLWexelPrivate::retryAuthorization()
 
 void WXLWexelPrivate::retryAfter(std::int64_t seconds)
 {
+    if (!reauthorizationPending)
+        return; // cancelled on the way here
     auto timer = m_with.scheduler.schedule(std::chrono::seconds(seconds), [this] {
         log(QStringLiteral("WXLWexel - Retrying authorization"));
         reauthorizationPending = false;

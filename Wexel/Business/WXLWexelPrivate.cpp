@@ -21,7 +21,8 @@ WXLWexelPrivate::~WXLWexelPrivate() = default;
 void WXLWexelPrivate::startWithInvocationEvents(unsigned)
 {
     WXLGlobalCache::shared().setTopWindowLevel(m_with.flow.topWindowLevel());
-    m_starter = std::make_unique<WXLStarter>(m_with.api, m_with.infoPlist);
+    if (!m_starter)
+        m_starter = std::make_unique<WXLStarter>(m_with.api, m_with.infoPlist);
     addObservers();
     authorizeWexel();
 }
@@ -35,11 +36,19 @@ WXLFileManager &WXLWexelPrivate::fileManager()
 
 WXLUploader &WXLWexelPrivate::uploader()
 {
-    std::call_once(m_uploaderOnce, [this] {
+    (void)makeUploader();
+    return *m_uploader;
+}
+
+bool WXLWexelPrivate::makeUploader()
+{
+    bool made = false;
+    std::call_once(m_uploaderOnce, [&] {
         m_uploader = std::make_unique<WXLUploader>(fileManager(), m_with.api, m_with.appRepository,
                                                    m_with.scheduler, m_with.notifications);
+        made = true;
     });
-    return *m_uploader;
+    return made;
 }
 
 void WXLWexelPrivate::autoReport(bool attachScreenshot, const std::optional<QString> &description)
@@ -59,9 +68,10 @@ void WXLWexelPrivate::autoReport(bool attachScreenshot, const std::optional<QStr
 std::shared_ptr<WXLWexelReportData> WXLWexelPrivate::preparedReportData() const
 {
     auto reportData = m_with.reportAssembly.makeReportData();
-    if (!onPrepareData)
+    const auto block = onPrepareData; // a copy: the hook may replace itself
+    if (!block)
         return reportData;
-    auto prepared = onPrepareData(reportData);
+    auto prepared = block(reportData);
     return prepared ? prepared : reportData;
 }
 

@@ -65,6 +65,8 @@ public:
     WXLWexel::PrepareData onPrepareData;
 
 private:
+    /// \return true when this call made it, which also starts a pass over the stored reports
+    [[nodiscard]] bool makeUploader();
     void addObservers();
     void authorizationFinished(bool authorized);
     void retryAuthorization();

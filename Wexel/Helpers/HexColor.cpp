@@ -1,6 +1,7 @@
 #include "Helpers/HexColor.h"
 
 #include <algorithm>
+#include <cctype>
 #include <limits>
 
 namespace wexel {

@@ -57,6 +57,8 @@ void WXLConnection::performWhenConnected(const Caller &caller, std::function<voi
         m_blocks.insert_or_assign(caller.className + caller.method, std::move(block));
     }
     startMonitoring();
+    if (hasConnectivity()) // it returned between the question and the parking
+        m_center.post(WXLReachabilityChanged);
 }
 
 void WXLConnection::cancelPendingBlocksForInstance(const QString &className)
@@ -100,18 +102,15 @@ void WXLConnection::reachabilityChanged()
         for (const auto &[key, block] : m_blocks)
             keys.append(key);
     }
-    // A block may park or cancel others, so each is looked up again and none runs under the lock.
+    // A block may park itself again or cancel others, so each is taken out right before it runs, without the lock.
     for (const auto &key : std::as_const(keys)) {
-        std::function<void()> block;
+        decltype(m_blocks)::node_type parked;
         {
             const std::lock_guard lock(m_arrayLock);
-            if (const auto found = m_blocks.find(key); found != m_blocks.end())
-                block = found->second;
+            parked = m_blocks.extract(key);
         }
-        if (block)
-            block();
-        const std::lock_guard lock(m_arrayLock);
-        m_blocks.erase(key);
+        if (!parked.empty())
+            parked.mapped()();
     }
 }
 

@@ -45,10 +45,17 @@ std::optional<QString> remove(const QString &path)
     return file.remove() ? std::nullopt : std::optional(file.errorString());
 }
 
+bool isReadableFolder(const QString &path)
+{
+    const QFileInfo folder(path);
+    return folder.isDir() && folder.isReadable();
+}
+
 bool writeAtomically(const QString &path, const QByteArray &bytes)
 {
     QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return file.open(QIODevice::WriteOnly) && file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)
+        && file.write(bytes) == bytes.size() && file.commit();
 }
 
 std::optional<QByteArray> contents(const QString &path)
@@ -56,7 +63,7 @@ std::optional<QByteArray> contents(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    return file.readAll();
+    return file.read(KeyedUnarchiver::maximumBytes + 1); // the reader refuses what is longer
 }
 
 } // namespace
@@ -81,6 +88,7 @@ std::optional<QUrl> WXLFileManager::wexelSavedFolder() const
         log(QStringLiteral("WXLFileManager: Need to create target directory at %1").arg(path));
         if (!QDir().mkpath(path))
             log(QStringLiteral("WXLFileManager: Error creating target directory: (error)"));
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
     return QUrl::fromLocalFile(path);
 }
@@ -166,7 +174,7 @@ void WXLFileManager::deleteAllLocalReportData()
     if (!folder)
         return log(QStringLiteral("WXLFileManager: Error retrieving wexel local data directory url"));
     const QDir directory(folder->toLocalFile());
-    if (!directory.isReadable()) {
+    if (!isReadableFolder(directory.path())) {
         log(QStringLiteral(
                 "WXLFileManager: Error while reading the local report data directory at url -> %1 /n "
                 "error -> %2")
@@ -194,7 +202,7 @@ QStringList WXLFileManager::savedReports() const
         return {};
     }
     const QDir directory(path);
-    if (!directory.isReadable()) {
+    if (!isReadableFolder(path)) {
         log(QStringLiteral("WXLFileManager: Error getting contents of directory at %1").arg(path));
         return {};
     }

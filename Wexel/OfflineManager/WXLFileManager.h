@@ -18,7 +18,7 @@ inline const QString WexelSavedDirectory = QStringLiteral("WexelSavedDataDirecto
 inline const QString WexelFileExtension = QStringLiteral(".wexelreportfile");
 
 /// Keeps reports on disk, one file each, named by a generated identifier, until they have been sent. A file is
-/// complete or not there: it is written beside its place, synced and renamed.
+/// complete or not there, and readable by its owner alone.
 ///
 /// Every failure is logged and comes to nothing, an empty list or no action. Thread-safe: saves, loads, listings and
 /// deletions never overlap.
@@ -51,7 +51,7 @@ public:
 
 private:
     [[nodiscard]] QString folderPath() const;
-    mutable std::recursive_mutex m_mutex; // held by every function that reads or writes the folder
+    mutable std::mutex m_mutex; // held by every function that reads or writes the folder
     QUrl m_documentsDirectory;
 };
 

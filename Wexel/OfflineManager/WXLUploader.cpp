@@ -57,13 +57,12 @@ void WXLUploader::startUnsentJobs()
 
 void WXLUploader::enqueueStoredReport(const QString &jobId)
 {
-    if (!m_fileManager.loadReportDataForIdentifier(jobId))
-        return log(QStringLiteral("WXLUploader: Failed to fetch data for %1").arg(jobId));
-    // Loaded to know that it can be; loaded again when its turn comes, so that one report at a time is in memory.
+    // Loaded when its turn comes: a long queue neither fills the memory nor holds up the saving of new reports.
     const auto load = [this, jobId] {
-        return m_fileManager.hasReport(jobId)
-            ? std::optional(m_fileManager.loadReportDataForIdentifier(jobId))
-            : std::nullopt;
+        auto report = m_fileManager.loadReportDataForIdentifier(jobId);
+        if (!report && m_fileManager.hasReport(jobId))
+            log(QStringLiteral("WXLUploader: Failed to fetch data for %1").arg(jobId));
+        return report;
     };
     startUploadOperationWithReportData(load, jobId);
 }
@@ -84,8 +83,8 @@ void WXLUploader::startUploadOperationWithReportData(WXLWexelUploadOperation::Re
 
 void WXLUploader::operationFinished(const WXLWexelUploadOperation &operation, const JobId &jobId)
 {
-    if (operation.isReportGone()) {
-        log(QStringLiteral("WXLUploader: Nothing left to send for job id %1").arg(logged(jobId)));
+    if (operation.hadNothingToSend()) {
+        // Sent or discarded since it was listed, or unreadable: the file, if any, stays as it is.
     } else if (operation.isUploadedSuccessfully()) {
         log(QStringLiteral("WXLUploader: Uploaded succesfully, removing job id %1").arg(logged(jobId)));
         m_fileManager.deleteReportDataForIdentifier(logged(jobId));
@@ -111,6 +110,7 @@ void WXLUploader::passFinished()
     }
     log(QStringLiteral("WXLUploader: All upload operations completed succesfully"));
     clearTimer();
+    timerRunning = false;
     delayInterval = initialDelayInterval;
 }
 

@@ -14,11 +14,11 @@ WXLWexelUploadOperation::WXLWexelUploadOperation(ReportSource reportData, WXLAPI
 void WXLWexelUploadOperation::main()
 {
     const auto reportData = m_reportData();
-    m_reportGone = !reportData;
-    if (m_reportGone || !*reportData)
+    m_nothingToSend = !reportData;
+    if (m_nothingToSend)
         return;
     log(QStringLiteral("WXLWexelUploadOperation: starting operation %1").arg(description()));
-    m_api.sendReport(WXLAPIReport(**reportData), [this](const std::optional<Error> &error) {
+    m_api.sendReport(WXLAPIReport(*reportData), [this](const std::optional<Error> &error) {
         if (error) {
             m_uploadErrorCode = error->code;
             log(QStringLiteral("WXLWexelUploadOperation: operation completed %1 with error %2")

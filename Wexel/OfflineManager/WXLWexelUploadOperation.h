@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <semaphore>
 
 #include <Wexel/WXLWexelReportData.h>
@@ -17,17 +16,15 @@ class WXLAPI;
 class WXLWexelUploadOperation final : public Operation
 {
 public:
-    /// Gives the report when its turn has come, so that a long queue of stored reports is not held in memory. Nothing
-    /// when it was sent or discarded in the meantime, null when it cannot be read.
-    using ReportSource = std::function<std::optional<std::shared_ptr<WXLWexelReportData>>()>;
+    /// Gives the report when its turn has come; null when there is none to send.
+    using ReportSource = std::function<std::shared_ptr<WXLWexelReportData>()>;
 
     WXLWexelUploadOperation(ReportSource reportData, WXLAPI &api);
 
     void main() override;
 
     // The outcome; read after `main`.
-    /// There was nothing left to send.
-    [[nodiscard]] bool isReportGone() const { return m_reportGone; }
+    [[nodiscard]] bool hadNothingToSend() const { return m_nothingToSend; }
     [[nodiscard]] bool isUploadedSuccessfully() const { return m_uploadedSuccessfully; }
     /// Code of the error of a failed send, else 0.
     [[nodiscard]] int uploadErrorCode() const { return m_uploadErrorCode; }
@@ -37,7 +34,7 @@ private:
     ReportSource m_reportData;
     WXLAPI &m_api;
     std::binary_semaphore m_semaphore{0};
-    bool m_reportGone = false;
+    bool m_nothingToSend = false;
     bool m_uploadedSuccessfully = false;
     int m_uploadErrorCode = 0;
 };

@@ -1,6 +1,7 @@
 #include "Platform/ApplicationEnd.h"
 
 #include <atomic>
+#include <cstdlib>
 #include <map>
 #include <mutex>
 #include <utility>
@@ -41,9 +42,16 @@ void end()
 void ApplicationEnd::perform(Phase phase, std::function<void()> block)
 {
     const std::lock_guard lock(registry().mutex);
-    if (registry().blocks.empty())
+    if (registry().blocks.empty()) {
         qAddPostRoutine(end);
+        std::atexit(end);
+    }
     registry().blocks.emplace(phase, std::move(block));
+}
+
+void ApplicationEnd::comeBeforeExitHandlers()
+{
+    std::atexit(end); // handlers run newest first; what has run already has nothing left to do
 }
 
 bool ApplicationEnd::hasBegun()

@@ -13,8 +13,11 @@ public:
     /// flight are abandoned, then running work (a report being saved) is finished, then the store is written.
     enum class Phase { MainThread, Network, Work, Storage };
 
-    /// Runs the block on the main thread when the application object is being destroyed.
+    /// Runs the block when the application object is being destroyed, or when the process exits without that.
     static void perform(Phase phase, std::function<void()> block);
+    /// Lets the end also come before what was initialised so far is cleaned up at exit. Called once the TLS library is
+    /// in use: a host that calls exit() must not see our threads run into its clean-up.
+    static void comeBeforeExitHandlers();
     /// True from the moment the first block runs.
     [[nodiscard]] static bool hasBegun();
 };

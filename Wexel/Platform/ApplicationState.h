@@ -1,13 +1,10 @@
 #pragma once
 
-#include <optional>
 #include <vector>
 
 #include <QObject>
 
 #include "Platform/NotificationCenter.h"
-
-class QWindow;
 
 namespace wexel {
 

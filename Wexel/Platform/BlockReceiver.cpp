@@ -45,12 +45,9 @@ void BlockReceiver::close()
     dropped = std::exchange(m_blocks, {});
 }
 
-bool BlockReceiver::event(QEvent *event)
+void BlockReceiver::customEvent(QEvent *)
 {
-    if (event->type() != QEvent::User)
-        return QObject::event(event);
     runNext();
-    return true;
 }
 
 } // namespace wexel

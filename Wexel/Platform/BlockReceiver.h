@@ -17,7 +17,7 @@ public:
     void close();
 
 protected:
-    bool event(QEvent *event) override;
+    void customEvent(QEvent *event) override;
 
 private:
     // One block an event, so that a block which runs an event loop of its own does not hold up the others.

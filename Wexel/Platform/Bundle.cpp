@@ -14,23 +14,24 @@ namespace wexel {
 
 const Bundle &Bundle::main()
 {
-    static const Bundle bundle = [] {
-        Bundle host(QStringLiteral("application"),
-                    candidatesForExecutable(QCoreApplication::applicationFilePath()));
+    static const auto &bundle = *[] { // outlives every thread
+        auto &host = *new Bundle(QStringLiteral("application"),
+                                 candidatesForExecutable(QCoreApplication::applicationFilePath()));
         const QString identifier = QStringLiteral("CFBundleIdentifier");
         if (!host.m_dictionary.contains(identifier)) {
             host.m_dictionary.insert(identifier,
                                      reversedIdentifier(QCoreApplication::organizationDomain(),
                                                         QCoreApplication::applicationName()));
         }
-        return host;
+        return &host;
     }();
     return bundle;
 }
 
 const Bundle &Bundle::library()
 {
-    static const Bundle bundle(QStringLiteral("library"), candidatesForObject(loadedObjectPath()));
+    static const auto &bundle
+        = *new Bundle(QStringLiteral("library"), candidatesForObject(loadedObjectPath()));
     return bundle;
 }
 

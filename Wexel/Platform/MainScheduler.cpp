@@ -4,6 +4,7 @@
 #include <atomic>
 #include <future>
 #include <limits>
+#include <utility>
 
 #include <QCoreApplication>
 #include <QThread>

@@ -1,14 +1,15 @@
 #include "Platform/Reachability.h"
 
 #include <algorithm>
+#include <atomic>
 #include <memory>
 #include <mutex>
 
 #include <QNetworkInformation>
 #include <QNetworkInterface>
 #include <QObject>
+#include <QThread>
 
-#include "Platform/ApplicationEnd.h"
 #include "Platform/MainScheduler.h"
 
 namespace wexel {
@@ -51,9 +52,9 @@ public:
     std::optional<ReachabilityFlags> flags() const override
     {
         loadOnce();
-        const auto *information = ApplicationEnd::hasBegun() ? nullptr : QNetworkInformation::instance();
-        if (information)
-            return flagsOf(*information);
+        const int known = m_flags;
+        if (known >= 0)
+            return ReachabilityFlags::fromInt(known);
         return anyInterfaceIsUp() ? ReachabilityFlag::Reachable : ReachabilityFlags();
     }
 
@@ -75,20 +76,27 @@ private:
     // question, which the network interfaces answer.
     void loadOnce() const
     {
-        std::call_once(m_loading, [this] { MainScheduler::shared().perform([this] { load(); }); });
+        std::call_once(m_loading, [this] {
+            auto *self = const_cast<NetworkInformationReachability *>(this);
+            MainScheduler::shared().perform([self] { self->load(); });
+        });
     }
 
-    void load() const
+    void load()
     {
         if (!QNetworkInformation::loadBackendByFeatures(QNetworkInformation::Feature::Reachability))
             return;
+        moveToThread(QThread::currentThread());
         auto *information = QNetworkInformation::instance();
         connect(information, &QNetworkInformation::reachabilityChanged, this, [this] { changed(); });
         connect(information, &QNetworkInformation::transportMediumChanged, this, [this] { changed(); });
+        changed();
     }
 
-    void changed() const
+    void changed()
     {
+        const auto flags = flagsOf(*QNetworkInformation::instance());
+        m_flags = flags.toInt();
         std::function<void()> callback;
         {
             const std::lock_guard lock(m_mutex);
@@ -99,7 +107,9 @@ private:
     }
 
     mutable std::once_flag m_loading;
-    mutable std::mutex m_mutex; // guards `m_callback`; not held while it runs
+    std::atomic<int> m_flags
+        = -1; // of the back end, -1 until it is there; other threads must not ask it themselves
+    std::mutex m_mutex; // guards `m_callback`; not held while it runs
     std::function<void()> m_callback;
 };
 

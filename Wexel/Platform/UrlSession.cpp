@@ -1,8 +1,13 @@
 #include "Platform/UrlSession.h"
 
+#include <algorithm>
+#include <utility>
+
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
+#include <QSslSocket>
 
+#include "Platform/ApplicationEnd.h"
 #include "Platform/BackgroundThread.h"
 
 namespace wexel {
@@ -33,11 +38,42 @@ private:
     UrlSession::Completion m_completion;
 };
 
+/// A body that can be sent once: QNetworkAccessManager repeats a request by itself when the connection is cut before the
+/// answer, which would deliver a report twice.
+class OneShotBody final : public QIODevice
+{
+public:
+    explicit OneShotBody(QByteArray bytes) : m_bytes(std::move(bytes))
+    {
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
+    bool isSequential() const override { return true; }
+    qint64 bytesAvailable() const override { return m_bytes.size() - m_position; }
+
+protected:
+    qint64 readData(char *data, qint64 maximum) override
+    {
+        const qint64 size = std::min<qint64>(maximum, m_bytes.size() - m_position);
+        std::copy_n(m_bytes.constData() + m_position, size, data);
+        m_position += size;
+        return size > 0 ? size : -1;
+    }
+    qint64 writeData(const char *, qint64) override { return -1; }
+
+private:
+    QByteArray m_bytes;
+    qint64 m_position = 0;
+};
+
 QNetworkRequest networkRequest(const UrlRequest &request, const UrlSessionConfiguration &configuration)
 {
     QNetworkRequest result(request.url);
     result.setTransferTimeout(static_cast<int>(configuration.timeout.count()));
     result.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
+    // A redirected POST would lose its method or its body on the way, or show its token to another host.
+    result.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                        request.method == "GET" ? QNetworkRequest::SameOriginRedirectPolicy
+                                                : QNetworkRequest::ManualRedirectPolicy);
     for (const auto &[name, value] : configuration.additionalHeaders)
         result.setRawHeader(name, value);
     for (const auto &[name, value] : request.headers())
@@ -57,7 +93,12 @@ void finish(QNetworkReply &reply, Task &task, qint64 maximumBytes)
 {
     const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
     const auto response = status.isValid() ? std::optional(UrlResponse{status.toInt()}) : std::nullopt;
-    if (isTransportError(reply.error(), status.isValid()))
+    const QUrl redirection = reply.attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
+    if (redirection.isValid())
+        task.complete({}, response,
+                      Error{UrlErrorDomain, QNetworkReply::InsecureRedirectError,
+                            QStringLiteral("the server redirects to %1").arg(redirection.toString())});
+    else if (isTransportError(reply.error(), status.isValid()))
         task.complete({}, response, Error{UrlErrorDomain, reply.error(), reply.errorString()});
     else if (reply.bytesAvailable() > maximumBytes)
         task.complete({}, response,
@@ -76,10 +117,7 @@ public:
     void send(const UrlRequest &request, const UrlSessionConfiguration &configuration,
               const std::shared_ptr<Task> &task)
     {
-        if (!m_manager)
-            m_manager = std::make_unique<QNetworkAccessManager>();
-        auto *reply = m_manager->sendCustomRequest(networkRequest(request, configuration), request.method,
-                                                   request.body);
+        auto *reply = begin(networkRequest(request, configuration), request);
         const qint64 limit = configuration.maximumAnswerBytes;
         connect(reply, &QNetworkReply::downloadProgress, reply, [reply, limit](qint64 received) {
             if (received > limit)
@@ -94,6 +132,24 @@ public:
     void close() { m_manager.reset(); }
 
 private:
+    QNetworkReply *begin(QNetworkRequest networkRequest, const UrlRequest &request)
+    {
+        if (!m_manager) {
+            m_manager = std::make_unique<QNetworkAccessManager>();
+            QSslSocket::
+                supportsSsl(); // loads the TLS library, whose clean-up at exit must come after our end
+            ApplicationEnd::comeBeforeExitHandlers();
+        }
+        if (request.body.isEmpty())
+            return m_manager->sendCustomRequest(networkRequest, request.method);
+        networkRequest.setHeader(QNetworkRequest::ContentLengthHeader, request.body.size());
+        networkRequest.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
+        auto *body = new OneShotBody(request.body);
+        auto *reply = m_manager->sendCustomRequest(networkRequest, request.method, body);
+        body->setParent(reply);
+        return reply;
+    }
+
     std::unique_ptr<QNetworkAccessManager> m_manager;
 };
 

@@ -38,6 +38,9 @@ private:
     HeaderFields m_headers;
 };
 
+/// The statuses that somebody asks for.
+enum HttpStatus { Ok = 200, Forbidden = 403, NotFound = 404 };
+
 struct UrlResponse {
     int statusCode = 0;
 };

@@ -28,7 +28,8 @@ enum WexelInvocationEvent : unsigned {
 };
 
 /// The library's one entry. A host calls `start()` once, after its QCoreApplication, QGuiApplication or
-/// QApplication exists; from then on testers can send reports and the host can send automatic ones.
+/// QApplication exists and has its name, organisation and domain, which decide where files lie; from then on the host
+/// can send reports. It works with that one application object: once it is gone, calls do nothing.
 ///
 /// All functions are called on the main thread. None blocks on the network, none throws, and none reports an
 /// error: failures are logged under the category "wexel", kept reports are retried by themselves.
@@ -49,7 +50,7 @@ public:
 
     /// Starts with shaking as the only invocation.
     static void start();
-    /// Starts the library: authorises with the backend, sends what earlier runs left, records the black box.
+    /// Starts the library: authorises with the backend and sends what earlier runs left.
     /// \param events any combination of `WexelInvocationEvent`
     static void startWithInvocationEvents(unsigned events);
     /// Opens the reporting flow now. Does nothing while a flow is open. This version has no flow yet: it only logs.
@@ -58,7 +59,8 @@ public:
     /// logs.
     static void setBlackBoxEnabled(bool enabled);
 
-    /// Sends a report without any screen. Dropped while the backend has the application archived.
+    /// Sends a report without any screen. Dropped while the backend has the application archived. It is gathered before
+    /// this returns, saved to the disk a moment later, and stays there until the backend has it.
     /// \param attachScreenshot true to attach a picture of the application's windows
     /// \param description the report's text; without a value the report carries none
     static void autoReportWithAttachScreenshot(bool attachScreenshot,
@@ -70,6 +72,7 @@ public:
     /// Without a screenshot and with the empty text as description.
     static void autoReport();
 
+    /// The hook, empty by default; it may replace itself while it runs.
     [[nodiscard]] const PrepareData &onPrepareData() const;
     void setOnPrepareData(PrepareData block);
 

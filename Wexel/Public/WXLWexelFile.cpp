@@ -49,11 +49,11 @@ void WXLWexelFile::encodeWithCoder(Coder &coder) const
 
 const ArchivableClass &WXLWexelFile::archivableClass()
 {
-    static const ArchivableClass instance{
+    static const auto &instance = *new ArchivableClass{
         QStringLiteral("WXLWexelFile"), [](const Coder &coder) -> ArchivedObject {
             const auto name = coder.decodeString(nameKey).value_or(QString());
             return std::make_shared<WXLWexelFile>(name, coder.decodeObject(dataKey).toByteArray());
-        }};
+        }}; // outlives every thread
     return instance;
 }
 

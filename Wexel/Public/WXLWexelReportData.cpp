@@ -62,7 +62,8 @@ void WXLWexelReportData::encodeWithCoder(Coder &coder) const
 
 const ArchivableClass &WXLWexelReportData::archivableClass()
 {
-    static const ArchivableClass instance{QStringLiteral("WXLWexelReportData"), initWithCoder};
+    static const auto &instance
+        = *new ArchivableClass{QStringLiteral("WXLWexelReportData"), initWithCoder}; // outlives every thread
     return instance;
 }
 

@@ -27,7 +27,7 @@ public:
     /// Attachments beside the screenshot, in upload order. Absent by default.
     std::optional<QList<std::shared_ptr<WXLWexelFile>>> attachedFiles;
     /// What was gathered, under the keys with the prefix "WXL_" (strings, numbers and arrays of records). A key
-    /// whose source gave nothing is missing. Values of other types are refused when the report is saved.
+    /// whose source gave nothing is missing. Values of other types are left out.
     std::optional<QVariantMap> gatheredDataDict;
     /// The (annotated) screenshot, or null.
     std::shared_ptr<WXLWexelFile> screenshotFile;

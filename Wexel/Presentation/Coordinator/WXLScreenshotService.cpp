@@ -1,6 +1,7 @@
 #include "Presentation/Coordinator/WXLScreenshotService.h"
 
-#include <QBuffer>
+#include "Business/ImageData.h"
+
 #include <QPainter>
 #include <QQuickWindow>
 #include <QWidget>
@@ -10,8 +11,6 @@
 namespace wexel {
 
 namespace {
-
-constexpr int jpegQuality = 70;
 
 QPoint positionOnStage(const QWindow *window, const QWindow *stage)
 {
@@ -68,17 +67,7 @@ QImage WXLScreenshotService::takeScreenshot() const
 
 QByteArray WXLScreenshotService::getImageData(const QImage &image) const
 {
-    if (image.isNull())
-        return {};
-    QImage opaque(image.size(), QImage::Format_RGB32); // JPEG knows no alpha
-    opaque.fill(Qt::white);
-    QImage source = image;
-    source.setDevicePixelRatio(1);
-    QPainter(&opaque).drawImage(0, 0, source);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    opaque.save(&buffer, "JPG", jpegQuality);
-    return bytes;
+    return wexel::getImageData(image);
 }
 
 } // namespace wexel
