@@ -114,7 +114,7 @@ show_report() { # show_report TEXT
         "  application   \($r.app_version) (\($r.build_version)), view \($r.current_view)",
         "  screen        \($r.screen_width) x \($r.screen_height)",
         "  memory        \($r.used_memory | round) of \($r.available_memory | round) MB used, \($r.used_application_memory | round) MB by the app",
-        "  network       \($r.network_type // "not known") \($r.network_name // "")",
+        "  network       \([$r.network_type // "not known", $r.network_name // empty] | join(" "))",
         "  histories     \($r.blackbox | keys | length) kinds, \($r.log.user_taps // [] | length) taps, \($r.log.network_requests // [] | length) network requests",
         "  quick facts   \($r.quick_facts | gsub("\n"; "; "))"'
 }
