@@ -32,7 +32,10 @@ cd "$root"
 # Only the first time: a tree that test.sh configured keeps its tests, so neither script makes the other build again.
 [ -f "$build/build.ninja" ] || cmake --preset release -DWEXEL_TESTS=OFF -DWEXEL_BENCHMARKS=OFF >"$data/configure.log"
 cmake --build "$build" -j2 --target "${targets[@]}"
-cmake --install "$build" --prefix "$prefix" >"$data/install.log"
+{
+    cmake --install "$build" --prefix "$prefix"
+    cmake --install "$build" --prefix "$prefix" --component demo
+} >"$data/install.log"
 
 step "Starting the receiver and the café's menu service"
 [ "$auto" -eq 0 ] || own_home
@@ -46,7 +49,8 @@ if [ "$auto" -eq 1 ]; then
     run_auto
 else
     step "Opening the app; close its window to end"
+    say "  The reports you send, at any time: $prefix/bin/wexel-receiver reports --data $data/receiver"
     start_host
     wait "${pids[host]}"
-    say "The reports you sent: $prefix/bin/wexel-receiver reports --data $data/receiver"
+    "$prefix/bin/wexel-receiver" reports --data "$data/receiver"
 fi

@@ -12,7 +12,7 @@ width=390 height=844
 own_home() {
     export HOME=$data/home
     export XDG_RUNTIME_DIR=$HOME/run QT_QUICK_BACKEND=software QT_FORCE_STDERR_LOGGING=1 LC_ALL=C.UTF-8
-    unset XDG_DATA_HOME XDG_CONFIG_HOME XDG_CACHE_HOME XDG_STATE_HOME WAYLAND_DISPLAY QT_QPA_PLATFORM
+    unset XDG_DATA_HOME XDG_CONFIG_HOME XDG_CACHE_HOME XDG_STATE_HOME WAYLAND_DISPLAY QT_QPA_PLATFORM DBUS_SESSION_BUS_ADDRESS
     rm -rf "$HOME" "$data/receiver"
     mkdir -p "$XDG_RUNTIME_DIR"
     chmod 700 "$XDG_RUNTIME_DIR"
@@ -89,13 +89,14 @@ to_developer_page() {
     settle
 }
 
-report() { # report TEXT
+describe() { # describe TEXT
     press description
     xdotool key --clearmodifiers ctrl+a
     xdotool type --delay 15 "$1"
     settle
-    press report_with_screenshot "Report with a screenshot: $1"
 }
+
+report() { press report_with_screenshot "Report with a screenshot: $1"; } # report TEXT
 
 received() { # received FILTER: the reports that the receiver has, as jq sees them
     "$prefix/bin/wexel-receiver" reports --data="$data/receiver" --json 2>/dev/null | jq -r "$@"
@@ -113,7 +114,7 @@ show_report() { # show_report TEXT
         "  application   \($r.app_version) (\($r.build_version)), view \($r.current_view)",
         "  screen        \($r.screen_width) x \($r.screen_height)",
         "  memory        \($r.used_memory | round) of \($r.available_memory | round) MB used, \($r.used_application_memory | round) MB by the app",
-        "  network       \($r.network_type) \($r.network_name // "")",
+        "  network       \([$r.network_type // "not known", $r.network_name // empty] | join(" "))",
         "  histories     \($r.blackbox | keys | length) kinds, \($r.log.user_taps // [] | length) taps, \($r.log.network_requests // [] | length) network requests",
         "  quick facts   \($r.quick_facts | gsub("\n"; "; "))"'
 }
@@ -140,8 +141,9 @@ run_auto() {
 
     step "Sending a report from the developer page"
     to_developer_page
-    report "$first"
+    describe "$first"
     picture "$data/3-developer.png"
+    report "$first"
     wait_until 30 has_report "$first" || fail "The receiver has no such report after 30 s"
     wait_until 15 stored_is 0 || fail "The report was received, but its file is still in $reports_folder"
     say "  The receiver has it:"
@@ -152,6 +154,7 @@ run_auto() {
     port=${receiver_url%/}
     port=${port##*:}
     stop receiver
+    describe "$second"
     report "$second"
     expect 30 "Upload failed, not removing"
     stored_is 1 || fail "$reports_folder holds $(stored) reports, 1 was expected"

@@ -6,14 +6,14 @@
 # Each purpose includes the ones before it.
 set -euo pipefail
 
-build=(cmake ninja-build g++ pkg-config
+build=(cmake ninja-build g++ ca-certificates # Qt trusts the certificates of the system when it sends over HTTPS
     qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools qt6-sensors-dev libgl-dev
     libsqlite3-dev libpoco-dev)
-demo=(xvfb xauth xdotool openbox x11-utils imagemagick curl jq dbus fonts-dejavu-core procps iproute2 libqt6svg6
+demo=(xvfb xdotool openbox x11-utils imagemagick jq fonts-dejavu-core libqt6svg6
     qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-window
     qml6-module-qtquick-controls qml6-module-qtquick-templates qml6-module-qtquick-layouts)
-test=(libgtest-dev libgmock-dev git openssl liblmdb-dev libbenchmark-dev)
-ci=(clang clang-format clang-tidy libclang-rt-14-dev)
+test=(libgtest-dev libgmock-dev openssl dbus-daemon pkg-config curl liblmdb-dev libbenchmark-dev)
+ci=(git clang clang-format clang-tidy libclang-rt-14-dev)
 
 case "${1:-}" in
 build) packages=("${build[@]}") ;;

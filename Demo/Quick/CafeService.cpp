@@ -1,19 +1,29 @@
 #include "CafeService.h"
 
 #include <QJsonDocument>
+#include <QLoggingCategory>
 #include <QNetworkReply>
 
 namespace {
 
+Q_LOGGING_CATEGORY(cafe, "cafe")
+
 constexpr int timeoutMs = 10'000;
+
+/// The customer reads a sentence, the log what happened.
+CafeService::Answer failure(const QNetworkReply &reply, const QString &reason)
+{
+    qCWarning(cafe).noquote() << reply.url().toDisplayString() << "failed:" << reason;
+    return {{}, CafeService::tr("We cannot reach the café right now. Please try again in a moment.")};
+}
 
 CafeService::Answer answerOf(QNetworkReply &reply)
 {
     if (reply.error() != QNetworkReply::NoError)
-        return {{}, CafeService::tr("%1 did not answer as expected.").arg(reply.url().authority())};
+        return failure(reply, reply.errorString());
     const QJsonDocument document = QJsonDocument::fromJson(reply.readAll());
     if (document.object().isEmpty())
-        return {{}, CafeService::tr("%1 sent something that is not a menu.").arg(reply.url().authority())};
+        return failure(reply, QStringLiteral("expected a JSON object with something in it"));
     return {document.object(), {}};
 }
 

@@ -33,15 +33,20 @@ void Cart::add(const MenuItem &item, const QList<int> &choices, int quantity)
     QList<int> taken;
     for (qsizetype i = 0; i < item.options.size(); ++i)
         taken << choices.value(i, 0);
-    const auto same = std::find_if(m_lines.cbegin(), m_lines.cend(), [&](const Line &line) {
-        return line.item.itemId == item.itemId && line.choices == taken;
-    });
-    if (same != m_lines.cend())
-        return setQuantity(int(same - m_lines.cbegin()), same->quantity + quantity);
+    if (const int row = rowOf(item, taken); row >= 0)
+        return setQuantity(row, m_lines.at(row).quantity + quantity);
     beginInsertRows({}, int(m_lines.size()), int(m_lines.size()));
-    m_lines << Line{item, choices, quantity};
+    m_lines << Line{item, taken, quantity};
     endInsertRows();
     Q_EMIT changed();
+}
+
+int Cart::rowOf(const MenuItem &item, const QList<int> &choices) const
+{
+    const auto same = std::find_if(m_lines.cbegin(), m_lines.cend(), [&](const Line &line) {
+        return line.item.itemId == item.itemId && line.choices == choices;
+    });
+    return same == m_lines.cend() ? -1 : int(same - m_lines.cbegin());
 }
 
 void Cart::setQuantity(int row, int quantity)
@@ -72,28 +77,29 @@ void Cart::placeOrder()
     m_ordering = true;
     m_failure.clear();
     Q_EMIT orderChanged();
-    m_service.placeOrder({{QStringLiteral("lines"), lines}}, this,
-                         [this](const CafeService::Answer &answer) { finishOrder(answer); });
+    m_service.placeOrder(
+        {{QStringLiteral("lines"), lines}}, this,
+        [this, ordered = m_lines](const CafeService::Answer &answer) { finishOrder(answer, ordered); });
 }
 
-void Cart::finishOrder(const CafeService::Answer &answer)
+void Cart::finishOrder(const CafeService::Answer &answer, const QList<Line> &ordered)
 {
     m_ordering = false;
     m_failure = answer.error;
     if (m_failure.isEmpty()) {
         m_orderNumber = answer.json[u"number"].toInt();
         m_orderMinutes = answer.json[u"minutes"].toInt();
-        clear();
+        remove(ordered);
     }
     Q_EMIT orderChanged();
 }
 
-void Cart::clear()
+void Cart::remove(const QList<Line> &ordered)
 {
-    beginResetModel();
-    m_lines.clear();
-    endResetModel();
-    Q_EMIT changed();
+    for (const Line &line : ordered) {
+        if (const int row = rowOf(line.item, line.choices); row >= 0)
+            setQuantity(row, m_lines.at(row).quantity - line.quantity);
+    }
 }
 
 int Cart::rowCount(const QModelIndex &parent) const

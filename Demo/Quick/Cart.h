@@ -40,7 +40,7 @@ public:
     Q_INVOKABLE void add(const MenuItem &item, const QList<int> &choices, int quantity);
     /// Removes the row at zero.
     Q_INVOKABLE void setQuantity(int row, int quantity);
-    /// Sends the order; the cart is empty afterwards, or as it was when the service did not take it.
+    /// Sends the order. Once the service has taken it, the cart holds only what was added meanwhile.
     Q_INVOKABLE void placeOrder();
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
@@ -58,8 +58,10 @@ private:
         int quantity = 0;
         [[nodiscard]] int cents() const { return item.price(choices) * quantity; }
     };
-    void finishOrder(const CafeService::Answer &answer);
-    void clear();
+    /// The row of that item with those choices, or -1.
+    [[nodiscard]] int rowOf(const MenuItem &item, const QList<int> &choices) const;
+    void finishOrder(const CafeService::Answer &answer, const QList<Line> &ordered);
+    void remove(const QList<Line> &ordered);
 
     CafeService &m_service;
     QList<Line> m_lines;

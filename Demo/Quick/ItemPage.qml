@@ -120,8 +120,8 @@ Page {
             Accessible.name: qsTr("Add to cart, %1").arg(text)
             onClicked: {
                 App.cart.add(page.item, page.choices, page.quantity);
+                Navigator.backRequested(); // first: a toast goes with its page
                 Navigator.toastRequested(qsTr("%1 added to the cart").arg(page.item.name));
-                Navigator.backRequested();
             }
         }
     }

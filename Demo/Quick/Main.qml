@@ -55,6 +55,7 @@ ApplicationWindow {
         onCurrentItemChanged: {
             if (!currentItem)
                 return;
+            toast.hide();
             currentItem.forceActiveFocus();
             App.reporting.page = (currentItem as Page).title;
         }

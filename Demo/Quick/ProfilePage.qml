@@ -133,7 +133,7 @@ Page {
                         width: parent.width
                         iconName: "tools"
                         text: qsTr("Developer")
-                        detail: qsTr("Send reports, switch the black box")
+                        detail: qsTr("Send a report of a fault")
                         onClicked: Navigator.developerRequested()
                     }
                 }

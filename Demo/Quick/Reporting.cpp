@@ -43,15 +43,6 @@ void Reporting::setPage(const QString &page)
     Q_EMIT pageChanged();
 }
 
-void Reporting::setBlackBoxEnabled(bool enabled)
-{
-    if (enabled == m_blackBoxEnabled)
-        return;
-    m_blackBoxEnabled = enabled;
-    WXLWexel::setBlackBoxEnabled(enabled);
-    Q_EMIT blackBoxEnabledChanged();
-}
-
 void Reporting::reportWithScreenshot(const QString &description)
 {
     qCInfo(cafe).noquote() << "Report with a screenshot:" << description;
@@ -68,9 +59,4 @@ void Reporting::reportAutomatically()
 {
     qCInfo(cafe) << "Automatic report";
     WXLWexel::autoReport();
-}
-
-void Reporting::openFlow()
-{
-    WXLWexel::manualStart();
 }

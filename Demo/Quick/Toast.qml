@@ -9,6 +9,10 @@ Rectangle {
         label.text = text;
         animation.restart();
     }
+    function hide(): void {
+        animation.stop();
+        opacity = 0;
+    }
 
     width: Math.min(label.implicitWidth + 40, parent.width - 2 * Theme.margin)
     height: 44
