@@ -1,6 +1,7 @@
 #include "Platform/ApplicationEnd.h"
 
 #include <atomic>
+#include <cstdlib>
 #include <map>
 #include <mutex>
 #include <utility>
@@ -41,8 +42,10 @@ void end()
 void ApplicationEnd::perform(Phase phase, std::function<void()> block)
 {
     const std::lock_guard lock(registry().mutex);
-    if (registry().blocks.empty())
+    if (registry().blocks.empty()) {
         qAddPostRoutine(end);
+        std::atexit(end); // a host that leaves through std::exit never destroys its application object
+    }
     registry().blocks.emplace(phase, std::move(block));
 }
 

@@ -4,7 +4,7 @@
 
 namespace wexel {
 
-/// The moment when the application object goes away. The library's singletons and threads outlive it, so
+/// The moment when the application object goes away, or the process exits without destroying it. The library's singletons and threads outlive it, so
 /// whatever must stop touching Qt, or must still be written, registers here. Thread-safe.
 class ApplicationEnd
 {
@@ -13,7 +13,7 @@ public:
     /// flight are abandoned, then running work (a report being saved) is finished, then the store is written.
     enum class Phase { MainThread, Network, Work, Storage };
 
-    /// Runs the block on the main thread when the application object is being destroyed.
+    /// Runs the block when the application object is being destroyed, on the main thread, or else in std::exit.
     static void perform(Phase phase, std::function<void()> block);
     /// True from the moment the first block runs.
     [[nodiscard]] static bool hasBegun();
