@@ -56,7 +56,7 @@ TEST(KilledReceiver, GetsEveryReportInTheEnd)
                                       world.notifications); // lives for the process, as its world does
     for (int number = 1; number <= reportCount; ++number)
         uploader.uploadData(numberedReport(number));
-    ASSERT_TRUE(spinUntil([&] { return world.storedReports().size() > 0; }));
+    ASSERT_TRUE(spinUntil([&] { return !world.storedReports().isEmpty(); }));
 
     QRandomGenerator random(20'240'608);
     int kills = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <QRandomGenerator>
 #include <QString>
 
@@ -29,10 +30,9 @@ inline int numberIn(const QByteArray &text)
 inline QByteArray attachment(int number)
 {
     QRandomGenerator random(static_cast<quint32>(number));
-    QByteArray bytes(random.bounded(50'000, 200'000), Qt::Uninitialized);
-    for (char &byte : bytes)
-        byte = static_cast<char>(random.generate());
-    return bytes;
+    QList<quint32> words(random.bounded(12'500, 50'000));
+    random.fillRange(words.data(), words.size());
+    return {reinterpret_cast<const char *>(words.constData()), words.size() * qsizetype(sizeof(quint32))};
 }
 
 } // namespace NumberedReport

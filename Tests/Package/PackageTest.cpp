@@ -27,7 +27,7 @@ QString run(const QString &program, const QStringList &arguments)
     process.start(program, arguments);
     constexpr int deadlineMilliseconds = 60'000;
     EXPECT_TRUE(process.waitForFinished(deadlineMilliseconds)) << qPrintable(process.errorString());
-    const QString output = QString::fromUtf8(process.readAll());
+    QString output = QString::fromUtf8(process.readAll());
     EXPECT_EQ(process.exitCode(), 0) << qPrintable(program + u' ' + arguments.join(u' ') + u'\n' + output);
     return output;
 }

@@ -13,7 +13,8 @@ public:
     /// flight are abandoned, then running work (a report being saved) is finished, then the store is written.
     enum class Phase { MainThread, Network, Work, Storage };
 
-    /// Runs the block when the application object is being destroyed, on the main thread, or else in std::exit.
+    /// Runs the block when the application object is being destroyed, or when the
+    /// main thread calls std::exit; on the main thread.
     static void perform(Phase phase, std::function<void()> block);
     /// True from the moment the first block runs.
     [[nodiscard]] static bool hasBegun();
