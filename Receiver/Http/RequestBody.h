@@ -43,6 +43,7 @@ private:
     std::size_t readStream(char *buffer, std::size_t size);
 
     std::istream &m_stream;
+    Poco::Net::StreamSocket &m_socket;
     Poco::Net::HTTPServerResponseImpl &m_response;
     const Watchdog::Watch &m_watch;
     bool m_expectsContinue;

@@ -1,12 +1,12 @@
 #include "Platform/ApplicationEnd.h"
 
 #include <atomic>
-#include <cstdlib>
 #include <map>
 #include <mutex>
 #include <utility>
 
 #include <QCoreApplication>
+#include <QThread>
 
 namespace wexel {
 
@@ -37,21 +37,28 @@ void end()
         block();
 }
 
+/// A host that leaves through std::exit never destroys its application object. The main thread's own objects are then
+/// destroyed before any static one, while an atexit function would come after statics that Qt made later and that the
+/// library's threads still use.
+void endWithThisThread()
+{
+    struct AtThreadEnd {
+        ~AtThreadEnd() { end(); }
+    };
+    const auto *application = QCoreApplication::instance();
+    if (application != nullptr && application->thread() == QThread::currentThread())
+        static thread_local const AtThreadEnd atThreadEnd;
+}
+
 } // namespace
 
 void ApplicationEnd::perform(Phase phase, std::function<void()> block)
 {
     const std::lock_guard lock(registry().mutex);
-    if (registry().blocks.empty()) {
+    if (registry().blocks.empty())
         qAddPostRoutine(end);
-        std::atexit(end);
-    }
+    endWithThisThread();
     registry().blocks.emplace(phase, std::move(block));
-}
-
-void ApplicationEnd::comeBeforeExitHandlers()
-{
-    std::atexit(end); // handlers run newest first; what has run already has nothing left to do
 }
 
 bool ApplicationEnd::hasBegun()

@@ -4,7 +4,7 @@
 
 namespace wexel {
 
-/// The moment when the application object goes away. The library's singletons and threads outlive it, so
+/// The moment when the application object goes away, or the process exits without destroying it. The library's singletons and threads outlive it, so
 /// whatever must stop touching Qt, or must still be written, registers here. Thread-safe.
 class ApplicationEnd
 {
@@ -13,11 +13,9 @@ public:
     /// flight are abandoned, then running work (a report being saved) is finished, then the store is written.
     enum class Phase { MainThread, Network, Work, Storage };
 
-    /// Runs the block when the application object is being destroyed, or when the process exits without that.
+    /// Runs the block when the application object is being destroyed, or when the
+    /// main thread calls std::exit; on the main thread.
     static void perform(Phase phase, std::function<void()> block);
-    /// Lets the end also come before what was initialised so far is cleaned up at exit. Called once the TLS library is
-    /// in use: a host that calls exit() must not see our threads run into its clean-up.
-    static void comeBeforeExitHandlers();
     /// True from the moment the first block runs.
     [[nodiscard]] static bool hasBegun();
 };

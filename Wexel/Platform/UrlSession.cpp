@@ -5,9 +5,7 @@
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <QSslSocket>
 
-#include "Platform/ApplicationEnd.h"
 #include "Platform/BackgroundThread.h"
 
 namespace wexel {

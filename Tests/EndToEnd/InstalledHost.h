@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+
+#include <QTemporaryDir>
+
+#include "Support/HostProcess.h"
+
+namespace wexel {
+
+/// An install prefix with the built library, its bundle and the test host, and a home folder for the host. The
+/// home, and so what the host keeps, stays when the host runs again.
+class InstalledHost
+{
+public:
+    static inline const QString bundleId = QStringLiteral("org.wexel.endtoend");
+
+    explicit InstalledHost(const QString &backendUrl);
+
+    void pointTo(const QString &backendUrl) const;
+    /// Runs the host with those arguments, see Host.cpp.
+    [[nodiscard]] std::unique_ptr<HostProcess> run(const QStringList &arguments) const;
+    /// Runs the host until it is authorised. Before that is known, reports are kept for a later run.
+    void authorize() const;
+    /// Runs the host until everything it had kept has been sent.
+    void drain() const;
+    /// Names of the report files in the host's documents folder.
+    [[nodiscard]] QStringList storedReports() const;
+
+private:
+    void runUntil(const QString &line) const;
+    void install(const QString &file, const QString &folder) const;
+
+    QTemporaryDir m_folder;
+};
+
+inline const QByteArray allSent
+    = QByteArrayLiteral("WXLUploader: All upload operations completed succesfully");
+
+} // namespace wexel

@@ -1,0 +1,158 @@
+#include <chrono>
+#include <iostream>
+
+#include <gtest/gtest.h>
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include "InstalledHost.h"
+#include "NumberedReport.h"
+#include "Support/ReceiverProcess.h"
+#include "Support/ScriptedServer.h"
+
+using namespace wexel;
+
+namespace {
+
+using Answer = ScriptedServer::Answer;
+using Request = ScriptedServer::Request;
+
+constexpr int reportCount = 10; // more than can be saved before the host is gone
+
+/// What the host leaves in the middle of.
+struct Situation {
+    const char *name;
+    ScriptedServer::Script script;
+    bool authorized; ///< by an earlier run, without which nothing is sent until the next
+    const char *when; ///< the line after which the host leaves; "" for the first turn of its event loop
+};
+
+Answer never()
+{
+    return {.after = [] { return false; }};
+}
+
+Answer token()
+{
+    return {.body = R"({"access_token": "t", "expires_in": 1})"};
+}
+
+bool isToken(const Request &request)
+{
+    return request.path == "/auth/oauth2/token";
+}
+
+const Situation situations[] = {
+    {"while saving", [](const Request &) { return never(); }, false, ""},
+    {"with an authorisation in flight", [](const Request &) { return never(); }, false,
+     "Will not start upload"},
+    {"with an authorisation retry armed", [](const Request &) { return Answer{.status = 500}; }, false,
+     "Will retry authorization after"},
+    {"with an upload in flight",
+     [](const Request &request) {
+         return isToken(request) ? token() : request.path.endsWith("/files") ? never() : Answer{};
+     },
+     true, "starting operation"},
+    {"with an upload retry armed",
+     [](const Request &request) {
+         if (isToken(request))
+             return token();
+         const bool isFile = request.path.endsWith("/files");
+         return isFile ? Answer{.body = R"({"url": "http://f/1"})"}
+                       : Answer{.status = request.path.endsWith("endtoend") ? 500 : 200};
+     },
+     true, "Will retry upload operation after"},
+};
+
+/// From the host's "leaving" to its end.
+std::chrono::milliseconds timeToLeave(HostProcess &host)
+{
+    EXPECT_TRUE(host.waitForEnd()) << "hangs:\n" << host.output().constData();
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    const auto at = host.output().lastIndexOf("\nleaving ") + 9;
+    const auto left = host.output().mid(at, host.output().indexOf('\n', at) - at).toLongLong();
+    EXPECT_GT(left, 0) << host.output().constData();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(now) - std::chrono::milliseconds(left);
+}
+
+/// The host leaves from its event loop, which comes after all the reports were handed in.
+QStringList leaveAfterReports(const QString &application, const QStringList &leave)
+{
+    QStringList commands = QStringList{application} + leave + QStringList{QStringLiteral("start")};
+    for (int number = 1; number <= reportCount; ++number)
+        commands << QStringLiteral("report") << QString::number(number);
+    return commands;
+}
+
+/// Runs the host with the commands and checks that it left at once, with all of its reports on disk or sent.
+void expectToLeave(const InstalledHost &host, const QStringList &commands, const char *description)
+{
+    const auto process = host.run(commands);
+    const auto time = timeToLeave(*process);
+    std::cout << description << ", " << qPrintable(commands.front()) << ": " << time.count() << " ms\n";
+    EXPECT_LT(time, std::chrono::milliseconds(2500)) << description;
+    EXPECT_TRUE(process->leftCleanly()) << description << '\n' << process->output().constData();
+    EXPECT_EQ(host.storedReports().size(), reportCount) << description << '\n'
+                                                        << process->output().constData();
+}
+
+void expectDelivery(const InstalledHost &host)
+{
+    const QTemporaryDir folder;
+    const ReceiverProcess receiver(folder.filePath(QStringLiteral("data")));
+    host.pointTo(receiver.url());
+    host.drain();
+    QStringList expected;
+    for (int number = 1; number <= reportCount; ++number)
+        expected.append(NumberedReport::description(number));
+    QStringList delivered = receiver.descriptions();
+    std::sort(expected.begin(), expected.end());
+    std::sort(delivered.begin(), delivered.end());
+    EXPECT_EQ(delivered, expected);
+    EXPECT_EQ(host.storedReports(), QStringList());
+}
+
+class Quitting : public testing::TestWithParam<const char *>
+{
+protected:
+    void leaveInEverySituation(const QString &leaveWhen) const
+    {
+        for (const Situation &situation : situations) {
+            const ScriptedServer server(situation.script);
+            const InstalledHost host(server.url());
+            if (situation.authorized)
+                host.authorize();
+            const QStringList leave = *situation.when == '\0'
+                ? QStringList{leaveWhen.section(u'-', 0, 0)}
+                : QStringList{leaveWhen, QString::fromUtf8(situation.when)};
+            expectToLeave(host, leaveAfterReports(QString::fromUtf8(GetParam()), leave), situation.name);
+            expectDelivery(host);
+        }
+    }
+};
+
+TEST_P(Quitting, EndsAtOnceAndLosesNothing)
+{
+    leaveInEverySituation(QStringLiteral("quit-when"));
+}
+
+TEST_P(Quitting, ByExitEndsAtOnceAndLosesNothing)
+{
+    leaveInEverySituation(QStringLiteral("exit-when"));
+}
+
+TEST_P(Quitting, BeforeAnyEventLoopEndsAtOnceAndLosesNothing)
+{
+    for (const QString &leave : {QStringLiteral("return"), QStringLiteral("exit-now")}) {
+        const ScriptedServer server([](const Request &) { return never(); });
+        const InstalledHost host(server.url());
+        expectToLeave(host, leaveAfterReports(QString::fromUtf8(GetParam()), {}) + QStringList{leave},
+                      qPrintable(leave));
+        expectDelivery(host);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(, Quitting, testing::Values("core", "gui", "widgets"));
+
+} // namespace

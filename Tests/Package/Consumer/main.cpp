@@ -1,0 +1,13 @@
+// The smallest host: starts the library, sends one report and waits to be ended.
+
+#include <QCoreApplication>
+
+#include <Wexel/WXLWexel.h>
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    wexel::WXLWexel::start();
+    wexel::WXLWexel::autoReportWithDescription(application.arguments().value(1));
+    return application.exec();
+}
