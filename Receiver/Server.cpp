@@ -28,7 +28,6 @@ namespace {
 /// Threads beyond the limit of connections, which tell clients that they are too many.
 constexpr int spareThreads = 16;
 constexpr int listenBacklog = 128;
-constexpr int idleSeconds = 15;
 constexpr std::chrono::seconds stopGrace{10};
 const std::string filesPath = "api/1.0/files";
 
@@ -64,7 +63,6 @@ Poco::Net::HTTPServerParams::Ptr parametersFor(const Options &options)
     parameters->setMaxThreads(options.maximumConnections + spareThreads);
     parameters->setMaxQueued(spareThreads);
     parameters->setTimeout(Poco::Timespan(options.requestTimeout, 0));
-    parameters->setKeepAliveTimeout(Poco::Timespan(idleSeconds, 0));
     parameters->setMaxKeepAliveRequests(std::numeric_limits<int>::max());
     return parameters;
 }
@@ -88,7 +86,8 @@ Router routesFor(const Options &options, DataFolder &data, const std::string &ba
                std::make_unique<ReportHandler>(data.reports(), options.maximumReportSize));
     router.add("POST", filesPath, Access::TokenNeeded,
                std::make_unique<FileUploadHandler>(data.files(), data.reports(), baseUrl + filesPath + '/',
-                                                   options.maximumFileSize));
+                                                   options.maximumFileSize),
+               Router::Refusal::BrokenOff);
     router.add("GET", filesPath + "/{}", Access::Anyone,
                std::make_unique<FileDownloadHandler>(data.files(), data.reports()));
     router.add("GET", "api/1.0/white-labeling", Access::TokenNeeded,

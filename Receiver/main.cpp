@@ -5,6 +5,7 @@
 #include <Poco/Exception.h>
 
 #include <iostream>
+#include <sys/stat.h>
 
 namespace {
 
@@ -35,6 +36,7 @@ int run(const Options &options)
 
 int main(int argc, char **argv)
 {
+    ::umask(077); // whatever is made, in a folder that others made too, is for the owner alone
     try {
         return run(parseOptions({argv + 1, argv + argc}));
     } catch (const UsageError &error) {

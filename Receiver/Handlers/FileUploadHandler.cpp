@@ -38,43 +38,50 @@ Answer FileUploadHandler::handle(Request &request)
     request.body.setLimit(m_maximumSize + multipartOverhead, "The upload");
     Multipart multipart([&](char *buffer, std::size_t size) { return request.body.read(buffer, size); },
                         *boundary);
-    std::optional<StoredFile> stored;
-    while (const auto part = multipart.nextPart()) {
-        if (part->name == "file" && stored)
-            throw HttpError(Status::HTTP_BAD_REQUEST, "Expected one part named \"file\", not two");
-        if (part->name == "file")
-            stored = store(multipart, part->fileName);
-    }
-    if (!stored)
+    std::optional<Upload> upload;
+    receiveParts(multipart, upload);
+    if (!upload)
         throw HttpError(Status::HTTP_BAD_REQUEST, "Expected a part named \"file\"");
-    m_store.addFile(*stored);
+    const StoredFile stored = publish(*upload);
     logEvent("file",
-             {{"name", stored->name}, {"size", std::to_string(stored->size)}, {"sha256", stored->sha256}});
-    return jsonAnswer("{\"url\":" + jsonString(m_baseUrl + stored->id) + "}");
+             {{"name", stored.name}, {"size", std::to_string(stored.size)}, {"sha256", stored.sha256}});
+    return jsonAnswer("{\"url\":" + jsonString(m_baseUrl + stored.id) + "}");
 }
 
-StoredFile FileUploadHandler::store(Multipart &multipart, const std::string &fileName)
+void FileUploadHandler::receiveParts(Multipart &multipart, std::optional<Upload> &upload) const
 {
-    if (fileName.size() > maximumNameLength)
-        throw HttpError(Status::HTTP_BAD_REQUEST,
-                        "The file name is longer than " + std::to_string(maximumNameLength) + " bytes");
-    IncomingFile file(m_files);
-    std::string head;
-    receive(multipart, file, head);
-    return {randomId(),          file.publish(), cleanFileName(fileName),
-            contentTypeOf(head), file.size(),    currentMilliseconds()};
+    while (const auto part = multipart.nextPart()) {
+        if (part->name != "file")
+            continue;
+        if (upload)
+            throw HttpError(Status::HTTP_BAD_REQUEST, "Expected one part named \"file\", not two");
+        if (part->fileName.size() > maximumNameLength)
+            throw HttpError(Status::HTTP_BAD_REQUEST,
+                            "The file name is longer than " + std::to_string(maximumNameLength) + " bytes");
+        upload.emplace(m_files, cleanFileName(part->fileName));
+        receive(multipart, *upload);
+    }
 }
 
-void FileUploadHandler::receive(Multipart &multipart, IncomingFile &file, std::string &head) const
+void FileUploadHandler::receive(Multipart &multipart, Upload &upload) const
 {
     for (std::string_view piece = multipart.readContent(); !piece.empty(); piece = multipart.readContent()) {
-        head += piece.substr(0, headSize - std::min(headSize, head.size()));
-        if (file.size() + piece.size() > m_maximumSize)
+        upload.head += piece.substr(0, headSize - std::min(headSize, upload.head.size()));
+        if (upload.file.size() + piece.size() > m_maximumSize)
             throw HttpError(Status::HTTP_REQUEST_ENTITY_TOO_LARGE,
                             "The file is larger than the limit of " + std::to_string(m_maximumSize)
                                 + " bytes");
-        file.write(piece);
+        upload.file.write(piece);
     }
+}
+
+/// The bytes first: a crash leaves bytes without a row, which are swept at the next start, and never the reverse.
+StoredFile FileUploadHandler::publish(Upload &upload) const
+{
+    StoredFile stored = {randomId(),         upload.file.publish(), upload.name, contentTypeOf(upload.head),
+                         upload.file.size(), currentMilliseconds()};
+    m_store.addFile(stored);
+    return stored;
 }
 
 } // namespace wexel::receiver

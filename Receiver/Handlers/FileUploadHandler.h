@@ -24,8 +24,18 @@ public:
     Answer handle(Request &request) override;
 
 private:
-    StoredFile store(Multipart &multipart, const std::string &fileName);
-    void receive(Multipart &multipart, IncomingFile &file, std::string &head) const;
+    /// One upload until its body has proved to be whole.
+    struct Upload {
+        Upload(const FileStore &files, std::string fileName) : file(files), name(std::move(fileName)) { }
+
+        IncomingFile file;
+        std::string name;
+        std::string head; ///< the first bytes, which tell the type
+    };
+
+    void receiveParts(Multipart &multipart, std::optional<Upload> &upload) const;
+    void receive(Multipart &multipart, Upload &upload) const;
+    StoredFile publish(Upload &upload) const;
 
     FileStore &m_files;
     ReportStore &m_store;

@@ -24,6 +24,13 @@ NewReport newReport(const std::string &bundleId, std::string json)
     return report;
 }
 
+Answer busy()
+{
+    Answer answer = errorAnswer(Status::HTTP_SERVICE_UNAVAILABLE, "Too many large reports arrive at once");
+    answer.headers.emplace_back("Retry-After", "5");
+    return answer;
+}
+
 [[noreturn]] void refuseArchived()
 {
     throw HttpError(Status::HTTP_FORBIDDEN, "The application is archived");
@@ -38,8 +45,11 @@ Answer ReportHandler::handle(Request &request)
         throw HttpError(Status::HTTP_BAD_REQUEST, fault);
     if (m_store.isArchived(bundleId)) // before the body, which need not be read then
         refuseArchived();
-    const std::optional<std::int64_t> id
-        = m_store.addReport(newReport(bundleId, request.body.readAll(m_maximumSize, "The report")));
+    request.body.setLimit(m_maximumSize, "The report");
+    const MemoryBudget::Share share(m_memory, request.body.longest());
+    if (!share.isGranted())
+        return busy();
+    const std::optional<std::int64_t> id = m_store.addReport(newReport(bundleId, request.body.readAll()));
     if (!id)
         refuseArchived();
     logEvent("report", {{"id", std::to_string(*id)}, {"bundle_id", bundleId}});

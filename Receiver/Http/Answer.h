@@ -3,19 +3,27 @@
 #include "Http/HttpError.h"
 #include "Text.h"
 
-#include <filesystem>
+#include <cstdint>
+#include <fstream>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace wexel::receiver {
 
+/// The content of a file, open, so that it can't vanish between the answer's header and its bytes.
+struct FileContent {
+    std::ifstream stream;
+    std::uint64_t size = 0;
+};
+
 /// What a handler answers: a status with a text, or with the content of a file.
 struct Answer {
     Status status = Status::HTTP_OK;
     std::string contentType = "application/json";
     std::string body = {};
-    std::filesystem::path file = {}; ///< if not empty, its bytes are the body
+    std::optional<FileContent> file = {}; ///< if set, the body in place of the text
     std::vector<std::pair<std::string, std::string>> headers = {};
     bool brokenOff = false; ///< close the connection one byte short of the announced length
 };

@@ -5,8 +5,10 @@
 #include <Poco/Net/NetException.h>
 #include <Poco/StreamCopier.h>
 
-#include <fstream>
+#include <algorithm>
+#include <array>
 #include <optional>
+#include <sys/socket.h>
 
 namespace wexel::receiver {
 
@@ -25,14 +27,25 @@ constexpr const char *tooSlow = "The request took too long to arrive";
 /// How much longer than to arrive a request may take to be answered: a large file to a slow reader.
 constexpr int answerTimeFactor = 10;
 
-/// Whether the client must not take the answer for the end of the matter. The library counts any upload that was answered
-/// without an address, except by 403, as done with and drops the report; of a broken connection it knows that it has to
-/// try again.
-bool mustBreakOff(const HTTPServerRequestImpl &request, const Answer &answer)
+/// For how long a peer may send nothing at all.
+constexpr std::chrono::seconds idleTime{10};
+
+/// For how long a connection too many is held, so that its peer gets to see why.
+constexpr std::chrono::seconds refusalTime{2};
+
+/// The path as it may be logged: without the query, and with the long segments cut, as the id of a file is the key to it.
+std::string loggable(std::string_view uri)
 {
-    const bool refused = answer.status >= Status::HTTP_BAD_REQUEST && answer.status != Status::HTTP_FORBIDDEN;
-    return refused && request.getMethod() == HTTPServerRequestImpl::HTTP_POST
-        && request.getURI().find("/api/1.0/files") != std::string::npos;
+    constexpr std::size_t longest = 31;
+    constexpr std::size_t kept = 8;
+    std::string path;
+    for (const std::string_view segment : split(split(uri, '?').front(), '/')) {
+        path
+            += segment.size() > longest ? std::string(segment.substr(0, kept)) + "..." : std::string(segment);
+        path += '/';
+    }
+    path.pop_back();
+    return path;
 }
 
 void logRequest(const std::string &peer, const HTTPServerRequestImpl &request, const Answer &answer,
@@ -43,11 +56,30 @@ void logRequest(const std::string &peer, const HTTPServerRequestImpl &request, c
     logEvent("request",
              {{"peer", peer},
               {"method", request.getMethod()},
-              {"path", request.getURI()},
+              {"path", loggable(request.getURI())},
               {"status", std::to_string(answer.status)},
               {"received", std::to_string(received)},
               {"ms", std::to_string(duration.count())},
               {"error", answer.status < Status::HTTP_BAD_REQUEST ? "" : answer.body}});
+}
+
+void send(HTTPServerResponseImpl &response, Answer &answer)
+{
+    const std::uint64_t size = answer.file ? answer.file->size : answer.body.size();
+    response.setStatusAndReason(answer.status);
+    response.setDate(Poco::Timestamp());
+    response.setContentType(answer.contentType);
+    response.setContentLength64(static_cast<Poco::Int64>(size + (answer.brokenOff ? 1 : 0)));
+    response.set("X-Content-Type-Options", "nosniff");
+    response.set("Cache-Control", "no-store");
+    for (const auto &[name, value] : answer.headers)
+        response.set(name, value);
+    std::ostream &stream = response.send();
+    if (!answer.file)
+        stream << answer.body;
+    else if (Poco::StreamCopier::copyStream64(answer.file->stream, stream, 64 * 1024) != size)
+        throw Poco::ReadFileException("A file ended early"); // and the connection with it
+    stream.flush();
 }
 
 } // namespace
@@ -75,10 +107,27 @@ void Connection::serve()
     socket().setSendTimeout(Poco::Timespan(m_service.requestTimeout.count(), 0));
     HTTPServerSession session(socket(), m_service.parameters);
     // After the session, which closes the socket.
-    Watchdog::Watch watch(m_service.watchdog, socket().impl()->sockfd());
+    Watchdog::Watch watch(m_service.watchdog, socket().impl()->sockfd(), m_service.maximumConnections);
+    if (watch.isSurplus())
+        return refuse(session, watch);
     do {
-        watch.enter(Phase::Idle, {});
+        watch.enter(Phase::Idle, std::min(idleTime, m_service.requestTimeout));
     } while (session.hasMoreRequests() && serveRequest(session, watch));
+}
+
+/// Does not wait for the request: whoever sends none would hold the thread.
+void Connection::refuse(HTTPServerSession &session, Watchdog::Watch &watch)
+{
+    watch.enter(Phase::Answering, refusalTime);
+    Answer answer = errorAnswer(Status::HTTP_SERVICE_UNAVAILABLE,
+                                "There are more connections than the limit of "
+                                    + std::to_string(m_service.maximumConnections));
+    answer.headers.emplace_back("Retry-After", "1");
+    sendUnasked(session, std::move(answer));
+    // Closing with something unread would be a reset, which takes the answer from the peer.
+    ::shutdown(socket().impl()->sockfd(), SHUT_WR);
+    std::array<char, 4096> block;
+    while (socket().receiveBytes(block.data(), block.size()) > 0) { }
 }
 
 bool Connection::serveRequest(HTTPServerSession &session, Watchdog::Watch &watch)
@@ -97,12 +146,8 @@ bool Connection::serveRequest(HTTPServerSession &session, Watchdog::Watch &watch
     }
     Answer answer = watch.expired() ? errorAnswer(Status::HTTP_REQUEST_TIMEOUT, tooSlow)
                                     : errorAnswer(Status::HTTP_BAD_REQUEST, "This is not an HTTP request");
-    answer.brokenOff = true; // it may have been an upload
-    logEvent("request_refused", {{"peer", m_peer}, {"status", std::to_string(answer.status)}});
-    HTTPServerResponseImpl response(session);
-    response.setVersion(Poco::Net::HTTPMessage::HTTP_1_1);
-    response.setKeepAlive(false);
-    send(response, answer, watch);
+    watch.enter(Phase::Answering, lingerTime);
+    sendUnasked(session, std::move(answer));
     return false;
 }
 
@@ -118,16 +163,17 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
         if (watch.expired())
             throw HttpError(Status::HTTP_REQUEST_TIMEOUT, tooSlow);
         body.emplace(request, response, watch);
-        answer = answerTo(request, *body, watch);
+        answer = m_service.router.answer(request, *body);
     } catch (const HttpError &error) {
         answer = errorAnswer(error.status(), error.what());
+        answer.brokenOff = true; // it may have been an upload
     }
-    answer.brokenOff = mustBreakOff(request, answer);
     const bool another = !answer.brokenOff && body && body->leavesConnectionClean() && request.getKeepAlive()
-        && !watch.expired() && !watch.stopping() && watch.number() <= m_service.maximumConnections;
+        && !watch.expired() && !watch.stopping();
     response.setKeepAlive(another);
     logRequest(m_peer, request, answer, body ? body->size() : 0, started);
-    send(response, answer, watch);
+    watch.enter(Phase::Answering, m_service.requestTimeout * answerTimeFactor);
+    send(response, answer);
     if (body && !another) {
         watch.enter(Phase::Answering, lingerTime);
         try {
@@ -138,41 +184,15 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
     return another;
 }
 
-Answer Connection::answerTo(const HTTPServerRequestImpl &request, RequestBody &body,
-                            const Watchdog::Watch &watch) const
+/// Answers what could not be read as a request, or was not read at all, and ends the connection.
+void Connection::sendUnasked(HTTPServerSession &session, Answer answer) const
 {
-    if (watch.number() <= m_service.maximumConnections)
-        return m_service.router.answer(request, body);
-    Answer answer = errorAnswer(Status::HTTP_SERVICE_UNAVAILABLE,
-                                "There are more connections than the limit of "
-                                    + std::to_string(m_service.maximumConnections));
-    answer.headers.emplace_back("Retry-After", "1");
-    return answer;
-}
-
-void Connection::send(HTTPServerResponseImpl &response, const Answer &answer, Watchdog::Watch &watch) const
-{
-    watch.enter(Phase::Answering, m_service.requestTimeout * answerTimeFactor);
-    std::ifstream file;
-    std::uint64_t size = answer.body.size();
-    if (!answer.file.empty()) {
-        file.open(answer.file, std::ios::binary);
-        size = std::filesystem::file_size(answer.file);
-    }
-    response.setStatusAndReason(answer.status);
-    response.setDate(Poco::Timestamp());
-    response.setContentType(answer.contentType);
-    response.setContentLength64(static_cast<Poco::Int64>(size + (answer.brokenOff ? 1 : 0)));
-    response.set("X-Content-Type-Options", "nosniff");
-    response.set("Cache-Control", "no-store");
-    for (const auto &[name, value] : answer.headers)
-        response.set(name, value);
-    std::ostream &stream = response.send();
-    if (file.is_open())
-        Poco::StreamCopier::copyStream(file, stream, 64 * 1024);
-    else
-        stream << answer.body;
-    stream.flush();
+    answer.brokenOff = true; // it may have been an upload
+    logEvent("request_refused", {{"peer", m_peer}, {"status", std::to_string(answer.status)}});
+    HTTPServerResponseImpl response(session);
+    response.setVersion(Poco::Net::HTTPMessage::HTTP_1_1);
+    response.setKeepAlive(false);
+    send(response, answer);
 }
 
 } // namespace wexel::receiver

@@ -33,13 +33,11 @@ public:
 
 private:
     void serve();
+    void refuse(Poco::Net::HTTPServerSession &session, Watchdog::Watch &watch);
     bool serveRequest(Poco::Net::HTTPServerSession &session, Watchdog::Watch &watch);
     bool exchange(Poco::Net::HTTPServerRequestImpl &request, Poco::Net::HTTPServerResponseImpl &response,
                   Watchdog::Watch &watch);
-    Answer answerTo(const Poco::Net::HTTPServerRequestImpl &request, RequestBody &body,
-                    const Watchdog::Watch &watch) const;
-    void send(Poco::Net::HTTPServerResponseImpl &response, const Answer &answer,
-              Watchdog::Watch &watch) const;
+    void sendUnasked(Poco::Net::HTTPServerSession &session, Answer answer) const;
 
     Service &m_service;
     std::string m_peer;

@@ -100,6 +100,11 @@ std::size_t RequestBody::readStream(char *buffer, std::size_t size)
 std::string RequestBody::readAll(std::uint64_t limit, const std::string &what)
 {
     setLimit(limit, what);
+    return readAll();
+}
+
+std::string RequestBody::readAll()
+{
     std::string text;
     std::vector<char> block(64 * 1024);
     while (const std::size_t count = read(block.data(), block.size()))

@@ -22,10 +22,15 @@ public:
     /// \a what names the body in the error's text, as in "The file". To be called before reading.
     void setLimit(std::uint64_t bytes, const std::string &what);
 
+    /// How many bytes the body has at most; the limit if it comes in chunks.
+    std::uint64_t longest() const { return m_isChunked ? m_limit : m_length; }
+
     /// Reads up to \a size bytes and returns how many; 0 at the end of the body.
     std::size_t read(char *buffer, std::size_t size);
 
-    /// The whole body as a text of at most \a limit bytes.
+    /// The whole body as a text.
+    std::string readAll();
+    /// The same with a limit set.
     std::string readAll(std::uint64_t limit, const std::string &what);
 
     /// Reads and drops what is left, for as long as the watch allows, so that the client gets to read the answer.

@@ -45,41 +45,8 @@ Answer storageAnswer(const StorageError &error)
                        "This could not be stored; the receiver's log says why");
 }
 
-} // namespace
-
-void Router::add(const std::string &method, const std::string &path, Access access,
-                 std::unique_ptr<Handler> handler)
+Answer unroutable(const std::string &allowed)
 {
-    m_routes.push_back({method, path, access, std::move(handler)});
-}
-
-Answer Router::answer(const Poco::Net::HTTPRequest &header, RequestBody &body) const
-{
-    try {
-        return dispatch(header, body);
-    } catch (const HttpError &error) {
-        return errorAnswer(error.status(), error.what());
-    } catch (const StorageError &error) {
-        return storageAnswer(error);
-    } catch (const std::exception &error) {
-        logEvent("handler_failed", {{"error", error.what()}});
-        return errorAnswer(Status::HTTP_INTERNAL_SERVER_ERROR, "The receiver failed; its log says why");
-    }
-}
-
-Answer Router::dispatch(const Poco::Net::HTTPRequest &header, RequestBody &body) const
-{
-    const std::string &uri = header.getURI();
-    std::string_view path = split(uri, '?').front();
-    path.remove_prefix(path.starts_with('/') ? 1 : 0);
-    std::string allowed;
-    for (const Route &route : m_routes) {
-        const std::optional<std::string> parameter = match(route.path, path);
-        if (parameter && route.method == header.getMethod())
-            return run(route, {header, body, *parameter});
-        if (parameter)
-            allowed += (allowed.empty() ? "" : ", ") + route.method;
-    }
     if (allowed.empty())
         return errorAnswer(Status::HTTP_NOT_FOUND, "There is nothing at this address");
     Answer answer = errorAnswer(Status::HTTP_METHOD_NOT_ALLOWED, "The method must be " + allowed);
@@ -87,7 +54,60 @@ Answer Router::dispatch(const Poco::Net::HTTPRequest &header, RequestBody &body)
     return answer;
 }
 
+} // namespace
+
+void Router::add(const std::string &method, const std::string &path, Access access,
+                 std::unique_ptr<Handler> handler, Refusal refusal)
+{
+    m_routes.push_back({method, path, access, std::move(handler), refusal});
+}
+
+Answer Router::answer(const Poco::Net::HTTPRequest &header, RequestBody &body) const
+{
+    const Match match = find(header);
+    if (match.route)
+        return run(*match.route, {header, body, match.parameter});
+    Answer answer = unroutable(match.allowed);
+    answer.brokenOff = header.getMethod() == Poco::Net::HTTPRequest::HTTP_POST;
+    return answer;
+}
+
+Router::Match Router::find(const Poco::Net::HTTPRequest &header) const
+{
+    std::string_view path = split(header.getURI(), '?').front();
+    path.remove_prefix(path.starts_with('/') ? 1 : 0);
+    std::string allowed;
+    for (const Route &route : m_routes) {
+        const std::optional<std::string> parameter = match(route.path, path);
+        if (parameter && route.method == header.getMethod())
+            return {&route, *parameter, {}};
+        if (parameter)
+            allowed += (allowed.empty() ? "" : ", ") + route.method;
+    }
+    return {nullptr, {}, allowed};
+}
+
 Answer Router::run(const Route &route, Request request) const
+{
+    const auto guarded = [&]() -> Answer {
+        try {
+            return dispatch(route, request);
+        } catch (const HttpError &error) {
+            return errorAnswer(error.status(), error.what());
+        } catch (const StorageError &error) {
+            return storageAnswer(error);
+        } catch (const std::exception &error) {
+            logEvent("handler_failed", {{"error", error.what()}});
+            return errorAnswer(Status::HTTP_INTERNAL_SERVER_ERROR, "The receiver failed; its log says why");
+        }
+    };
+    Answer answer = guarded();
+    answer.brokenOff = route.refusal == Refusal::BrokenOff && answer.status >= Status::HTTP_BAD_REQUEST
+        && answer.status != Status::HTTP_FORBIDDEN;
+    return answer;
+}
+
+Answer Router::dispatch(const Route &route, Request &request) const
 {
     if (route.access == Access::Anyone || m_isTokenGood(bearerToken(request.header)))
         return route.handler->handle(request);

@@ -5,12 +5,15 @@
 
 namespace wexel::receiver {
 
-Watchdog::Watch::Watch(Watchdog &watchdog, int socket) : m_watchdog(watchdog)
+Watchdog::Watch::Watch(Watchdog &watchdog, int socket, std::size_t limit) : m_watchdog(watchdog)
 {
     const std::lock_guard lock(m_watchdog.m_mutex);
-    m_entry = m_watchdog.m_entries.insert(m_watchdog.m_entries.end(),
-                                          {socket, Phase::Receiving, Clock::time_point::max(), false});
-    m_number = m_watchdog.m_entries.size();
+    std::list<Entry> &entries = m_watchdog.m_entries;
+    const auto welcome
+        = std::count_if(entries.begin(), entries.end(), [](const Entry &entry) { return !entry.surplus; });
+    m_isSurplus = static_cast<std::size_t>(welcome) >= limit;
+    m_entry = entries.insert(entries.end(),
+                             {socket, Phase::Receiving, Clock::time_point::max(), false, m_isSurplus});
 }
 
 Watchdog::Watch::~Watch()
@@ -23,8 +26,7 @@ Watchdog::Watch::~Watch()
 void Watchdog::Watch::enter(Phase phase, std::chrono::seconds longest)
 {
     const std::lock_guard lock(m_watchdog.m_mutex);
-    *m_entry = {m_entry->socket, phase,
-                phase == Phase::Idle ? Clock::time_point::max() : Clock::now() + longest, false};
+    *m_entry = {m_entry->socket, phase, Clock::now() + longest, false, m_isSurplus};
     if (m_watchdog.m_stopping && phase == Phase::Idle)
         cut(*m_entry);
     m_watchdog.m_changed.notify_all();

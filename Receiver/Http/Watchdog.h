@@ -17,7 +17,7 @@ public:
     using Clock = std::chrono::steady_clock;
 
     enum class Phase {
-        Idle, ///< between two requests; never too long here, but cut when the server stops
+        Idle, ///< before a request; too long, or the server stops: none can come any more
         Receiving, ///< too long: what arrived is all there is, an answer can still be sent
         Answering, ///< too long: the connection is cut
     };
@@ -28,6 +28,7 @@ private:
         Phase phase;
         Clock::time_point deadline;
         bool expired;
+        bool surplus;
     };
 
 public:
@@ -35,7 +36,8 @@ public:
     class Watch
     {
     public:
-        Watch(Watchdog &watchdog, int socket);
+        /// \a limit is how many connections are welcome.
+        Watch(Watchdog &watchdog, int socket, std::size_t limit);
         ~Watch();
         Watch(const Watch &) = delete;
         Watch &operator=(const Watch &) = delete;
@@ -44,13 +46,13 @@ public:
         /// True if the phase took too long.
         bool expired() const;
         bool stopping() const;
-        /// How many connections there were when this one came, itself among them.
-        std::size_t number() const { return m_number; }
+        /// True if there were as many as are welcome already when this one came.
+        bool isSurplus() const { return m_isSurplus; }
 
     private:
         Watchdog &m_watchdog;
         std::list<Entry>::iterator m_entry;
-        std::size_t m_number;
+        bool m_isSurplus;
     };
 
     Watchdog();

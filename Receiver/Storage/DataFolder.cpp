@@ -1,5 +1,7 @@
 #include "Storage/DataFolder.h"
 
+#include "Log.h"
+#include "Storage/Folders.h"
 #include "Storage/StorageError.h"
 
 #include <cerrno>
@@ -15,6 +17,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// Milliseconds after which no report will come for a file: the library uploads a report's files each time that it sends it.
+constexpr std::int64_t unreportedFileAge = std::int64_t(7) * 24 * 3600 * 1000;
+
 [[noreturn]] void refuse(const fs::path &folder, const std::string &why)
 {
     throw StorageError(StorageError::Kind::Failed,
@@ -26,7 +31,9 @@ void create(const fs::path &folder)
     std::error_code error;
     const fs::path parent = fs::absolute(folder).parent_path();
     fs::create_directories(parent, error);
-    if (::mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST)
+    if (::mkdir(folder.c_str(), 0700) == 0)
+        syncFolder(parent);
+    else if (errno != EEXIST)
         refuse(folder, std::generic_category().message(errno));
 }
 
@@ -60,12 +67,23 @@ int prepare(const fs::path &folder, DataFolder::Access access)
 DataFolder::DataFolder(const fs::path &path, Access access)
     : m_lock(prepare(path, access))
     , m_files(path)
-    , m_database(path / "receiver.sqlite")
+    , m_database(path / "receiver.sqlite",
+                 access == Access::Read ? Database::Mode::Read : Database::Mode::Write)
     , m_reports(m_database)
     , m_tokens(m_database)
 {
     if (access == Access::Serve)
-        m_files.removeLeftovers();
+        sweep();
+}
+
+/// Nothing is uploaded yet, so what has no row is not on its way to one.
+void DataFolder::sweep()
+{
+    m_files.prepare();
+    const std::size_t unreported = m_reports.removeUnreportedFiles(currentMilliseconds() - unreportedFileAge);
+    const std::size_t contents = m_files.removeAllBut(m_reports.fileContents());
+    logEvent("swept",
+             {{"unreported_files", std::to_string(unreported)}, {"contents", std::to_string(contents)}});
 }
 
 DataFolder::~DataFolder()

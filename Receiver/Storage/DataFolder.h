@@ -14,8 +14,9 @@ class DataFolder
 {
 public:
     enum class Access {
-        Serve, ///< makes what is missing, takes the folder for this process, removes left-over temporary files
-        Look ///< for a command beside a running server; the folder must exist
+        Serve, ///< takes the folder for this process, makes what is missing, removes what nobody needs
+        Change, ///< for a command beside a running server; the folder must exist
+        Read ///< the same, and nothing is written
     };
 
     /// Throws StorageError with a text for the user.
@@ -29,6 +30,8 @@ public:
     TokenStore &tokens() { return m_tokens; }
 
 private:
+    void sweep();
+
     int m_lock; ///< the descriptor that holds the lock, or -1; first, as nothing may be touched without it
     FileStore m_files;
     Database m_database;

@@ -5,6 +5,7 @@
 #include <Poco/Data/SQLite/Connector.h>
 #include <Poco/Data/SQLite/SQLiteException.h>
 #include <Poco/Timestamp.h>
+#include <Poco/URI.h>
 
 #include <optional>
 
@@ -14,8 +15,6 @@ using namespace Poco::Data::Keywords;
 using Poco::Data::Session;
 
 namespace {
-
-constexpr int schemaVersion = 1;
 
 constexpr const char *schema[] = {
     "CREATE TABLE applications (bundle_id TEXT PRIMARY KEY, os TEXT NOT NULL, platform TEXT NOT NULL, "
@@ -30,7 +29,13 @@ constexpr const char *schema[] = {
     "file_id TEXT NOT NULL REFERENCES files, PRIMARY KEY (report_id, position)) WITHOUT ROWID",
     "CREATE TABLE tokens (digest TEXT PRIMARY KEY, client TEXT NOT NULL, expires INTEGER NOT NULL) WITHOUT "
     "ROWID",
+    // Lets a file be deleted without a look at every report.
+    "CREATE INDEX report_files_file_id ON report_files (file_id)",
 };
+
+/// The versions that can be met: the one before the index came, and that of this schema.
+constexpr int versionWithoutIndex = 1;
+constexpr int schemaVersion = 2;
 
 /// Runs \a work with the database's exceptions turned into ours.
 void translated(const std::function<void()> &work)
@@ -44,14 +49,24 @@ void translated(const std::function<void()> &work)
     }
 }
 
-Session open(const std::filesystem::path &file)
+/// The address of the database, which can say that it is not to be changed; a plain path can't.
+std::string addressOf(const std::filesystem::path &file, Database::Mode mode)
+{
+    std::string path;
+    Poco::URI::encode(absolute(file).string(), "?#", path);
+    return "file:" + path + (mode == Database::Mode::Read ? "?mode=ro" : "");
+}
+
+Session open(const std::filesystem::path &file, Database::Mode mode)
 {
     std::optional<Session> session;
     translated([&] {
         static const bool registered = (Poco::Data::SQLite::Connector::registerConnector(), true);
         (void)registered;
-        session.emplace(Poco::Data::SQLite::Connector::KEY, file.string());
+        session.emplace(Poco::Data::SQLite::Connector::KEY, addressOf(file, mode));
         *session << "PRAGMA busy_timeout = 10000", now;
+        if (mode == Database::Mode::Read)
+            return;
         *session << "PRAGMA journal_mode = WAL", now;
         // Only FULL syncs the log at every commit, which a power cut asks for.
         *session << "PRAGMA synchronous = FULL", now;
@@ -76,25 +91,35 @@ void transact(Session &session, const std::function<void(Session &)> &work)
     }
 }
 
-void migrate(Session &session)
+int checkedVersion(Session &session)
 {
     int version = 0;
     session << "PRAGMA user_version", into(version), now;
     if (version > schemaVersion)
         throw StorageError(StorageError::Kind::Failed,
                            "The data folder was written by a newer wexel-receiver");
+    return version;
+}
+
+void migrate(Session &session)
+{
+    const int version = checkedVersion(session);
     if (version == schemaVersion)
         return;
-    for (const char *statement : schema)
-        session << statement, now;
+    for (const char *statement : schema) {
+        if (version != versionWithoutIndex || statement == std::end(schema)[-1])
+            session << statement, now;
+    }
     session << "PRAGMA user_version = " + std::to_string(schemaVersion), now;
 }
 
 } // namespace
 
-Database::Database(const std::filesystem::path &file) : m_writer(open(file)), m_reader(open(file))
+Database::Database(const std::filesystem::path &file, Mode mode)
+    : m_writer(open(file, mode))
+    , m_reader(open(file, mode))
 {
-    write(migrate);
+    mode == Mode::Read ? read(checkedVersion) : write(migrate);
 }
 
 void Database::write(const std::function<void(Session &)> &work)

@@ -13,8 +13,11 @@ namespace wexel::receiver {
 class Database
 {
 public:
-    /// Opens it, or makes it with the schema of this version. Throws StorageError.
-    explicit Database(const std::filesystem::path &file);
+    enum class Mode { Write, Read };
+
+    /// Opens it, or makes it with the schema of this version; with Mode::Read it must exist, and write() fails. Throws
+    /// StorageError.
+    Database(const std::filesystem::path &file, Mode mode);
 
     /// Runs \a work as one transaction, which is on disk when this returns and undone when \a work throws. A failure of
     /// the database comes out as a StorageError.

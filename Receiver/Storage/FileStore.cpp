@@ -1,60 +1,49 @@
 #include "Storage/FileStore.h"
 
 #include "Secrets.h"
-#include "Storage/StorageError.h"
+#include "Storage/Folders.h"
 
 #include <cerrno>
 #include <fcntl.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace wexel::receiver {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-[[noreturn]] void fail(const std::string &what, int code)
+FileStore::FileStore(const fs::path &data)
+    : m_data(data)
+    , m_files(data / "files")
+    , m_incoming(data / "incoming")
 {
-    const bool full = code == ENOSPC || code == EDQUOT || code == EFBIG;
-    throw StorageError(full ? StorageError::Kind::Full : StorageError::Kind::Failed,
-                       what + ": " + std::generic_category().message(code));
 }
 
-void syncFolder(const fs::path &folder)
-{
-    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    const bool synced = descriptor >= 0 && ::fsync(descriptor) == 0;
-    const int code = errno;
-    if (descriptor >= 0)
-        ::close(descriptor);
-    if (!synced)
-        fail("Can't sync the folder " + folder.string(), code);
-}
-
-void makeFolder(const fs::path &folder)
-{
-    std::error_code error;
-    if (fs::create_directory(folder, error)) {
-        fs::permissions(folder, fs::perms::owner_all, error);
-        syncFolder(folder.parent_path());
-    } else if (error) {
-        fail("Can't make the folder " + folder.string(), error.value());
-    }
-}
-
-} // namespace
-
-FileStore::FileStore(const fs::path &data) : m_files(data / "files"), m_incoming(data / "incoming")
+void FileStore::prepare() const
 {
     makeFolder(m_files);
     makeFolder(m_incoming);
-}
-
-void FileStore::removeLeftovers() const
-{
+    // All of them now: whoever finds a folder that another upload has just made can't tell whether its entry is synced.
+    const std::string digits = "0123456789abcdef";
+    for (const char first : digits) {
+        for (const char second : digits)
+            makeFolder(m_files / std::string{first, second});
+    }
+    syncFolder(m_files);
+    syncFolder(m_data);
     for (const fs::directory_entry &entry : fs::directory_iterator(m_incoming))
         fs::remove(entry.path());
+}
+
+std::size_t FileStore::removeAllBut(const std::set<std::string> &kept) const
+{
+    std::size_t count = 0;
+    for (const fs::directory_entry &folder : fs::directory_iterator(m_files)) {
+        for (const fs::directory_entry &entry : fs::directory_iterator(folder.path())) {
+            const std::string sha256 = folder.path().filename().string() + entry.path().filename().string();
+            count += !kept.contains(sha256) && fs::remove(entry.path()) ? 1 : 0;
+        }
+    }
+    return count;
 }
 
 fs::path FileStore::pathOf(const std::string &sha256) const
@@ -69,7 +58,7 @@ IncomingFile::IncomingFile(const FileStore &store)
     , m_digest("SHA256")
 {
     if (m_descriptor < 0)
-        fail("Can't create " + m_path.string(), errno);
+        failStorage("Can't create " + m_path.string(), errno);
 }
 
 IncomingFile::~IncomingFile()
@@ -89,20 +78,19 @@ void IncomingFile::write(std::string_view bytes)
         if (written >= 0)
             bytes.remove_prefix(static_cast<std::size_t>(written));
         else if (errno != EINTR)
-            fail("Can't write " + m_path.string(), errno);
+            failStorage("Can't write " + m_path.string(), errno);
     }
 }
 
 std::string IncomingFile::publish()
 {
     if (::fsync(m_descriptor) != 0)
-        fail("Can't sync " + m_path.string(), errno);
+        failStorage("Can't sync " + m_path.string(), errno);
     std::string sha256 = Poco::DigestEngine::digestToHex(m_digest.digest());
     const fs::path target = m_store.pathOf(sha256);
-    makeFolder(target.parent_path());
     // The same content may be there already: replacing it by its equal is harmless and needs no lock.
     if (::rename(m_path.c_str(), target.c_str()) != 0)
-        fail("Can't publish " + target.string(), errno);
+        failStorage("Can't publish " + target.string(), errno);
     m_path.clear();
     syncFolder(target.parent_path());
     return sha256;

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -14,17 +15,21 @@ namespace wexel::receiver {
 class FileStore
 {
 public:
-    /// Makes the folders that are missing. Throws StorageError.
     explicit FileStore(const std::filesystem::path &data);
 
-    /// Deletes the temporary files that a killed process left. For the one process that serves the folder.
-    void removeLeftovers() const;
+    /// For the one process that serves the folder, before its first upload: makes the folders that are missing and deletes
+    /// the temporary files that a killed process left. Throws StorageError.
+    void prepare() const;
+
+    /// Deletes the files whose SHA-256 is not in \a kept and returns how many. To be called before the first upload.
+    std::size_t removeAllBut(const std::set<std::string> &kept) const;
 
     std::filesystem::path pathOf(const std::string &sha256) const;
 
 private:
     friend class IncomingFile;
 
+    std::filesystem::path m_data;
     std::filesystem::path m_files;
     std::filesystem::path m_incoming;
 };

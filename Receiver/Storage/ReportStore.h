@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -59,6 +60,10 @@ public:
 
     virtual void addFile(const StoredFile &file) = 0;
     virtual std::optional<StoredFile> file(const std::string &id) = 0;
+    /// Forgets the files that arrived before \a before (milliseconds since 1970) and that no report names. Returns how many.
+    virtual std::size_t removeUnreportedFiles(std::int64_t before) = 0;
+    /// The SHA-256 of every file that is known.
+    virtual std::set<std::string> fileContents() = 0;
 
     /// Registers the application if it is unknown. Returns the report's id, or nothing if the application is archived.
     virtual std::optional<std::int64_t> addReport(const NewReport &report) = 0;

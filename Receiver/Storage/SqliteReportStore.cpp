@@ -99,6 +99,25 @@ std::optional<StoredFile> SqliteReportStore::file(const std::string &id)
     return file;
 }
 
+std::size_t SqliteReportStore::removeUnreportedFiles(std::int64_t before)
+{
+    std::size_t count = 0;
+    m_database.write([&](Session &session) {
+        Poco::Data::Statement remove(session);
+        remove << "DELETE FROM files WHERE received < ? AND id NOT IN (SELECT file_id FROM report_files)",
+            bind(before);
+        count = remove.execute();
+    });
+    return count;
+}
+
+std::set<std::string> SqliteReportStore::fileContents()
+{
+    std::set<std::string> contents;
+    m_database.read([&](Session &session) { session << "SELECT sha256 FROM files", into(contents), now; });
+    return contents;
+}
+
 std::optional<std::int64_t> SqliteReportStore::addReport(const NewReport &report)
 {
     std::optional<std::int64_t> id;

@@ -16,6 +16,8 @@ public:
     bool setArchived(const std::string &bundleId, bool archived) override;
     void addFile(const StoredFile &file) override;
     std::optional<StoredFile> file(const std::string &id) override;
+    std::size_t removeUnreportedFiles(std::int64_t before) override;
+    std::set<std::string> fileContents() override;
     std::optional<std::int64_t> addReport(const NewReport &report) override;
     std::vector<ReportSummary> reports() override;
     std::optional<std::string> reportJson(std::int64_t id) override;

@@ -68,6 +68,18 @@ TEST_F(CommandsTest, ExplainsUnusableFolders)
     EXPECT_THAT(taken.output, HasSubstr("Can't listen"));
 }
 
+TEST_F(CommandsTest, KeepsAFolderThatWasThereToTheOwner)
+{
+    using std::filesystem::perms;
+    std::filesystem::create_directory(data);
+    std::filesystem::permissions(data, perms(0755));
+    start();
+    receiver->client().upload("a", "b");
+    for (const auto &entry : std::filesystem::recursive_directory_iterator(data))
+        EXPECT_EQ(entry.status().permissions() & (perms::group_all | perms::others_all), perms::none)
+            << entry.path();
+}
+
 TEST_F(CommandsTest, ListsReportsAsATable)
 {
     writeFile(folder.path() / "clients", "# the beta\n\nbeta:two\r\n");

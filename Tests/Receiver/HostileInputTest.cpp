@@ -5,9 +5,11 @@ namespace {
 class HostileInputTest : public ReceiverTest
 {
 protected:
-    std::size_t filesOnDisk() const
+    std::size_t filesOnDisk() const { return filesIn(folder.path()); }
+
+    static std::size_t filesIn(const std::filesystem::path &top)
     {
-        const auto entries = std::filesystem::recursive_directory_iterator(folder.path());
+        const auto entries = std::filesystem::recursive_directory_iterator(top);
         return static_cast<std::size_t>(std::count_if(
             begin(entries), end(entries), [](const auto &entry) { return entry.is_regular_file(); }));
     }
@@ -47,6 +49,7 @@ TEST_F(HostileInputTest, RefusesMalformedBodies)
             .status,
         200);
     EXPECT_TRUE(std::filesystem::is_empty(data / "incoming"));
+    EXPECT_EQ(filesIn(data / "files"), 1U) << "bytes of refused uploads are kept";
 }
 
 TEST_F(HostileInputTest, KeepsNamesOffTheDisk)

@@ -69,6 +69,21 @@ TEST_F(LimitsTest, CutsOffSlowRequests)
     EXPECT_EQ(receiver->client().sendReport("{}").status, 200);
 }
 
+/// The status that a new client gets once it gets one other than \a unwanted; 0 if it does not in time.
+int statusOfNewClient(const TestReceiver &receiver, int unwanted, std::chrono::seconds patience)
+{
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    while (std::chrono::steady_clock::now() < deadline) {
+        try {
+            const int status = receiver.stranger().authenticate().status;
+            if (status != unwanted)
+                return status;
+        } catch (const Poco::Exception &) { // Not even that many are told that they are too many.
+        }
+    }
+    return 0;
+}
+
 TEST_F(LimitsTest, ServesNoMoreConnectionsThanAllowed)
 {
     start({"--max-connections", "2"});
@@ -79,11 +94,43 @@ TEST_F(LimitsTest, ServesNoMoreConnectionsThanAllowed)
     EXPECT_EQ(first.sendReport("{}").status, 200);
 
     second.reset();
-    int status = 503;
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (status == 503 && std::chrono::steady_clock::now() < deadline)
-        status = receiver->stranger().authenticate().status;
-    EXPECT_EQ(status, 200);
+    EXPECT_EQ(statusOfNewClient(*receiver, 503, std::chrono::seconds(10)), 200);
+}
+
+TEST_F(LimitsTest, SilentConnectionsLockNobodyOut)
+{
+    start({"--max-connections", "2"});
+    // Two that are served, some that are told that they are too many, and more than can be told at once.
+    std::vector<Poco::Net::StreamSocket> silent;
+    for (int i = 0; i < 50; ++i)
+        silent.push_back(receiver->connect());
+    EXPECT_TRUE(readUntilClosed(silent[10]).value_or("open").starts_with("HTTP/1.1 503"));
+    EXPECT_EQ(statusOfNewClient(*receiver, 200, std::chrono::seconds(8)), 503);
+    EXPECT_EQ(statusOfNewClient(*receiver, 503, std::chrono::seconds(30)), 200);
+}
+
+TEST_F(LimitsTest, BoundsTheReportsInMemory)
+{
+    start({"--max-report-size", "1000"});
+    const std::string token = receiver->client().token;
+    const std::string head = "POST /api/1.0/issue_tracking/apps/a HTTP/1.1\r\nAuthorization: Bearer " + token
+        + "\r\nContent-Length: 1000\r\nExpect: 100-continue\r\n\r\n";
+    std::vector<Poco::Net::StreamSocket> senders;
+    for (int i = 0; i < 8; ++i) {
+        char answer[25];
+        senders.push_back(receiver->connect());
+        send(senders.back(), head);
+        ASSERT_EQ(senders.back().receiveBytes(answer, sizeof answer), 25); // Its body is awaited now.
+    }
+    Client client = receiver->client();
+    const Reply refused = client.sendReport("{}");
+    EXPECT_EQ(refused.status, 503);
+    EXPECT_EQ(refused.header.get("Retry-After", ""), "5");
+    send(senders.front(), "{" + std::string(998, ' ') + "}");
+    char answer[12];
+    ASSERT_EQ(senders.front().receiveBytes(answer, sizeof answer), 12);
+    EXPECT_EQ(std::string(answer, sizeof answer), "HTTP/1.1 200");
+    EXPECT_EQ(client.sendReport("{}").status, 200);
 }
 
 TEST_F(LimitsTest, ServesManyClientsAtOnce)

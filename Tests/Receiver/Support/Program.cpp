@@ -37,7 +37,8 @@ Program::Program(const std::vector<std::string> &command, Output output)
         ::dup2(ends[1], STDOUT_FILENO);
         if (output == Output::Both)
             ::dup2(ends[1], STDERR_FILENO);
-        ::setenv("TSAN_OPTIONS", "suppressions=" WEXEL_TSAN_SUPPRESSIONS, 0);
+        // The receiver's own, whatever the test program runs with.
+        ::setenv("TSAN_OPTIONS", "suppressions=" WEXEL_TSAN_SUPPRESSIONS, 1);
         ::execvp(arguments[0], arguments.data());
         ::_exit(127);
     }
