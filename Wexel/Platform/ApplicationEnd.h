@@ -15,7 +15,8 @@ public:
 
     /// Runs the block on the main thread when the application object is being destroyed.
     static void perform(Phase phase, std::function<void()> block);
-    /// True from the moment the first block runs.
+    /// True from the moment when the application object is being destroyed, after it was first asked while one was
+    /// there.
     [[nodiscard]] static bool hasBegun();
 };
 
