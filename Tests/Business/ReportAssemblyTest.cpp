@@ -17,7 +17,7 @@ namespace {
 /// A machine of which the test decides what can be known.
 struct Machine final : DeviceFacts {
     BatteryFact batteryFact;
-    ServiceFacts serviceFacts{.canAuthenticateOwner = true};
+    ServiceFacts serviceFacts{{}, {}, true};
     bool broken = false;
     std::optional<QString> locale = QStringLiteral("de_AT");
 
