@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QUrl>
 
+#include "Platform/ApplicationEnd.h"
 #include "Platform/Linux/BusService.h"
 
 namespace wexel {
@@ -61,9 +62,9 @@ BusConnection::~BusConnection()
 QDBusConnection BusConnection::get()
 {
     const std::lock_guard lock(m_mutex);
-    const QDBusConnection existing(m_name);
+    QDBusConnection existing(m_name);
     const auto now = std::chrono::steady_clock::now();
-    if (existing.isConnected() || m_address.isEmpty() || now < m_notBefore)
+    if (existing.isConnected() || m_address.isEmpty() || now < m_notBefore || ApplicationEnd::hasBegun())
         return existing;
     if (!connect()) {
         QDBusConnection::disconnectFromPeer(m_name);

@@ -18,9 +18,9 @@ using BusProvider = std::function<QDBusConnection()>;
 /// One service on D-Bus, for a few short questions on end: made, asked, dropped.
 ///
 /// Every answer is awaited in place, for at most the time-out; after one that did not come the service is not
-/// asked again by this object, so a hung service costs one time-out. With the end of the application all answers are
-/// absent. Not for the main thread: the time-out is long enough for the bus to start a service. Absent answers are not logged: a machine
-/// without the service is as good as any. May be used on any thread, by one at a time.
+/// asked again by this object, so a hung service costs one time-out. When the application has ended, all
+/// answers are absent. Absent answers are not logged: a machine without the service is as good as any. May be
+/// used on any thread but the main one (the bus has time to start a service), by one at a time.
 class BusService
 {
 public:

@@ -10,9 +10,8 @@ namespace wexel {
 /// directory on the network: not for the main thread.
 [[nodiscard]] QString loginName();
 
-/// Whether the machine can ask its owner to prove who they are: the account has a password (told by
-/// AccountsService) or enrolled fingers (told by
-/// fprintd). Thread-safe: no state.
+/// Whether the machine can ask its owner to prove who they are: the account has a password (told by AccountsService) or
+/// enrolled fingers (told by fprintd). Thread-safe: no state.
 class OwnerAuthentication
 {
 public:
