@@ -16,9 +16,8 @@ namespace {
 
 /// A machine of which the test decides what can be known.
 struct Machine final : DeviceFacts {
-    QMap<Permission, PermissionState> permissions;
     BatteryFact batteryFact;
-    NetworkIdentity networkIdentity;
+    ServiceFacts serviceFacts{{}, {}, true};
     bool broken = false;
     std::optional<QString> locale = QStringLiteral("de_AT");
 
@@ -34,10 +33,6 @@ struct Machine final : DeviceFacts {
     static constexpr quint64 mebibyte = 1 << 20;
     QString hardwareModel() const override { return QStringLiteral("x86_64"); }
     QString systemVersion() const override { return QStringLiteral("12"); }
-    PermissionState permission(Permission p) const override
-    {
-        return permissions.value(p, PermissionState::NotGranted);
-    }
     QString timeZoneName() const override { return QStringLiteral("Europe/Vienna"); }
     std::optional<QString> localeIdentifier() const override { return locale; }
     BatteryFact battery() const override { return batteryFact; }
@@ -57,8 +52,8 @@ struct Machine final : DeviceFacts {
     int deviceOrientation() const override { return 3; }
     int screenWidth() const override { return 1170; }
     int screenHeight() const override { return 2532; }
-    NetworkIdentity network() const override { return networkIdentity; }
-    bool canAuthenticateOwner() const override { return true; }
+    ServiceFacts services() const override { return serviceFacts; }
+    NetworkIdentity network() const override { return serviceFacts.network; }
 };
 
 struct NoScreens final : Flow {
@@ -86,9 +81,9 @@ struct ReportAssemblyTest : testing::Test {
 TEST_F(ReportAssemblyTest, WritesEveryFactInItsUnitAndType)
 {
     machine.batteryFact = {2, 0.57F};
-    machine.networkIdentity = {QStringLiteral("wifi"), QStringLiteral("Lab")};
-    machine.permissions = {{Permission::Camera, PermissionState::Granted},
-                           {Permission::Location, PermissionState::GrantedWhileUsing}};
+    machine.serviceFacts.network = {QStringLiteral("wifi"), QStringLiteral("Lab")};
+    machine.serviceFacts.permissions = {{Permission::Camera, PermissionState::Granted},
+                                        {Permission::Location, PermissionState::GrantedWhileUsing}};
     const QVariantMap expected{
         {kWXLModelName, QStringLiteral("x86_64")},
         {kWXLDeviceType, QStringLiteral("iOS")},

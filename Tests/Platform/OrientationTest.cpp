@@ -1,13 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <future>
+
 #include <QAccelerometer>
 #include <QOrientationSensor>
 #include <QSensorBackend>
 #include <QSensorBackendFactory>
 #include <QSensorManager>
-#include <QThread>
 
-#include "Platform/MainScreen.h"
+#include "Platform/BackgroundThread.h"
 #include "Platform/OrientationSensor.h"
 
 using namespace wexel;
@@ -39,25 +40,15 @@ class FixedFactory final : public QSensorBackendFactory
     QSensorBackend *createBackend(QSensor *sensor) override { return new FixedBackend(sensor); }
 };
 
-/// A background thread; the calls posted to it run in order, so one that was waited for has seen the ones before.
 class OrientationSensorTest : public testing::Test
 {
 protected:
-    OrientationSensorTest()
-    {
-        background->moveToThread(&thread);
-        QObject::connect(&thread, &QThread::finished, background, &QObject::deleteLater);
-        thread.start();
-    }
-    ~OrientationSensorTest() override
-    {
-        thread.quit();
-        thread.wait();
-    }
+    /// Blocks run in order: when this one has, those before it have too.
     void catchUp() const
     {
-        QMetaObject::invokeMethod(
-            background, [] {}, Qt::BlockingQueuedConnection);
+        std::promise<void> done;
+        background->perform([&done] { done.set_value(); });
+        done.get_future().wait();
     }
     static void useBackend(const QByteArray &identifier)
     {
@@ -67,8 +58,7 @@ protected:
         QSensorManager::setDefaultBackend(QOrientationSensor::sensorType, identifier);
     }
 
-    QThread thread;
-    QObject *background = new QObject;
+    BackgroundThread *background = &BackgroundThread::shared();
 };
 
 } // namespace
@@ -100,7 +90,6 @@ TEST_F(OrientationSensorTest, aStandInAccelerometerIsNoSensor)
     sensor.read();
     catchUp();
     EXPECT_EQ(sensor.read(), std::nullopt);
-    EXPECT_TRUE(background->children().isEmpty());
 }
 
 TEST_F(OrientationSensorTest, withoutABackgroundThereIsNoSensor)

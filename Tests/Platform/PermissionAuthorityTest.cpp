@@ -33,8 +33,10 @@ protected:
     }
     [[nodiscard]] PermissionState state(Permission permission, const QString &id = application)
     {
-        return PermissionAuthority(session.provider(), system.provider(), devices.path())
-            .state(permission, id);
+        const auto states
+            = PermissionAuthority(session.provider(), system.provider(), devices.path()).states(id);
+        const auto known = states.find(permission);
+        return known == states.end() ? PermissionState::NotGranted : known->second;
     }
 
     PrivateBus session;

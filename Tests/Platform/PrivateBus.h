@@ -5,6 +5,7 @@
 #include <atomic>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 #include <QDBusConnection>
@@ -26,10 +27,18 @@ using BusAnswers = std::map<QString, QVariantList>;
 class BusObjects final : public QDBusVirtualObject
 {
 public:
-    explicit BusObjects(BusAnswers answers) : m_answers(std::move(answers)) { }
+    BusObjects(BusAnswers answers, std::mutex &gate, std::atomic<int> &timesCalled)
+        : m_gate(gate)
+        , m_timesCalled(timesCalled)
+    {
+        const std::lock_guard lock(m_gate);
+        m_answers = std::move(answers);
+    }
     QString introspect(const QString & /*path*/) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
     {
+        ++m_timesCalled;
+        const std::lock_guard lock(m_gate);
         const bool isProperty = message.member() == QLatin1String("Get");
         QString question = message.path();
         if (!isProperty)
@@ -49,6 +58,8 @@ public:
     }
 
 private:
+    std::mutex &m_gate; // guards `m_answers`
+    std::atomic<int> &m_timesCalled;
     BusAnswers m_answers;
 };
 
@@ -86,7 +97,7 @@ public:
 
     void serve(const QString &name, BusAnswers answers)
     {
-        m_objects.push_back(std::make_unique<BusObjects>(std::move(answers)));
+        m_objects.push_back(std::make_unique<BusObjects>(std::move(answers), gate, timesCalled));
         QDBusConnection connection = connect();
         ASSERT_TRUE(connection.registerVirtualObject(QStringLiteral("/"), m_objects.back().get(),
                                                      QDBusConnection::SubPath));
@@ -113,7 +124,11 @@ public:
         };
     }
 
-    std::atomic<int> timesAsked = 0;
+    [[nodiscard]] const QString &address() const { return m_address; }
+
+    std::atomic<int> timesAsked = 0; ///< for a connection
+    std::atomic<int> timesCalled = 0; ///< the services were
+    std::mutex gate; ///< the services answer only while nobody else holds it
 
 private:
     QDBusConnection connect()

@@ -113,17 +113,6 @@ TEST_F(WirelessNetworkTest, hardwareWithoutItsServiceIsAbsentAndAnAnswerOfTheWro
     EXPECT_EQ(identity().type, std::nullopt);
 }
 
-TEST_F(WirelessNetworkTest, aHungServiceCostsOneTimeOut)
-{
-    addWifi();
-    bus.serve(networkManager,
-              {{QStringLiteral("/org/freedesktop/NetworkManager GetDeviceByIpIface wlan0"), {}},
-               {QStringLiteral("/org/freedesktop/NetworkManager GetDeviceByIpIface wlan1"), {}}});
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(identity().name, std::nullopt);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 2 * BusService::timeout);
-}
-
 TEST(RadioAccessTechnologyTest, theNewestOfSeveralCounts)
 {
     const auto name = [](uint bits) { return radioAccessTechnology(bits).value_or(QString()).mid(23); };

@@ -23,7 +23,7 @@ std::unique_ptr<WXLWexelPrivate> makeWexel(std::unique_ptr<Flow> flowOfThisBuild
     ApplicationState::watch();
     // Never destroyed: blocks that refer to these may still run while the process ends.
     auto *flow = flowOfThisBuild.release();
-    auto *facts = makeDeviceFacts(BackgroundThread::shared().context()).release();
+    auto *facts = makeDeviceFacts(&BackgroundThread::shared()).release();
     auto *session = new UrlSession(WXLAPI::sessionConfiguration());
     const auto infoPlist = [] { return WXLInfoPlist(); };
     auto *api = new WXLAPI(*session, MainScheduler::shared(), infoPlist);

@@ -6,7 +6,6 @@
 #include "Business/ReportKeys.h"
 #include "Helpers/WXLConnection.h"
 #include "Platform/Bundle.h"
-#include "Platform/DeviceFacts.h"
 #include "Platform/Log.h"
 
 namespace wexel {
@@ -98,15 +97,16 @@ QVariantMap ReportAssembly::setupDefaultData() const
 {
     QVariantMap data;
     addIdentity(data);
-    addPermissions(data);
+    const ServiceFacts services = m_facts.services();
+    addPermissions(data, services.permissions);
     addTimeAndPlace(data);
     addBattery(data);
     addDisk(data);
     addMemory(data);
     addScreen(data);
-    addNetwork(data);
+    addNetwork(data, services.network);
     insertIfPresent(data, kWXLViewControllerName, m_flow.topViewControllerName());
-    data.insert(kWXLAuthentication, m_facts.canAuthenticateOwner() ? 1 : 0);
+    data.insert(kWXLAuthentication, services.canAuthenticateOwner ? 1 : 0);
     addHistories(data);
     return data;
 }
@@ -128,10 +128,11 @@ void ReportAssembly::addIdentity(QVariantMap &data) const
     insertIfPresent(data, kWXLWexelSDKVersion, text(Bundle::library(), shortVersion));
 }
 
-void ReportAssembly::addPermissions(QVariantMap &data) const
+void ReportAssembly::addPermissions(QVariantMap &data, const Permissions &states)
 {
     for (const auto &[permission, key] : permissions) {
-        switch (m_facts.permission(permission)) {
+        const auto state = states.find(permission);
+        switch (state == states.end() ? PermissionState::NotGranted : state->second) {
         case PermissionState::Granted:
             data.insert(*key, kWXLAccessPermissionGranted);
             break;
@@ -194,14 +195,13 @@ void ReportAssembly::addScreen(QVariantMap &data) const
     data.insert(kWXLScreenWidth, m_facts.screenWidth());
 }
 
-void ReportAssembly::addNetwork(QVariantMap &data) const
+void ReportAssembly::addNetwork(QVariantMap &data, const NetworkIdentity &network) const
 {
     if (!m_connection.hasConnectivity()) {
         data.insert(kWXLNetworkName, QString());
         data.insert(kWXLNetworkType, QStringLiteral("offline"));
         return;
     }
-    const NetworkIdentity network = m_facts.network();
     insertIfPresent(data, kWXLNetworkName, network.name);
     insertIfPresent(data, kWXLNetworkType, network.type);
 }

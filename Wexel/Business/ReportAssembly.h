@@ -7,10 +7,10 @@
 #include <Wexel/WXLWexelReportData.h>
 
 #include "Business/WXLDateProvider.h"
+#include "Platform/DeviceFacts.h"
 
 namespace wexel {
 
-class DeviceFacts;
 class Flow;
 class WXLAppRepository;
 class WXLConnection;
@@ -33,13 +33,13 @@ public:
 
 private:
     void addIdentity(QVariantMap &data) const;
-    void addPermissions(QVariantMap &data) const;
+    static void addPermissions(QVariantMap &data, const Permissions &states);
     void addTimeAndPlace(QVariantMap &data) const;
     void addBattery(QVariantMap &data) const;
     void addDisk(QVariantMap &data) const;
     void addMemory(QVariantMap &data) const;
     void addScreen(QVariantMap &data) const;
-    void addNetwork(QVariantMap &data) const;
+    void addNetwork(QVariantMap &data, const NetworkIdentity &network) const;
     void addHistories(QVariantMap &data) const;
 
     const DeviceFacts &m_facts;

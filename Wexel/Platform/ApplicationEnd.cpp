@@ -18,10 +18,14 @@ struct Registry {
     std::atomic<bool> begun = false;
 };
 
+void end();
+
 Registry &registry()
 {
-    static auto *instance
-        = new Registry; // never destroyed: the library's threads may outlive static destruction
+    static auto *instance = [] {
+        qAddPostRoutine(end);
+        return new Registry; // never destroyed: the library's threads may outlive static destruction
+    }();
     return *instance;
 }
 
@@ -55,7 +59,7 @@ void endWithThisThread()
 void ApplicationEnd::perform(Phase phase, std::function<void()> block)
 {
     const std::lock_guard lock(registry().mutex);
-    if (registry().blocks.empty())
+    if (registry().begun) // for an application object that came after the one that ended
         qAddPostRoutine(end);
     endWithThisThread();
     registry().blocks.emplace(phase, std::move(block));

@@ -16,7 +16,8 @@ public:
     /// Runs the block when the application object is being destroyed, or when the
     /// main thread calls std::exit; on the main thread.
     static void perform(Phase phase, std::function<void()> block);
-    /// True from the moment the first block runs.
+    /// True from the moment when the application object is being destroyed, after it was first asked while one was
+    /// there.
     [[nodiscard]] static bool hasBegun();
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -7,9 +8,9 @@
 
 #include "Platform/Error.h"
 
-class QObject;
-
 namespace wexel {
+
+class BackgroundThread;
 
 /// Free and total bytes of one file system.
 struct FileSystemSize {
@@ -32,12 +33,21 @@ struct BatteryFact {
 
 enum class Permission { Camera, Microphone, Contacts, PhotoLibrary, Location, Calendar, MediaLibrary };
 enum class PermissionState { NotGranted, GrantedWhileUsing, Granted };
+using Permissions = std::map<Permission, PermissionState>; ///< one that is missing is not granted
 
-/// What can be known about the machine, one function a source. Each reads the real thing afresh; what this
-/// machine cannot know is absent. Where a function takes an `Error`, it is set when the result is absent.
+/// What services of the system know, which may take seconds to start and to answer. A default value: no answer yet.
+struct ServiceFacts {
+    Permissions permissions;
+    NetworkIdentity network;
+    bool canAuthenticateOwner = false; ///< the machine can ask its owner for a password or a fingerprint
+};
+
+/// What can be known about the machine, one function a source. Each reads the real thing afresh, but for services
+/// of the system; what this machine cannot know is absent. Where a function takes an `Error`, it is set when the
+/// result is absent.
 ///
-/// None blocks for longer than a few milliseconds; a service of the system that hangs costs 50 ms. Memory,
-/// file system, network and device orientation may be read on any thread, the rest on the main thread.
+/// None blocks for longer than a few milliseconds, `services` for 20. Memory, file system, network and device
+/// orientation may be read on any thread, the rest on the main thread.
 class DeviceFacts
 {
 public:
@@ -45,7 +55,6 @@ public:
 
     [[nodiscard]] virtual QString hardwareModel() const = 0; ///< machine field of the kernel's identification
     [[nodiscard]] virtual QString systemVersion() const = 0; ///< operating-system version, for example "12"
-    [[nodiscard]] virtual PermissionState permission(Permission permission) const = 0;
     [[nodiscard]] virtual QString timeZoneName() const = 0; ///< IANA identifier
     [[nodiscard]] virtual std::optional<QString>
     localeIdentifier() const = 0; ///< "en_GB"; absent for the C locale
@@ -65,15 +74,17 @@ public:
     /// Of the main screen in native pixels; 0 without one.
     [[nodiscard]] virtual int screenWidth() const = 0;
     [[nodiscard]] virtual int screenHeight() const = 0;
+    /// Has the services asked in the background, as was done when the facts were made. What they do not answer
+    /// within 20 ms is as it was last known.
+    [[nodiscard]] virtual ServiceFacts services() const = 0;
+    /// As last known, at once; each call has it asked again in the background. Who calls every few seconds is
+    /// no further behind than that.
     [[nodiscard]] virtual NetworkIdentity network() const = 0;
-    /// True when the machine can ask its owner for a password or a fingerprint.
-    [[nodiscard]] virtual bool canAuthenticateOwner() const = 0;
 };
 
 /// The facts of the machine that this process runs on. Called on the main thread.
-/// \param background an object on a background thread with a running event loop, which the orientation sensor
-/// is
-///        started on when it is first asked for; it outlives the facts. Null: no sensor is used.
-std::unique_ptr<DeviceFacts> makeDeviceFacts(QObject *background = nullptr);
+/// \param background where the orientation sensor is started when it is first asked for; outlives the facts. Null: no
+///        sensor is used.
+std::unique_ptr<DeviceFacts> makeDeviceFacts(BackgroundThread *background = nullptr);
 
 } // namespace wexel

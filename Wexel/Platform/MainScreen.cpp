@@ -14,6 +14,14 @@ QScreen *primaryScreen()
         : nullptr;
 }
 
+// Qt has rounded the native length divided by the scale, which two lengths can share at a fractional scale. Of those
+// the even one is the screen's: 614 at 1.25 is 768, not 767.
+int nativeLength(int length, qreal scale)
+{
+    const int even = 2 * qRound(length * scale / 2);
+    return qRound(even * (1 / scale)) == length ? even : qRound(length * scale);
+}
+
 int orientationCode(Qt::ScreenOrientation orientation)
 {
     switch (orientation) {
@@ -36,7 +44,7 @@ int orientationCode(Qt::ScreenOrientation orientation)
 MainScreen::MainScreen()
 {
     if (auto *application = qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
-        QObject::connect(application, &QGuiApplication::primaryScreenChanged, &m_screenContext,
+        QObject::connect(application, &QGuiApplication::primaryScreenChanged, &m_context,
                          [this] { follow(); });
         follow();
     }
@@ -47,15 +55,16 @@ QSize MainScreen::nativeSize() const
     const QScreen *screen = primaryScreen();
     if (screen == nullptr)
         return {0, 0};
-    const QSizeF size = QSizeF(screen->size()) * screen->devicePixelRatio();
-    return {static_cast<int>(size.width()), static_cast<int>(size.height())};
+    return {nativeLength(screen->size().width(), screen->devicePixelRatio()),
+            nativeLength(screen->size().height(), screen->devicePixelRatio())};
 }
 
 void MainScreen::follow()
 {
+    m_followed = std::make_unique<QObject>();
     if (const QScreen *screen = primaryScreen()) {
-        QObject::connect(screen, &QScreen::orientationChanged, &m_screenContext, [this] { update(); });
-        QObject::connect(screen, &QScreen::primaryOrientationChanged, &m_screenContext, [this] { update(); });
+        QObject::connect(screen, &QScreen::orientationChanged, m_followed.get(), [this] { update(); });
+        QObject::connect(screen, &QScreen::primaryOrientationChanged, m_followed.get(), [this] { update(); });
     }
     update();
 }

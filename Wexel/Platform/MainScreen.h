@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <memory>
 
 #include <QObject>
 #include <QSize>
@@ -15,7 +16,7 @@ class MainScreen
 public:
     MainScreen();
 
-    /// In native pixels, truncated; empty without a screen.
+    /// In native pixels; empty without a screen.
     [[nodiscard]] QSize nativeSize() const;
     /// As DeviceFacts::deviceOrientation, 0 to 4.
     [[nodiscard]] int orientation() const { return m_orientation; }
@@ -25,7 +26,8 @@ private:
     void update();
 
     std::atomic<int> m_orientation = 0;
-    QObject m_screenContext; // its connections are those to the screen being followed
+    QObject m_context; // of the connection to the application
+    std::unique_ptr<QObject> m_followed; // of those to the screen being followed
 };
 
 } // namespace wexel

@@ -1,8 +1,9 @@
 #include "Platform/OrientationSensor.h"
 
 #include <QAccelerometer>
-#include <QMetaObject>
 #include <QOrientationSensor>
+
+#include "Platform/BackgroundThread.h"
 
 namespace wexel {
 
@@ -37,36 +38,49 @@ bool isReal(const QOrientationSensor &sensor)
     return !isDerived || !QSensor::defaultSensorForType(QAccelerometer::sensorType).startsWith("dummy.");
 }
 
+constexpr int noReading = -1;
+
 } // namespace
 
-OrientationSensor::OrientationSensor(QObject *background) : m_background(background) { }
+struct OrientationSensor::State {
+    std::atomic<int> reading = noReading;
+    std::unique_ptr<QOrientationSensor> sensor; // touched on the background thread only
+
+    void start();
+};
+
+void OrientationSensor::State::start()
+{
+    auto candidate = std::make_unique<QOrientationSensor>();
+    if (!candidate->connectToBackend() || !isReal(*candidate))
+        return;
+    QObject::connect(
+        candidate.get(), &QSensor::readingChanged, candidate.get(),
+        [this, source = candidate.get()] { reading = orientationCode(source->reading()->orientation()); });
+    if (candidate->start())
+        sensor = std::move(candidate);
+}
+
+OrientationSensor::OrientationSensor(BackgroundThread *background)
+    : m_background(background)
+    , m_state(std::make_shared<State>())
+{
+}
+
+OrientationSensor::~OrientationSensor()
+{
+    if (m_isAsked)
+        m_background->perform([state = m_state] { state->sensor.reset(); });
+}
 
 std::optional<int> OrientationSensor::read()
 {
     if (m_background != nullptr && !m_isAsked.exchange(true)) {
-        QMetaObject::invokeMethod(
-            m_background,
-            [background = m_background, reading = std::weak_ptr(m_reading)] { start(background, reading); },
-            Qt::QueuedConnection);
+        m_background->perform([state = m_state] { state->start(); });
+        m_background->performAtEnd([state = m_state] { state->sensor.reset(); });
     }
-    const int reading = *m_reading;
+    const int reading = m_state->reading;
     return reading == noReading ? std::nullopt : std::optional(reading);
-}
-
-// On the background thread. The sensor belongs to `background` and goes with it.
-void OrientationSensor::start(QObject *background, const std::weak_ptr<std::atomic<int>> &reading)
-{
-    auto sensor = std::make_unique<QOrientationSensor>();
-    if (!sensor->connectToBackend() || !isReal(*sensor))
-        return;
-    QObject::connect(sensor.get(), &QSensor::readingChanged, sensor.get(), [sensor = sensor.get(), reading] {
-        if (const auto target = reading.lock())
-            *target = orientationCode(sensor->reading()->orientation());
-        else
-            sensor->deleteLater();
-    });
-    if (sensor->start())
-        sensor.release()->setParent(background);
 }
 
 } // namespace wexel

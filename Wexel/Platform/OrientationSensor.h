@@ -4,9 +4,9 @@
 #include <memory>
 #include <optional>
 
-class QObject;
-
 namespace wexel {
+
+class BackgroundThread;
 
 /// The machine's orientation sensor, in the codes of DeviceFacts::deviceOrientation.
 ///
@@ -15,21 +15,22 @@ namespace wexel {
 class OrientationSensor
 {
 public:
-    /// \param background an object on a thread with a running event loop; outlives this one. Null: no sensor.
-    explicit OrientationSensor(QObject *background);
+    /// \param background where the sensor lives; outlives this one. Null: no sensor.
+    explicit OrientationSensor(BackgroundThread *background);
+    ~OrientationSensor();
+    OrientationSensor(const OrientationSensor &) = delete;
+    OrientationSensor &operator=(const OrientationSensor &) = delete;
 
     /// The last reading; absent without a sensor or before its first reading. The first call starts the
     /// sensor.
     std::optional<int> read();
 
 private:
-    static constexpr int noReading = -1;
+    struct State;
 
-    static void start(QObject *background, const std::weak_ptr<std::atomic<int>> &reading);
-
-    QObject *m_background;
+    BackgroundThread *m_background;
     std::atomic<bool> m_isAsked = false;
-    std::shared_ptr<std::atomic<int>> m_reading = std::make_shared<std::atomic<int>>(noReading);
+    std::shared_ptr<State> m_state;
 };
 
 } // namespace wexel

@@ -24,6 +24,7 @@ int runProbe(int argc, char **argv)
         << wexel::Bundle::main().objectForInfoDictionaryKey(QStringLiteral("CFBundleIdentifier")).toString()
         << '\n'
         << facts->screenWidth() << 'x' << facts->screenHeight() << ' ' << facts->deviceOrientation() << '\n'
-        << facts->localeIdentifier().value_or(QStringLiteral("none")) << '\n';
+        << facts->localeIdentifier().value_or(QStringLiteral("none")) << '\n'
+        << facts->services().canAuthenticateOwner << '\n';
     return 0;
 }

@@ -5,11 +5,16 @@
 #include <QDBusVariant>
 #include <QStringList>
 
+#include "Platform/ApplicationEnd.h"
+
 namespace wexel {
 
-BusService::BusService(const BusProvider &bus, QString name)
+BusService::BusService(const BusProvider &bus, QString name, std::chrono::milliseconds patience)
     : m_connection(bus())
-    , m_name(std::move(name)) { }
+    , m_name(std::move(name))
+    , m_patience(patience)
+{
+}
 
 bool BusService::isAvailable()
 {
@@ -35,11 +40,11 @@ std::optional<QVariantList> BusService::send(const QString &service, const QStri
                                              const QVariantList &arguments)
 {
     const bool isPath = path.startsWith(u'/'); // it may come from an answer of the wrong type
-    if (m_isSilent || !isPath || !m_connection.isConnected())
+    if (m_isSilent || ApplicationEnd::hasBegun() || !isPath || !m_connection.isConnected())
         return std::nullopt;
     QDBusMessage message = QDBusMessage::createMethodCall(service, path, interface, method);
     message.setArguments(arguments);
-    const QDBusMessage reply = m_connection.call(message, QDBus::Block, static_cast<int>(timeout.count()));
+    const QDBusMessage reply = m_connection.call(message, QDBus::Block, static_cast<int>(m_patience.count()));
     if (reply.type() == QDBusMessage::ReplyMessage)
         return reply.arguments();
     const auto error = QDBusError(reply).type();

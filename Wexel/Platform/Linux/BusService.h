@@ -17,15 +17,16 @@ using BusProvider = std::function<QDBusConnection()>;
 
 /// One service on D-Bus, for a few short questions on end: made, asked, dropped.
 ///
-/// Every answer is awaited for at most `timeout`, in place; after one that did not come the service is not
-/// asked again by this object, so a hung service costs one time-out. Absent answers are not logged: a machine
-/// without the service is as good as any. May be used on any thread, by one at a time.
+/// Every answer is awaited in place, for at most the time-out; after one that did not come the service is not
+/// asked again by this object, so a hung service costs one time-out. When the application has ended, all
+/// answers are absent. Absent answers are not logged: a machine without the service is as good as any. May be
+/// used on any thread but the main one (the bus has time to start a service), by one at a time.
 class BusService
 {
 public:
-    static constexpr std::chrono::milliseconds timeout{50};
+    static constexpr std::chrono::milliseconds timeout{5000};
 
-    BusService(const BusProvider &bus, QString name);
+    BusService(const BusProvider &bus, QString name, std::chrono::milliseconds patience = timeout);
 
     /// True when the service runs or can be started by the bus. Without a bus: false, at once.
     [[nodiscard]] bool isAvailable();
@@ -42,6 +43,7 @@ private:
 
     QDBusConnection m_connection;
     QString m_name;
+    std::chrono::milliseconds m_patience;
     bool m_isSilent = false;
 };
 

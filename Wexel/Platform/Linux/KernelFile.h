@@ -12,7 +12,7 @@ namespace wexel {
 /// A failure of the system as an Error: domain "POSIXErrorDomain", the code as given.
 [[nodiscard]] Error posixError(int code, const QString &message = {});
 
-/// The whole of a small file of /proc, /sys or /etc (at most 64 KiB of it). Absent, with `error` set, when it
+/// The whole of a small file of /proc or /sys (at most 64 KiB of it). Absent, with `error` set, when it
 /// cannot be read. Thread-safe.
 std::optional<QByteArray> readKernelFile(const QString &path, Error &error);
 

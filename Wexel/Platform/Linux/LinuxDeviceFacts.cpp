@@ -1,5 +1,3 @@
-#include <QDBusConnection>
-#include <QFileInfo>
 #include <QLocale>
 #include <QSysInfo>
 #include <QTimeZone>
@@ -7,11 +5,9 @@
 
 #include "Platform/DeviceFacts.h"
 #include "Platform/FileSystem.h"
-#include "Platform/Linux/OwnerAuthentication.h"
-#include "Platform/Linux/PermissionAuthority.h"
 #include "Platform/Linux/PowerSupplies.h"
 #include "Platform/Linux/ProcessMemory.h"
-#include "Platform/Linux/WirelessNetwork.h"
+#include "Platform/Linux/SystemServices.h"
 #include "Platform/MainScreen.h"
 #include "Platform/OrientationSensor.h"
 
@@ -19,19 +15,10 @@ namespace wexel {
 
 namespace {
 
-// Without an address libdbus would start a bus of its own.
-QDBusConnection sessionBus()
-{
-    const QString socket = qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus");
-    if (!qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") && !QFileInfo::exists(socket))
-        return QDBusConnection(QString());
-    return QDBusConnection::sessionBus();
-}
-
 class LinuxDeviceFacts final : public DeviceFacts
 {
 public:
-    explicit LinuxDeviceFacts(QObject *background) : m_orientation(background) { }
+    explicit LinuxDeviceFacts(BackgroundThread *background) : m_orientation(background) { }
 
     [[nodiscard]] QString hardwareModel() const override
     {
@@ -43,10 +30,6 @@ public:
     {
         const QString version = QSysInfo::productVersion(); // "unknown" on a distribution that rolls
         return version == QStringLiteral("unknown") ? QSysInfo::kernelVersion() : version;
-    }
-    [[nodiscard]] PermissionState permission(Permission permission) const override
-    {
-        return m_permissions.state(permission, portalApplicationId());
     }
     [[nodiscard]] QString timeZoneName() const override
     {
@@ -77,22 +60,20 @@ public:
     }
     [[nodiscard]] int screenWidth() const override { return m_screen.nativeSize().width(); }
     [[nodiscard]] int screenHeight() const override { return m_screen.nativeSize().height(); }
-    [[nodiscard]] NetworkIdentity network() const override { return m_network.identity(); }
-    [[nodiscard]] bool canAuthenticateOwner() const override { return m_authentication.isPossible(); }
+    [[nodiscard]] ServiceFacts services() const override { return m_services.facts(); }
+    [[nodiscard]] NetworkIdentity network() const override { return m_services.network(); }
 
 private:
     PowerSupplies m_power;
     ProcessMemory m_memory;
     MainScreen m_screen;
     mutable OrientationSensor m_orientation; // the first read starts it
-    WirelessNetwork m_network{&QDBusConnection::systemBus};
-    PermissionAuthority m_permissions{&sessionBus, &QDBusConnection::systemBus};
-    OwnerAuthentication m_authentication{&QDBusConnection::systemBus, loginName()};
+    mutable SystemServices m_services; // asking renews what is known
 };
 
 } // namespace
 
-std::unique_ptr<DeviceFacts> makeDeviceFacts(QObject *background)
+std::unique_ptr<DeviceFacts> makeDeviceFacts(BackgroundThread *background)
 {
     return std::make_unique<LinuxDeviceFacts>(background);
 }

@@ -3,13 +3,10 @@
 #include <array>
 #include <utility>
 
-#include <QByteArray>
 #include <QDBusObjectPath>
 #include <QStringList>
 #include <pwd.h>
 #include <unistd.h>
-
-#include "Platform/Linux/KernelFile.h"
 
 namespace wexel {
 
@@ -26,30 +23,15 @@ QString loginName()
     return found != nullptr ? QString::fromLocal8Bit(found->pw_name) : QString();
 }
 
-OwnerAuthentication::OwnerAuthentication(BusProvider systemBus, QString user, QString shadowFile)
+OwnerAuthentication::OwnerAuthentication(BusProvider systemBus, QString user)
     : m_bus(std::move(systemBus))
     , m_user(std::move(user))
-    , m_shadowFile(std::move(shadowFile))
 {
 }
 
 bool OwnerAuthentication::isPossible() const
 {
-    return !m_user.isEmpty() && (hasShadowPassword() || hasAccountPassword() || hasFingerprint());
-}
-
-// A locked account's field begins with ! or *.
-bool OwnerAuthentication::hasShadowPassword() const
-{
-    Error ignored;
-    const QByteArray entries = readKernelFile(m_shadowFile, ignored).value_or(QByteArray());
-    for (const QByteArray &line : entries.split('\n')) {
-        const QList<QByteArray> fields = line.split(':');
-        if (fields.value(0) == m_user.toLocal8Bit())
-            return !fields.value(1).isEmpty() && !fields.value(1).startsWith('!')
-                && !fields.value(1).startsWith('*');
-    }
-    return false;
+    return !m_user.isEmpty() && (hasAccountPassword() || hasFingerprint());
 }
 
 bool OwnerAuthentication::hasAccountPassword() const

@@ -6,28 +6,25 @@
 
 namespace wexel {
 
-/// The login name of the user that this process runs as; empty when the account has none.
+/// The login name of the user that this process runs as; empty when the account has none. The account may live in a
+/// directory on the network: not for the main thread.
 [[nodiscard]] QString loginName();
 
-/// Whether the machine can ask its owner to prove who they are: the account has a password (told by the
-/// shadow file where this process may read it, else by AccountsService) or enrolled fingers (told by
-/// fprintd). Thread-safe: no state.
+/// Whether the machine can ask its owner to prove who they are: the account has a password (told by AccountsService) or
+/// enrolled fingers (told by fprintd). Thread-safe: no state.
 class OwnerAuthentication
 {
 public:
-    OwnerAuthentication(BusProvider systemBus, QString user,
-                        QString shadowFile = QStringLiteral("/etc/shadow"));
+    OwnerAuthentication(BusProvider systemBus, QString user);
 
     [[nodiscard]] bool isPossible() const;
 
 private:
-    [[nodiscard]] bool hasShadowPassword() const;
     [[nodiscard]] bool hasAccountPassword() const;
     [[nodiscard]] bool hasFingerprint() const;
 
     BusProvider m_bus;
     QString m_user;
-    QString m_shadowFile;
 };
 
 } // namespace wexel

@@ -24,6 +24,11 @@ bool mayOpenOneOf(const QString &folder, const QString &files)
                        [](const QFileInfo &device) { return device.isReadable() && device.isWritable(); });
 }
 
+QString storeName()
+{
+    return QStringLiteral("org.freedesktop.impl.portal.PermissionStore");
+}
+
 } // namespace
 
 QString portalApplicationId(const QString &flatpakInfo)
@@ -35,6 +40,41 @@ QString portalApplicationId(const QString &flatpakInfo)
     return QGuiApplication::desktopFileName();
 }
 
+/// The permission store, asked about one application.
+class PermissionAuthority::Store
+{
+public:
+    Store(const BusProvider &sessionBus, QString applicationId)
+        : m_service(sessionBus, storeName())
+        , m_isAvailable(m_service.isAvailable())
+        , m_applicationId(std::move(applicationId))
+    {
+    }
+
+    // The store answers with a map from application to its permissions: "yes", "no" or "ask" for a device, the
+    // accuracy (first of two) for the location.
+    Decision decision(const QString &table, const QString &id)
+    {
+        const auto answer = !m_isAvailable
+            ? std::nullopt
+            : m_service.call(QStringLiteral("/org/freedesktop/impl/portal/PermissionStore"), storeName(),
+                             QStringLiteral("Lookup"), {table, id});
+        const QVariant entries = answer ? answer->value(0) : QVariant();
+        if (!entries.canConvert<QDBusArgument>())
+            return Decision::None;
+        const QString word
+            = qdbus_cast<QMap<QString, QStringList>>(entries).value(m_applicationId).value(0).toUpper();
+        if (word.isEmpty() || word == QStringLiteral("ASK"))
+            return Decision::None;
+        return word == QStringLiteral("NO") || word == QStringLiteral("NONE") ? Decision::No : Decision::Yes;
+    }
+
+private:
+    BusService m_service;
+    bool m_isAvailable;
+    QString m_applicationId;
+};
+
 PermissionAuthority::PermissionAuthority(BusProvider sessionBus, BusProvider systemBus, QString deviceFolder)
     : m_sessionBus(std::move(sessionBus))
     , m_systemBus(std::move(systemBus))
@@ -42,28 +82,20 @@ PermissionAuthority::PermissionAuthority(BusProvider sessionBus, BusProvider sys
 {
 }
 
-PermissionState PermissionAuthority::state(Permission permission, const QString &applicationId) const
+Permissions PermissionAuthority::states(const QString &applicationId) const
 {
-    switch (permission) {
-    case Permission::Camera:
-        return deviceState(QStringLiteral("camera"), applicationId, QStringLiteral("video*"));
-    case Permission::Microphone:
-        return deviceState(QStringLiteral("microphone"), applicationId, QStringLiteral("snd/pcm*c"));
-    case Permission::Location:
-        return locationState(applicationId);
-    case Permission::Contacts:
-    case Permission::PhotoLibrary:
-    case Permission::Calendar:
-    case Permission::MediaLibrary:
-        break;
-    }
-    return PermissionState::NotGranted;
+    Store store(m_sessionBus, applicationId);
+    const QString devices = QStringLiteral("devices");
+    const QString location = QStringLiteral("location");
+    return {{Permission::Camera,
+             deviceState(store.decision(devices, QStringLiteral("camera")), QStringLiteral("video*"))},
+            {Permission::Microphone,
+             deviceState(store.decision(devices, QStringLiteral("microphone")), QStringLiteral("snd/pcm*c"))},
+            {Permission::Location, locationState(store.decision(location, location))}};
 }
 
-PermissionState PermissionAuthority::deviceState(const QString &device, const QString &applicationId,
-                                                 const QString &files) const
+PermissionState PermissionAuthority::deviceState(Decision decided, const QString &files) const
 {
-    const Decision decided = decision(QStringLiteral("devices"), device, applicationId);
     if (decided != Decision::None)
         return decided == Decision::Yes ? PermissionState::Granted : PermissionState::NotGranted;
     const QFileInfo pattern(QDir(m_deviceFolder), files);
@@ -71,35 +103,12 @@ PermissionState PermissionAuthority::deviceState(const QString &device, const QS
                                                             : PermissionState::NotGranted;
 }
 
-PermissionState PermissionAuthority::locationState(const QString &applicationId) const
+PermissionState PermissionAuthority::locationState(Decision decided) const
 {
-    const QString location = QStringLiteral("location");
-    if (decision(location, location, applicationId) != Decision::Yes)
-        return PermissionState::NotGranted;
-    return BusService(m_systemBus, QStringLiteral("org.freedesktop.GeoClue2")).isAvailable()
+    return decided == Decision::Yes
+            && BusService(m_systemBus, QStringLiteral("org.freedesktop.GeoClue2")).isAvailable()
         ? PermissionState::GrantedWhileUsing
         : PermissionState::NotGranted;
-}
-
-// The store answers with a map from application to its permissions: "yes", "no" or "ask" for a device, the
-// accuracy (first of two) for the location.
-PermissionAuthority::Decision PermissionAuthority::decision(const QString &table, const QString &id,
-                                                            const QString &applicationId) const
-{
-    const QString name = QStringLiteral("org.freedesktop.impl.portal.PermissionStore");
-    BusService store(m_sessionBus, name);
-    const auto answer = !store.isAvailable()
-        ? std::nullopt
-        : store.call(QStringLiteral("/org/freedesktop/impl/portal/PermissionStore"), name,
-                     QStringLiteral("Lookup"), {table, id});
-    const QVariant entries = answer ? answer->value(0) : QVariant();
-    if (!entries.canConvert<QDBusArgument>())
-        return Decision::None;
-    const QString word
-        = qdbus_cast<QMap<QString, QStringList>>(entries).value(applicationId).value(0).toUpper();
-    if (word.isEmpty() || word == QStringLiteral("ASK"))
-        return Decision::None;
-    return word == QStringLiteral("NO") || word == QStringLiteral("NONE") ? Decision::No : Decision::Yes;
 }
 
 } // namespace wexel

@@ -25,16 +25,15 @@ public:
     PermissionAuthority(BusProvider sessionBus, BusProvider systemBus,
                         QString deviceFolder = QStringLiteral("/dev"));
 
-    [[nodiscard]] PermissionState state(Permission permission, const QString &applicationId) const;
+    [[nodiscard]] Permissions states(const QString &applicationId) const;
 
 private:
     enum class Decision { None, Yes, No };
 
-    [[nodiscard]] PermissionState deviceState(const QString &device, const QString &applicationId,
-                                              const QString &files) const;
-    [[nodiscard]] PermissionState locationState(const QString &applicationId) const;
-    [[nodiscard]] Decision decision(const QString &table, const QString &id,
-                                    const QString &applicationId) const;
+    class Store;
+
+    [[nodiscard]] PermissionState deviceState(Decision decided, const QString &files) const;
+    [[nodiscard]] PermissionState locationState(Decision decided) const;
 
     BusProvider m_sessionBus;
     BusProvider m_systemBus;
