@@ -132,12 +132,8 @@ public:
 private:
     QNetworkReply *begin(QNetworkRequest networkRequest, const UrlRequest &request)
     {
-        if (!m_manager) {
+        if (!m_manager)
             m_manager = std::make_unique<QNetworkAccessManager>();
-            QSslSocket::
-                supportsSsl(); // loads the TLS library, whose clean-up at exit must come after our end
-            ApplicationEnd::comeBeforeExitHandlers();
-        }
         if (request.body.isEmpty())
             return m_manager->sendCustomRequest(networkRequest, request.method);
         networkRequest.setHeader(QNetworkRequest::ContentLengthHeader, request.body.size());
