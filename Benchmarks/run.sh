@@ -95,7 +95,7 @@ make_screenshots() {
 save() {
     make_screenshots
     fresh_home
-    QT_LOGGING_RULES= "$work/bin/SaveBenchmark" "$documents" "$work"/screenshots/*.jpg 2>/dev/null >"$work/times"
+    QT_LOGGING_RULES='' "$work/bin/SaveBenchmark" "$documents" "$work"/screenshots/*.jpg 2>/dev/null >"$work/times"
     row 'saving a report with a 1 MB screenshot, synced' "median $(divided "$(percentile 50 save_us "$work/times")" 1000 %.1f) ms, p95 $(divided "$(percentile 95 save_us "$work/times")" 1000 %.1f) ms"
     local kind what
     for kind in Core Quick; do
@@ -133,7 +133,7 @@ drain() {
     for _ in $(seq "$drains"); do
         start_receiver
         fresh_home
-        QT_LOGGING_RULES= "$work/bin/SaveBenchmark" "$documents" "$work"/screenshots/*.jpg 2>/dev/null >/dev/null
+        QT_LOGGING_RULES='' "$work/bin/SaveBenchmark" "$documents" "$work"/screenshots/*.jpg 2>/dev/null >/dev/null
         sync
         host BenchmarkCoreHost drain
         expect_reports host >&2
