@@ -36,6 +36,12 @@
 
 using wexel::WXLWexel;
 
+/// OpenSSL keeps what it knows of a refused certificate for its thread. Asked for by LeakSanitizer, if it is there.
+extern "C" Q_DECL_EXPORT const char *__lsan_default_suppressions() // NOLINT(bugprone-reserved-identifier)
+{
+    return "leak:libcrypto.so\n";
+}
+
 namespace {
 
 void print(const QByteArray &line)
@@ -72,7 +78,8 @@ void takeLog(QtMsgType, const QMessageLogContext &, const QString &line)
     if (line.startsWith(u"WXLUploader: Adding operation") || line.startsWith(u"WXLUploader - Will not start"))
         tellWhatIsKept();
     if (whenLogged && line.contains(awaited))
-        QMetaObject::invokeMethod(qApp, std::exchange(whenLogged, nullptr), Qt::QueuedConnection);
+        QMetaObject::invokeMethod(QCoreApplication::instance(), std::exchange(whenLogged, nullptr),
+                                  Qt::QueuedConnection);
 }
 
 void leaveWhenLogged(const QString &text, std::function<void()> leave)

@@ -1,0 +1,160 @@
+#!/usr/bin/env bash
+# Builds the release preset, runs the benchmarks and prints their figures as a Markdown table.
+#
+#   Benchmarks/run.sh [startup] [save] [drain]      all of them without an argument
+#
+# Environment: RUNS (20) fresh processes per start-up figure, DRAINS (3) drains, REPORTS (500) reports in each.
+# Needs about 2 GB in $TMPDIR, curl and jq.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+runs=${RUNS:-20} drains=${DRAINS:-3} reports=${REPORTS:-500}
+build=$PWD/build/release
+export QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software LC_ALL=C.UTF-8
+export QT_LOGGING_RULES='wexel=true' QT_FORCE_STDERR_LOGGING=1
+
+work=$(mktemp -d)
+receiver=
+cleanup() {
+    [ -z "$receiver" ] || kill "$receiver" 2>/dev/null || true
+    rm -rf "$work"
+}
+trap cleanup EXIT
+
+# An install prefix with the hosts beside the library, whose bundle names the receiver.
+install_prefix() {
+    cmake --preset release >/dev/null
+    cmake --build "$build" -j2 --target wexel-receiver Wexel SaveBenchmark BenchmarkCoreHost \
+        BenchmarkCoreHostWithout BenchmarkQuickHost BenchmarkQuickHostWithout >/dev/null
+    mkdir -p "$work/bin" "$work/share/wexel" "$work/$(library_folder)"
+    cp "$build"/bin/{wexel-receiver,SaveBenchmark,Benchmark*Host*} "$work/bin/"
+    cp -L "$build/$(library_folder)/libWexel.so.1" "$work/$(library_folder)/"
+    cat >"$work/bin/Info.plist" <<-PLIST
+	<plist version="1.0"><dict><key>CFBundleIdentifier</key><string>org.wexel.benchmark</string>
+	<key>Wexel</key><dict><key>APIClientID</key><string>benchmark</string>
+	<key>APIClientSecret</key><string>secret</string></dict></dict></plist>
+	PLIST
+}
+library_folder() { sed -n 's/^CMAKE_INSTALL_LIBDIR:PATH=//p' "$build/CMakeCache.txt"; }
+
+# A receiver with an empty data folder; sets $url.
+start_receiver() {
+    stop_receiver
+    rm -rf "$work/data" "$work/url"
+    "$work/bin/wexel-receiver" --data "$work/data" --listen 127.0.0.1:0 --client benchmark:secret \
+        >"$work/url" 2>/dev/null &
+    receiver=$!
+    until grep -qs '^Listening on ' "$work/url"; do sleep 0.05; done
+    url=$(sed -n 's/^Listening on //p' "$work/url")
+    sed "s|http://127.0.0.1:8787/|$url|" "$build/share/wexel/Info.plist" >"$work/share/wexel/Info.plist"
+}
+stop_receiver() {
+    [ -n "$receiver" ] || return 0
+    kill "$receiver"
+    wait "$receiver" || true
+    receiver=
+}
+
+# host NAME ARGUMENT...: in the home folder of this run; log lines are dropped
+host() { HOME=$work/home XDG_DATA_HOME=$work/home/data XDG_RUNTIME_DIR=$work/home "$work/bin/$1" "${@:2}" 2>/dev/null; }
+documents=$work/home/data/BenchmarkHost/Documents
+fresh_home() { rm -rf "${work:?}/home" && mkdir -p "$documents"; }
+
+# percentile P NAME FILE: of the values printed under that name
+percentile() { awk -v name="$2" '$1 == name { print $2 }' "$3" | sort -n | awk -v p="$1" '{ v[NR] = $1 }
+    END { i = int(NR * p / 100 + 0.999999); print v[i < 1 ? 1 : i] }'; }
+row() { printf '| %s | %s |\n' "$1" "$2"; }
+divided() { awk -v a="$1" -v b="$2" -v f="$3" 'BEGIN { printf f, a / b }'; }
+
+startup() {
+    local kind other i
+    for kind in Core Quick; do
+        start_receiver
+        fresh_home
+        for i in $(seq "$runs"); do host "Benchmark${kind}Host" start; done >"$work/times"
+        for other in Host HostWithout; do
+            for i in 1 2 3 4 5; do host "Benchmark$kind$other" start 2000; done >"$work/memory$other"
+        done
+        row "$kind host: \`startWithInvocationEvents\`, main thread" \
+            "median $(percentile 50 start_us "$work/times") µs, p95 $(percentile 95 start_us "$work/times") µs"
+        for i in resident private; do
+            local with without
+            with=$(percentile 50 ${i}_kb "$work/memoryHost") without=$(percentile 50 ${i}_kb "$work/memoryHostWithout")
+            row "$kind host: $i memory with / without the library" \
+                "$(divided "$with" 1024 %.1f) / $(divided "$without" 1024 %.1f) MB: +$(divided $((with - without)) 1024 %.1f) MB"
+        done
+    done
+}
+
+make_screenshots() {
+    [ -d "$work/screenshots" ] && return
+    mkdir "$work/screenshots"
+    local i
+    for i in $(seq "$reports"); do head -c 1000000 /dev/urandom >"$work/screenshots/$i.jpg"; done
+}
+
+save() {
+    make_screenshots
+    fresh_home
+    QT_LOGGING_RULES='' "$work/bin/SaveBenchmark" "$documents" "$work"/screenshots/*.jpg 2>/dev/null >"$work/times"
+    row 'saving a report with a 1 MB screenshot, synced' "median $(divided "$(percentile 50 save_us "$work/times")" 1000 %.1f) ms, p95 $(divided "$(percentile 95 save_us "$work/times")" 1000 %.1f) ms"
+    local kind what
+    for kind in Core Quick; do
+        start_receiver
+        fresh_home
+        host "Benchmark${kind}Host" report 50 >"$work/times"
+        for what in report screenshot; do
+            row "$kind host: \`autoReport\`$([ $what = report ] || echo ' with a screenshot'), main thread" \
+                "median $(percentile 50 ${what}_us "$work/times") µs, p95 $(percentile 95 ${what}_us "$work/times") µs"
+        done
+    done
+}
+
+# The same bytes from one curl over one connection: each file, then its report.
+curl_config() {
+    local token file
+    token=$(curl -sSf -d 'grant_type=client_credentials&client_id=benchmark&client_secret=secret' \
+        "${url}auth/oauth2/token" | jq -r .access_token)
+    for file in "$work"/screenshots/*.jpg; do
+        printf 'url = "%sapi/1.0/files"\nheader = "Authorization: Bearer %s"\nheader = "Expect:"\n' "$url" "$token"
+        printf 'form = "file=@%s"\noutput = "/dev/null"\nfail\nsilent\nnext\n' "$file"
+        printf 'url = "%sapi/1.0/issue_tracking/apps/org.wexel.benchmark"\n' "$url"
+        printf 'header = "Authorization: Bearer %s"\nheader = "Content-Type: application/json"\n' "$token"
+        printf 'data-binary = "@%s"\noutput = "/dev/null"\nfail\nsilent\nnext\n' "$work/report.json"
+    done | sed '$d'
+}
+expect_reports() {
+    local arrived
+    arrived=$("$work/bin/wexel-receiver" reports --data "$work/data" --json | jq length)
+    [ "$arrived" -eq "$reports" ] || { echo "$1: $arrived reports arrived instead of $reports" >&2; exit 1; }
+}
+drain() {
+    make_screenshots
+    local begin
+    for _ in $(seq "$drains"); do
+        start_receiver
+        fresh_home
+        QT_LOGGING_RULES='' "$work/bin/SaveBenchmark" "$documents" "$work"/screenshots/*.jpg 2>/dev/null >/dev/null
+        sync
+        host BenchmarkCoreHost drain
+        expect_reports host >&2
+        "$work/bin/wexel-receiver" reports --data "$work/data" --json | jq '.[0].report' >"$work/report.json"
+        start_receiver
+        curl_config >"$work/curl"
+        sync
+        begin=$(date +%s%N)
+        curl -K "$work/curl"
+        echo "curl_ms $((($(date +%s%N) - begin) / 1000000))"
+        expect_reports curl >&2
+    done >"$work/times"
+    local host curl
+    host=$(percentile 50 drain_ms "$work/times") curl=$(percentile 50 curl_ms "$work/times")
+    row "draining $reports stored reports of 1 MB" \
+        "$(divided "$host" 1000 %.1f) s, $(divided $((reports * 1000)) "$host" %.0f) reports/s, $(divided $((reports * 1000)) "$host" %.0f) MB/s"
+    row 'the same bytes by curl, one connection' "$(divided "$curl" 1000 %.1f) s; the host takes $(divided "$host" "$curl" %.2f) times that"
+    row 'peak resident memory of the draining host' "$(divided "$(percentile 50 peak_kb "$work/times")" 1024 %.1f) MB"
+}
+
+[ $# -gt 0 ] || set -- startup save drain
+install_prefix
+printf '| What | Figure |\n|---|---|\n'
+for benchmark; do "$benchmark"; done
