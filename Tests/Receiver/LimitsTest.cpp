@@ -102,6 +102,7 @@ TEST_F(LimitsTest, SilentConnectionsLockNobodyOut)
     start({"--max-connections", "2"});
     // Two that are served, some that are told that they are too many, and more than can be told at once.
     std::vector<Poco::Net::StreamSocket> silent;
+    silent.reserve(50);
     for (int i = 0; i < 50; ++i)
         silent.push_back(receiver->connect());
     EXPECT_TRUE(readUntilClosed(silent[10]).value_or("open").starts_with("HTTP/1.1 503"));

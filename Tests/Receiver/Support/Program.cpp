@@ -29,6 +29,7 @@ Program::Program(const std::vector<std::string> &command, Output output)
     if (::pipe2(ends, O_CLOEXEC) != 0)
         throw std::runtime_error("No pipe");
     std::vector<char *> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string &word : command)
         arguments.push_back(const_cast<char *>(word.c_str()));
     arguments.push_back(nullptr);
@@ -37,7 +38,8 @@ Program::Program(const std::vector<std::string> &command, Output output)
         ::dup2(ends[1], STDOUT_FILENO);
         if (output == Output::Both)
             ::dup2(ends[1], STDERR_FILENO);
-        // The receiver's own, whatever the test program runs with.
+        // The receiver's own, whatever the test program runs with. The child has one thread.
+        // NOLINTNEXTLINE(concurrency-mt-unsafe)
         ::setenv("TSAN_OPTIONS", "suppressions=" WEXEL_TSAN_SUPPRESSIONS, 1);
         ::execvp(arguments[0], arguments.data());
         ::_exit(127);
