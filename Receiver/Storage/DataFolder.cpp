@@ -81,7 +81,9 @@ void DataFolder::sweep()
 {
     m_files.prepare();
     const std::size_t unreported = m_reports.removeUnreportedFiles(currentMilliseconds() - unreportedFileAge);
-    const std::size_t contents = m_files.removeAllBut(m_reports.fileContents());
+    const auto known = m_reports.fileContents();
+    // A database that knows no file at all is more likely a new one that was put beside files still wanted.
+    const std::size_t contents = known.empty() ? 0 : m_files.removeAllBut(known);
     logEvent("swept",
              {{"unreported_files", std::to_string(unreported)}, {"contents", std::to_string(contents)}});
 }
