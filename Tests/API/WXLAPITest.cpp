@@ -190,6 +190,7 @@ TEST(WXLAPI, MapsTheReportsAnswer)
         return error ? error->code : 0;
     };
     EXPECT_EQ(code({.status = 200, .body = "not JSON"}), 0);
+    EXPECT_EQ(code({.status = 200, .cut = Answer::Cut::AfterAnswer}), 0) << "the answer was whole";
     EXPECT_EQ(code({.status = 201}), WXLErrorAPICode);
     EXPECT_EQ(code({.status = 403}), WXLErrorApplicationArchived);
     for (const int status : {400, 401, 404, 500, 503})

@@ -91,7 +91,7 @@ void ScriptedServer::send(QTcpSocket &socket, const Answer &answer)
     head += "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n\r\n";
     const bool cut = answer.cut == Answer::Cut::WithinAnswer;
     socket.write(head + (cut ? answer.body.left(answer.body.size() / 2) : answer.body));
-    if (cut)
+    if (answer.cut != Answer::Cut::None)
         socket.disconnectFromHost();
 }
 

@@ -27,7 +27,7 @@ public:
     struct Answer {
         int status = 200;
         QByteArray body = QByteArrayLiteral("{}");
-        enum class Cut { None, BeforeAnswer, WithinAnswer } cut = Cut::None;
+        enum class Cut { None, BeforeAnswer, WithinAnswer, AfterAnswer } cut = Cut::None;
         QByteArray location = {};
         /// Held back until this is true; empty: at once.
         std::function<bool()> after = {};
