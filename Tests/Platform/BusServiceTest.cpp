@@ -15,7 +15,7 @@ TEST(BusServiceTest, aHungServiceIsNotAskedAgain)
     BusService hung(bus.provider(), name, patience);
     EXPECT_FALSE(hung.call(QStringLiteral("/hung"), name, QStringLiteral("First")));
     EXPECT_FALSE(hung.call(QStringLiteral("/hung"), name, QStringLiteral("Second")));
-    EXPECT_EQ(bus.timesCalled, 1);
     EXPECT_EQ(BusService(bus.provider(), name).call(QStringLiteral("/hung"), name, QStringLiteral("Second")),
               QVariantList({2}));
+    EXPECT_EQ(bus.timesCalled, 2) << "calls arrive in order: the first and the last";
 }
