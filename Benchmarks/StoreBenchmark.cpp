@@ -203,8 +203,8 @@ public:
     void push()
     {
         m_now = m_now.addMSecs(m_period);
-        const QString value
-            = QString::number(100.0 + (m_now.toMSecsSinceEpoch() * 7919 % 25013) / 1000.0, 'f', 3);
+        const QString value = QString::number(
+            100.0 + static_cast<double>(m_now.toMSecsSinceEpoch() * 7919 % 25013) / 1000.0, 'f', 3);
         const QString time = m_now.toString(QStringLiteral("yyyy-MM-dd'T'HH:mm:ss.zzz+02:00"));
         if (m_records.size() == m_capacity)
             m_records.removeFirst();
@@ -227,7 +227,9 @@ double cpuMilliseconds()
 {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
-    const auto milliseconds = [](const timeval &t) { return t.tv_sec * 1e3 + t.tv_usec / 1e3; };
+    const auto milliseconds = [](const timeval &t) {
+        return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_usec) / 1e3;
+    };
     return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
 }
 
@@ -297,11 +299,11 @@ void measure(const char *name, const QString &parent, bool compressed, const Mak
 
 } // namespace
 
-int main(int argc, char **argv)
+int main(int argc, char **argv) // NOLINT(bugprone-exception-escape): it may as well end
 {
     const QCoreApplication application(argc, argv);
     // Compression's work memory, given back to the system and taken again each time, would blur the comparison.
-    mallopt(M_TRIM_THRESHOLD, 64 << 20);
+    mallopt(M_TRIM_THRESHOLD, 64 << 20); // NOLINT(concurrency-mt-unsafe): no other thread runs yet
     if (argc != 2) {
         std::fprintf(stderr, "usage: StoreBenchmark FOLDER\n");
         return 2;

@@ -84,8 +84,8 @@ TEST_F(Package, IsFoundByCMake)
 {
     const QString build = path(QStringLiteral("cmake"));
     run(QStringLiteral(CMAKE_PROGRAM),
-        {QStringLiteral("-S"), QStringLiteral(CONSUMER_FOLDER), QStringLiteral("-B"), build,
-         QStringLiteral("-DCMAKE_PREFIX_PATH=") + prefix(),
+        {QStringLiteral("-G"), QStringLiteral("Ninja"), QStringLiteral("-S"), QStringLiteral(CONSUMER_FOLDER),
+         QStringLiteral("-B"), build, QStringLiteral("-DCMAKE_PREFIX_PATH=") + prefix(),
          QStringLiteral("-DCMAKE_CXX_COMPILER=") + compiler, QStringLiteral("-DCMAKE_CXX_FLAGS=") + flags});
     run(QStringLiteral(CMAKE_PROGRAM), {QStringLiteral("--build"), build});
     expectDelivery(build + QStringLiteral("/Consumer"));

@@ -1,10 +1,10 @@
 #include "Platform/FileSystem.h"
 
-#include <cerrno>
+#include <filesystem>
+#include <system_error>
 
 #include <QDir>
 #include <QFileInfo>
-#include <QStorageInfo>
 
 namespace wexel {
 
@@ -25,14 +25,16 @@ QString nearestExisting(const QString &path)
 std::optional<FileSystemSize> fileSystemOf(const QString &path, Error &error)
 {
     const QString existing = nearestExisting(path);
-    const QStorageInfo storage(existing);
-    if (existing.isEmpty() || !storage.isValid() || !storage.isReady()) {
-        error = {QStringLiteral("POSIXErrorDomain"), existing.isEmpty() ? ENOENT : EIO,
-                 QStringLiteral("%1: cannot read the size of its file system").arg(path)};
+    std::error_code failure = std::make_error_code(std::errc::no_such_file_or_directory);
+    // Not QStorageInfo: it looks the path up in the table of mounts, which has none for it in a chroot.
+    const auto space = existing.isEmpty() ? std::filesystem::space_info()
+                                          : std::filesystem::space(existing.toStdU16String(), failure);
+    if (failure) {
+        error = {QStringLiteral("POSIXErrorDomain"), failure.value(),
+                 QStringLiteral("%1: %2").arg(path, QString::fromStdString(failure.message()))};
         return std::nullopt;
     }
-    return FileSystemSize{static_cast<quint64>(storage.bytesTotal()),
-                          static_cast<quint64>(storage.bytesFree())};
+    return FileSystemSize{space.capacity, space.free};
 }
 
 } // namespace wexel
