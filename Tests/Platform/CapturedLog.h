@@ -33,6 +33,6 @@ private:
     }
 
     inline static std::mutex s_mutex;
-    inline static QStringList s_lines;
+    inline static QStringList &s_lines = *new QStringList; // threads may still log while the process exits
     QtMessageHandler m_previous;
 };

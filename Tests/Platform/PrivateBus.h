@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 #include <QDBusConnection>
@@ -13,11 +14,11 @@
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QThread>
 
 #include "Platform/Linux/BusService.h"
+#include "Support/ChildProcess.h"
 
 /// What a service answers: "PATH METHOD ARGUMENT..." or "PATH PROPERTY" to the values. Other calls are errors; an
 /// answer of no values at all stands for a service that hangs.
@@ -78,19 +79,17 @@ public:
                      "eavesdrop=\"true\"/><allow own=\"*\"/>"
                      "</policy></busconfig>");
         file.close();
-        m_daemon.start(QStringLiteral("dbus-daemon"),
-                       {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
-                        QStringLiteral("--config-file=") + configuration});
-        EXPECT_TRUE(m_daemon.waitForReadyRead(10'000)) << "needs dbus-daemon";
-        m_address = QString::fromUtf8(m_daemon.readLine().trimmed());
+        m_daemon.emplace(QStringLiteral("dbus-daemon"),
+                         QStringList{QStringLiteral("--nofork"), QStringLiteral("--print-address"),
+                                     QStringLiteral("--config-file=") + configuration});
+        m_address = QString::fromUtf8(m_daemon->readLine());
+        EXPECT_FALSE(m_address.isEmpty()) << "needs dbus-daemon";
         m_thread.start();
     }
     ~PrivateBus()
     {
         m_thread.quit();
         m_thread.wait();
-        m_daemon.kill();
-        m_daemon.waitForFinished();
     }
     PrivateBus(const PrivateBus &) = delete;
     PrivateBus &operator=(const PrivateBus &) = delete;
@@ -138,7 +137,7 @@ private:
     }
 
     QTemporaryDir m_folder;
-    QProcess m_daemon;
+    std::optional<wexel::ChildProcess> m_daemon;
     QString m_address;
     QThread m_thread;
     std::vector<std::unique_ptr<BusObjects>> m_objects;

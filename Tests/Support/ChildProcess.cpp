@@ -26,7 +26,7 @@ ChildProcess::ChildProcess(const QString &program, const QStringList &arguments)
     for (QByteArray &text : texts)
         argv.push_back(text.data());
     argv.push_back(nullptr);
-    EXPECT_EQ(posix_spawn(&m_pid, argv[0], &actions, nullptr, argv.data(), environ), 0)
+    EXPECT_EQ(posix_spawnp(&m_pid, argv[0], &actions, nullptr, argv.data(), environ), 0)
         << texts[0].toStdString();
     posix_spawn_file_actions_destroy(&actions);
     close(output[1]);
