@@ -96,7 +96,7 @@ private:
     void changed()
     {
         const auto flags = flagsOf(*QNetworkInformation::instance());
-        m_flags = flags.toInt();
+        m_flags = static_cast<int>(flags.toInt());
         std::function<void()> callback;
         {
             const std::lock_guard lock(m_mutex);
