@@ -18,6 +18,13 @@ public:
     bool accepts(const QVariant &value);
     void write(const QVariant &value);
 
+    /// For a value that will stand within `levels` lists.
+    void startWithin(qsizetype levels)
+    {
+        for (qsizetype level = 0; level < levels; ++level)
+            m_path.enter(qsizetype(0));
+    }
+    [[nodiscard]] qsizetype elements() const { return m_elements; }
     [[nodiscard]] bool withinLimits() const { return m_elements <= KeyedUnarchiver::maximumElements; }
     [[nodiscard]] const std::optional<Error> &error() const { return m_error; }
 
@@ -164,29 +171,68 @@ void ArchiveWriter::writeObject(const SecureCoding &object)
     m_out.endArray();
 }
 
+Error tooLarge()
+{
+    return {ArchiveErrorDomain, ArchiveErrorTooLarge,
+            QStringLiteral("the archive has more elements or bytes than a reader takes")};
+}
+
+std::optional<KeyedArchiver::Element> archived(const QVariant &value, qsizetype levels,
+                                               std::optional<Error> *error)
+{
+    KeyedArchiver::Element element;
+    ArchiveWriter writer(&element.bytes);
+    writer.startWithin(levels);
+    bool complete = writer.accepts(value);
+    if (complete)
+        writer.write(value);
+    element.elements = writer.elements();
+    std::optional<Error> problem = writer.error();
+    if (!writer.withinLimits() || element.bytes.size() > KeyedUnarchiver::maximumBytes) {
+        complete = false;
+        problem = tooLarge();
+    }
+    if (error)
+        *error = problem;
+    return complete ? std::optional(std::move(element)) : std::nullopt;
+}
+
 } // namespace
 
 std::optional<QByteArray> KeyedArchiver::archivedDataWithRootObject(const QVariant &root,
                                                                     std::optional<Error> *error)
 {
-    QByteArray bytes;
-    std::optional<Error> problem;
-    bool complete = false;
-    {
-        ArchiveWriter writer(&bytes);
-        complete = writer.accepts(root);
-        if (complete)
-            writer.write(root);
-        problem = writer.error();
-        if (!writer.withinLimits() || bytes.size() > KeyedUnarchiver::maximumBytes) {
-            complete = false;
-            problem = Error{ArchiveErrorDomain, ArchiveErrorTooLarge,
-                            QStringLiteral("the archive has more elements or bytes than a reader takes")};
-        }
+    auto element = archived(root, 0, error);
+    return element ? std::optional(std::move(element->bytes)) : std::nullopt;
+}
+
+std::optional<KeyedArchiver::Element> KeyedArchiver::archivedElement(const QVariant &value,
+                                                                     std::optional<Error> *error)
+{
+    return archived(value, 1, error);
+}
+
+std::optional<QByteArray>
+KeyedArchiver::archivedDataWithElements(const std::vector<const Element *> &elements,
+                                        std::optional<Error> *error)
+{
+    QByteArray archive;
+    QCborStreamWriter(&archive).startArray(elements.size());
+    qsizetype bytes = archive.size();
+    auto count = static_cast<qsizetype>(elements.size());
+    for (const Element *element : elements) {
+        bytes += element->bytes.size();
+        count += element->elements;
     }
+    const bool fits = bytes <= KeyedUnarchiver::maximumBytes && count <= KeyedUnarchiver::maximumElements;
     if (error)
-        *error = problem;
-    return complete ? std::optional(bytes) : std::nullopt;
+        *error = fits ? std::nullopt : std::optional(tooLarge());
+    if (!fits)
+        return {};
+    archive.reserve(bytes);
+    for (const Element *element : elements)
+        archive.append(element->bytes);
+    return archive;
 }
 
 } // namespace wexel

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include <QByteArray>
 #include <QList>
@@ -92,6 +93,18 @@ public:
     /// reader's limits
     static std::optional<QByteArray> archivedDataWithRootObject(const QVariant &root,
                                                                 std::optional<Error> *error = nullptr);
+
+    /// One value on its way into an archive whose root is an array: written once, used in many archives.
+    struct Element {
+        QByteArray bytes;
+        qsizetype elements = 0; ///< of all lists and maps within it together
+    };
+    /// As above for one element of the root array.
+    static std::optional<Element> archivedElement(const QVariant &value,
+                                                  std::optional<Error> *error = nullptr);
+    /// The archive of an array. Costs little more than copying the elements' bytes.
+    static std::optional<QByteArray> archivedDataWithElements(const std::vector<const Element *> &elements,
+                                                              std::optional<Error> *error = nullptr);
 };
 
 /// Reads what KeyedArchiver wrote. The input is hostile: truncated, foreign, deep or huge archives are
