@@ -5,6 +5,8 @@
 #include "Business/Flow.h"
 #include "Business/ReportAssembly.h"
 #include "Business/RetryState.h"
+#include "Business/WXLBlackBox.h"
+#include "Business/WXLSessionReporter.h"
 #include "Business/WXLWexelPrivate.h"
 #include "OfflineManager/WXLUploader.h"
 #include "Platform/CapturedLog.h"
@@ -44,9 +46,13 @@ struct Entry {
     SystemClock clock;
     WXLDateProvider dates{clock};
     ReportAssembly assembly{*facts, world.connection, world.repository, dates, flow, world.folder.path()};
-    WXLWexelPrivate wexel{{world.api, world.repository, world.connection, world.scheduler,
-                           world.notifications, flow, assembly, world.infoPlist(),
-                           world.fileManager.documentsDirectory()}};
+    DeviceMeter meter{*facts, world.connection, dates, world.folder.path()};
+    WXLBlackBox blackBox{world.repository, meter, [](auto, const auto &sample) { sample(); }};
+    std::optional<WXLSessionReporter> sessions;
+    WXLWexelPrivate wexel{
+        {world.api, world.repository, world.connection, world.scheduler, world.notifications, flow, assembly,
+         blackBox, [this] { sessions.emplace(world.repository, dates, world.notifications, [](auto) {}); },
+         world.infoPlist(), world.fileManager.documentsDirectory()}};
 };
 
 Entry &makeEntry(World &world)

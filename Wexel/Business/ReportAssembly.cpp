@@ -1,9 +1,12 @@
 #include "Business/ReportAssembly.h"
 
 #include "Business/Flow.h"
-#include "Business/HistoryKeys.h"
-#include "Business/HistorySnapshot.h"
+#include "Business/Measure.h"
 #include "Business/ReportKeys.h"
+#include "Business/WXLBlackBox.h"
+#include "Business/WXLNetworkRequestReporter.h"
+#include "Business/WXLSessionReporter.h"
+#include "Business/WXLUserEventReporter.h"
 #include "Helpers/WXLConnection.h"
 #include "Platform/Bundle.h"
 #include "Platform/Log.h"
@@ -11,25 +14,6 @@
 namespace wexel {
 
 namespace {
-
-double megabytes(quint64 bytes)
-{
-    return static_cast<double>(bytes) / NUMBER_OF_BYTES_IN_MB;
-}
-
-/// A double as the shortest text that reads back to 16 digits.
-QString numberText(double number)
-{
-    constexpr int digits = 16;
-    return QString::number(number, 'g', digits);
-}
-
-/// A single-precision number as text.
-QString numberText(float number)
-{
-    constexpr int digits = 7;
-    return QString::number(static_cast<double>(number), 'g', digits);
-}
 
 template <typename Value>
 void insertIfPresent(QVariantMap &data, const QString &key, const std::optional<Value> &value)
@@ -57,21 +41,27 @@ const struct {
     {Permission::MediaLibrary, &kWXLMediaLibraryPermission},
 };
 
+/// The stored session states; nothing rather than an empty list.
+std::optional<QVariantList> sessionHistory(const WXLAppRepository &repository)
+{
+    QVariantList history = WXLSessionReporter::sessionHistory(repository);
+    return history.isEmpty() ? std::nullopt : std::optional(std::move(history));
+}
+
 const struct {
-    const QString *stored;
-    const QString *reported;
-    QLatin1String reader;
+    const QString *key;
+    std::optional<QVariantList> (*read)(const WXLAppRepository &);
 } histories[] = {
-    {&kWXLSessionHistoryKey, &kWXLSessionStateHistory, QLatin1String("WXLSessionReporter")},
-    {&kWXLCpuHistoryKey, &kWXLCpuHistory, QLatin1String("WXLBlackBox")},
-    {&kWXLBatteryHistoryKey, &kWXLBatteryHistory, QLatin1String("WXLBlackBox")},
-    {&kWXLNetworkHistoryKey, &kWXLNetworkHistory, QLatin1String("WXLBlackBox")},
-    {&kWXLMemoryUsedByAppHistoryKey, &kWXLMemoryUsedByAppHistory, QLatin1String("WXLBlackBox")},
-    {&kWXLMemoryUsedByDeviceHistoryKey, &kWXLMemoryUsedByDeviceHistory, QLatin1String("WXLBlackBox")},
-    {&kWXLStorageHistoryKey, &kWXLStorageHistory, QLatin1String("WXLBlackBox")},
-    {&kWXLOrientationHistoryKey, &kWXLOrientationHistory, QLatin1String("WXLBlackBox")},
-    {&kUserEventReportKey, &kWXLUserEventsHistory, QLatin1String("WXLEventReporter")},
-    {&kNetworkRequestReportKey, &kWXLNetworkRequestHistory, QLatin1String("WXLNetworkRequestReporter")},
+    {&kWXLSessionStateHistory, sessionHistory},
+    {&kWXLCpuHistory, WXLBlackBox::cpuHistory},
+    {&kWXLBatteryHistory, WXLBlackBox::batteryHistory},
+    {&kWXLNetworkHistory, WXLBlackBox::networkHistory},
+    {&kWXLMemoryUsedByAppHistory, WXLBlackBox::memoryUsedByAppHistory},
+    {&kWXLMemoryUsedByDeviceHistory, WXLBlackBox::memoryUsedByDeviceHistory},
+    {&kWXLStorageHistory, WXLBlackBox::diskSpaceHistory},
+    {&kWXLOrientationHistory, WXLBlackBox::orientationHistory},
+    {&kWXLUserEventsHistory, WXLUserEventReporter::userEventHistory},
+    {&kWXLNetworkRequestHistory, WXLNetworkRequestReporter::networkRequestHistory},
 };
 
 } // namespace
@@ -208,8 +198,8 @@ void ReportAssembly::addNetwork(QVariantMap &data, const NetworkIdentity &networ
 
 void ReportAssembly::addHistories(QVariantMap &data) const
 {
-    for (const auto &[stored, reported, reader] : histories)
-        insertIfPresent(data, *reported, historySnapshot(m_repository, *stored, reader));
+    for (const auto &[key, read] : histories)
+        insertIfPresent(data, *key, read(m_repository));
 }
 
 } // namespace wexel

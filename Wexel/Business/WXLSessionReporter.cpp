@@ -5,6 +5,8 @@
 #include "Business/SampleRecords.h"
 #include "Business/WXLAppRepository.h"
 #include "Business/WXLDateProvider.h"
+#include "Business/WXLNetworkRequestReporter.h"
+#include "Business/WXLUserEventReporter.h"
 #include "Platform/NotificationCenter.h"
 
 namespace wexel {
@@ -23,6 +25,18 @@ WXLSessionReporter::WXLSessionReporter(WXLAppRepository &repository, const WXLDa
     observe(ApplicationWillResignActiveNotification, sessionResignedActive);
     observe(ApplicationDidEnterBackgroundNotification, sessionEnteredBackground);
     reportState(sessionEnteredForeground, WXLDateProvider::stringFromDate(dateProvider.now().addSecs(-1)));
+}
+
+WXLSessionReporter &WXLSessionReporter::sharedInstance()
+{
+    // Never destroyed: it observes for the life of the process.
+    static auto *instance
+        = new WXLSessionReporter(WXLAppRepository::sharedInstance(), WXLDateProvider::sharedInstance(),
+                                 NotificationCenter::defaultCenter(), [](const QDateTime &oldest) {
+                                     WXLNetworkRequestReporter::shared().removeRecordsOlderThan(oldest);
+                                     WXLUserEventReporter::shared().removeRecordsOlderThan(oldest);
+                                 });
+    return *instance;
 }
 
 void WXLSessionReporter::reportState(const QString &code)

@@ -7,6 +7,7 @@
 #include "Business/ReportAssembly.h"
 #include "Business/ReportKeys.h"
 #include "Business/WXLAppRepository.h"
+#include "Business/WXLBlackBox.h"
 #include "Helpers/WXLGlobalCache.h"
 #include "OfflineManager/WXLFileManager.h"
 #include "OfflineManager/WXLUploader.h"
@@ -25,6 +26,13 @@ void WXLWexelPrivate::startWithInvocationEvents(unsigned)
         m_starter = std::make_unique<WXLStarter>(m_with.api, m_with.infoPlist);
     addObservers();
     authorizeWexel();
+    m_with.blackBox.startRecording();
+    m_with.startSessions();
+}
+
+void WXLWexelPrivate::setBlackBoxEnabled(bool enabled)
+{
+    m_with.blackBox.setBlackBoxEnabled(enabled);
 }
 
 WXLFileManager &WXLWexelPrivate::fileManager()

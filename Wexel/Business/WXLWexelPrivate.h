@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -19,6 +20,7 @@ namespace wexel {
 class Flow;
 class ReportAssembly;
 class WXLAppRepository;
+class WXLBlackBox;
 class WXLConnection;
 class WXLFileManager;
 class WXLUploader;
@@ -42,6 +44,9 @@ public:
         NotificationCenter &notifications;
         Flow &flow;
         ReportAssembly &reportAssembly;
+        WXLBlackBox &blackBox;
+        /// Has session states recorded from the first call on.
+        std::function<void()> startSessions;
         WXLAPI::MakeInfoPlist infoPlist;
         QUrl documentsDirectory;
     };
@@ -52,6 +57,7 @@ public:
     WXLWexelPrivate &operator=(const WXLWexelPrivate &) = delete;
 
     void startWithInvocationEvents(unsigned events);
+    void setBlackBoxEnabled(bool enabled);
     void autoReport(bool attachScreenshot, const std::optional<QString> &description);
 
     void authorizeWexel();

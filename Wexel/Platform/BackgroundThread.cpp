@@ -60,6 +60,17 @@ void BackgroundThread::performLater(std::chrono::milliseconds delay, std::functi
     });
 }
 
+void BackgroundThread::performEvery(std::chrono::milliseconds interval, std::function<void()> block)
+{
+    perform([state = m_state, interval, block = std::move(block)] {
+        auto *timer = new QTimer(&state->receiver);
+        timer->setTimerType(Qt::PreciseTimer);
+        timer->callOnTimeout(block);
+        timer->start(interval);
+        block();
+    });
+}
+
 void BackgroundThread::performAtEnd(std::function<void()> block)
 {
     perform([state = m_state, block = std::move(block)] { state->atEnd.push_back(block); });

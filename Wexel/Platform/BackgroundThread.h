@@ -22,6 +22,8 @@ public:
     void adopt(QObject &object);
     void perform(std::function<void()> block);
     void performLater(std::chrono::milliseconds delay, std::function<void()> block);
+    /// Runs the block at once and then every `interval`, until the thread stops.
+    void performEvery(std::chrono::milliseconds interval, std::function<void()> block);
     /// Runs the block on the thread just before it stops, so that objects living there can be deleted there.
     void performAtEnd(std::function<void()> block);
 

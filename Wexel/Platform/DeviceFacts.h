@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <memory>
 #include <optional>
@@ -35,6 +36,9 @@ enum class Permission { Camera, Microphone, Contacts, PhotoLibrary, Location, Ca
 enum class PermissionState { NotGranted, GrantedWhileUsing, Granted };
 using Permissions = std::map<Permission, PermissionState>; ///< one that is missing is not granted
 
+/// Processor time that each thread has used so far, by thread identifier.
+using ThreadTimes = std::map<int, std::chrono::nanoseconds>;
+
 /// What services of the system know, which may take seconds to start and to answer. A default value: no answer yet.
 struct ServiceFacts {
     Permissions permissions;
@@ -46,12 +50,14 @@ struct ServiceFacts {
 /// of the system; what this machine cannot know is absent. Where a function takes an `Error`, it is set when the
 /// result is absent.
 ///
-/// None blocks for longer than a few milliseconds, `services` for 20. Memory, file system, network and device
-/// orientation may be read on any thread, the rest on the main thread.
+/// None blocks for longer than a few milliseconds, `services` for 20. Thread times, memory, file system, network and
+/// device orientation may be read on any thread, the rest on the main thread.
 class DeviceFacts
 {
 public:
     virtual ~DeviceFacts() = default;
+    /// Those of this machine, made on first use, which is on the main thread, and never destroyed.
+    static DeviceFacts &shared();
 
     [[nodiscard]] virtual QString hardwareModel() const = 0; ///< machine field of the kernel's identification
     [[nodiscard]] virtual QString systemVersion() const = 0; ///< operating-system version, for example "12"
@@ -63,6 +69,7 @@ public:
     /// kept for the administrator, so that total - free is what `df` calls used.
     [[nodiscard]] virtual std::optional<FileSystemSize> fileSystem(const QString &path,
                                                                    Error &error) const = 0;
+    [[nodiscard]] virtual std::optional<ThreadTimes> threadTimes(Error &error) const = 0; ///< of this process
     [[nodiscard]] virtual std::optional<quint64> residentBytes(Error &error) const = 0; ///< of this process
     [[nodiscard]] virtual std::optional<quint64> physicalBytes() const = 0; ///< of the machine
     /// Of the machine: active + inactive + wired. On Linux wired is what cannot be reclaimed: unevictable

@@ -71,4 +71,9 @@ void ThreadPool::runLater(std::chrono::milliseconds delay, std::function<void()>
     BackgroundThread::shared().performLater(delay, [block = std::move(block)] { run(block); });
 }
 
+void ThreadPool::runEvery(std::chrono::milliseconds interval, std::function<void()> block)
+{
+    BackgroundThread::shared().performEvery(interval, [block = std::move(block)] { run(block); });
+}
+
 } // namespace wexel

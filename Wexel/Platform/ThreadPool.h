@@ -16,6 +16,8 @@ public:
     static void run(std::function<void()> block);
     /// Runs the block on one of the threads after a delay; costs nothing until then.
     static void runLater(std::chrono::milliseconds delay, std::function<void()> block);
+    /// Runs the block at once and then every `interval` until the application ends.
+    static void runEvery(std::chrono::milliseconds interval, std::function<void()> block);
 };
 
 } // namespace wexel

@@ -34,9 +34,9 @@ void WXLWexel::manualStart()
     log(QStringLiteral("WXLWexel: The reporting flow is not part of this version"));
 }
 
-void WXLWexel::setBlackBoxEnabled(bool)
+void WXLWexel::setBlackBoxEnabled(bool enabled)
 {
-    log(QStringLiteral("WXLWexel: The black box is not part of this version"));
+    sharedInstance().d->setBlackBoxEnabled(enabled);
 }
 
 void WXLWexel::autoReportWithAttachScreenshot(bool attachScreenshot,

@@ -50,13 +50,15 @@ public:
 
     /// Starts with shaking as the only invocation.
     static void start();
-    /// Starts the library: authorises with the backend and sends what earlier runs left.
+    /// Starts the library: authorises with the backend, sends what earlier runs left, and records the black box and the
+    /// application's states from now on.
     /// \param events any combination of `WexelInvocationEvent`
     static void startWithInvocationEvents(unsigned events);
     /// Opens the reporting flow now. Does nothing while a flow is open. This version has no flow yet: it only logs.
     static void manualStart();
-    /// Switches the black box on or off. Off also deletes what it recorded. This version records nothing: it only
-    /// logs.
+    /// Switches the black box on or off: the last minute of CPU and memory use, network and orientation, which reports
+    /// carry. It is on from `start`, unless it was switched off before. Off also deletes what it recorded. Taps, requests
+    /// and application states are recorded in any case.
     static void setBlackBoxEnabled(bool enabled);
 
     /// Sends a report without any screen. Dropped while the backend has the application archived. It is gathered before

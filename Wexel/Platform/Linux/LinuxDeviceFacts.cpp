@@ -3,11 +3,13 @@
 #include <QTimeZone>
 #include <sys/utsname.h>
 
+#include "Platform/BackgroundThread.h"
 #include "Platform/DeviceFacts.h"
 #include "Platform/FileSystem.h"
 #include "Platform/Linux/PowerSupplies.h"
 #include "Platform/Linux/ProcessMemory.h"
 #include "Platform/Linux/SystemServices.h"
+#include "Platform/Linux/ThreadTimes.h"
 #include "Platform/MainScreen.h"
 #include "Platform/OrientationSensor.h"
 
@@ -45,6 +47,10 @@ public:
     {
         return fileSystemOf(path, error);
     }
+    [[nodiscard]] std::optional<ThreadTimes> threadTimes(Error &error) const override
+    {
+        return m_threads.threadTimes(error);
+    }
     [[nodiscard]] std::optional<quint64> residentBytes(Error &error) const override
     {
         return m_memory.residentBytes(error);
@@ -65,6 +71,7 @@ public:
 
 private:
     PowerSupplies m_power;
+    ThreadTimesSource m_threads;
     ProcessMemory m_memory;
     MainScreen m_screen;
     mutable OrientationSensor m_orientation; // the first read starts it
@@ -76,6 +83,12 @@ private:
 std::unique_ptr<DeviceFacts> makeDeviceFacts(BackgroundThread *background)
 {
     return std::make_unique<LinuxDeviceFacts>(background);
+}
+
+DeviceFacts &DeviceFacts::shared()
+{
+    static auto *instance = makeDeviceFacts(&BackgroundThread::shared()).release();
+    return *instance;
 }
 
 } // namespace wexel
