@@ -2,12 +2,16 @@
 //
 //   start [MILLISECONDS]   starts the library, prints "start_us N", and after that time of an idle event loop
 //                          "resident_kb N" and "private_kb N"
+//   idle WARM MILLISECONDS prints, after WARM milliseconds, what that time of an idle event loop costs: "cpu_us N",
+//                          "written_bytes N" (to the disk), "wakeups N" (of any thread) and "resident_kb N"
 //   report COUNT           prints "report_us N" for each of COUNT automatic reports, "screenshot_us N" with a picture
 //   drain                  prints "drain_ms N" and "peak_kb N" when all stored reports have been sent
 
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTimer>
@@ -36,12 +40,12 @@ void print(const char *name, qint64 value)
     std::fflush(stdout);
 }
 
-/// The sum of the lines that begin with one of the names, in KB.
-qint64 kilobytes(const char *path, const QByteArrayList &names)
+/// The sum of the lines that begin with one of the names.
+qint64 field(const QByteArray &path, const QByteArrayList &names)
 {
     QFile file(QString::fromUtf8(path));
     if (!file.open(QIODevice::ReadOnly))
-        qFatal("cannot read %s", path);
+        qFatal("cannot read %s", path.constData());
     qint64 sum = 0;
     for (const QByteArray &line : file.readAll().split('\n')) {
         const auto colon = line.indexOf(':');
@@ -73,9 +77,36 @@ void start(int settleMilliseconds)
     if (settleMilliseconds == 0)
         return QCoreApplication::exit();
     QTimer::singleShot(settleMilliseconds, [] {
-        print("resident_kb", kilobytes("/proc/self/status", {"VmRSS"}));
-        print("private_kb", kilobytes("/proc/self/smaps_rollup", {"Private_Clean", "Private_Dirty"}));
+        print("resident_kb", field("/proc/self/status", {"VmRSS"}));
+        print("private_kb", field("/proc/self/smaps_rollup", {"Private_Clean", "Private_Dirty"}));
         QCoreApplication::exit();
+    });
+}
+
+struct Cost {
+    qint64 cpu = static_cast<qint64>(std::clock()) * 1'000'000 / CLOCKS_PER_SEC;
+    qint64 written = field("/proc/self/io", {"write_bytes"});
+    qint64 wakeups = [] {
+        qint64 sum = 0;
+        for (const QString &thread :
+             QDir(QStringLiteral("/proc/self/task")).entryList(QDir::NoDotAndDotDot | QDir::Dirs))
+            sum += field("/proc/self/task/" + thread.toUtf8() + "/status", {"voluntary_ctxt_switches"});
+        return sum;
+    }();
+};
+
+void idle(int warmMilliseconds, int milliseconds)
+{
+    startLibrary();
+    QTimer::singleShot(warmMilliseconds, [milliseconds] {
+        QTimer::singleShot(milliseconds, [before = Cost()] {
+            const Cost after;
+            print("cpu_us", after.cpu - before.cpu);
+            print("written_bytes", after.written - before.written);
+            print("wakeups", after.wakeups - before.wakeups);
+            print("resident_kb", field("/proc/self/status", {"VmRSS"}));
+            QCoreApplication::exit();
+        });
     });
 }
 
@@ -101,7 +132,7 @@ void endWhenDrained(QtMsgType, const QMessageLogContext &, const QString &line)
     if (!line.contains(u"All upload operations completed"))
         return;
     print("drain_ms", drainTimer.elapsed());
-    print("peak_kb", kilobytes("/proc/self/status", {"VmHWM"}));
+    print("peak_kb", field("/proc/self/status", {"VmHWM"}));
     QCoreApplication::exit();
 }
 
@@ -117,6 +148,8 @@ void perform(const QStringList &arguments)
 {
     if (arguments.value(1) == u"start")
         return start(arguments.value(2).toInt());
+    if (arguments.value(1) == u"idle")
+        return idle(arguments.value(2).toInt(), arguments.value(3).toInt());
 #ifdef WITH_WEXEL
     if (arguments.value(1) == u"report")
         return report(arguments.value(2).toInt());
