@@ -12,9 +12,9 @@ namespace wexel {
 
 namespace {
 
-constexpr int maximumThreads
-    = 16; // strands wait for their turn beyond this; an upload in flight holds one thread
-constexpr int idleMilliseconds = 5000;
+// Strands wait for their turn beyond this; an upload in flight holds one thread. Each costs the host 0.1 MB and more.
+constexpr int maximumThreads = 4;
+constexpr int idleMilliseconds = 1000;
 
 QThreadPool &pool()
 {
@@ -43,6 +43,21 @@ Waiting &waiting()
     return *instance;
 }
 
+/// While a repeated block runs: where its thread collects what it hands to the pool.
+thread_local std::deque<std::function<void()>> *collected = nullptr;
+
+/// Runs the block, then what it handed to the pool, on this thread: one thread wakes up for a sample, not one for each
+/// history that it goes to.
+void runCollecting(const std::function<void()> &block)
+{
+    std::deque<std::function<void()>> blocks;
+    collected = &blocks;
+    block();
+    for (; !blocks.empty(); blocks.pop_front())
+        blocks.front()();
+    collected = nullptr;
+}
+
 void runNext()
 {
     std::function<void()> block;
@@ -58,6 +73,8 @@ void runNext()
 
 void ThreadPool::run(std::function<void()> block)
 {
+    if (collected)
+        return collected->push_back(std::move(block));
     // Handed over under a lock of our own, which ThreadSanitizer sees, unlike those within Qt.
     {
         const std::lock_guard lock(waiting().mutex);
@@ -73,7 +90,8 @@ void ThreadPool::runLater(std::chrono::milliseconds delay, std::function<void()>
 
 void ThreadPool::runEvery(std::chrono::milliseconds interval, std::function<void()> block)
 {
-    BackgroundThread::shared().performEvery(interval, [block = std::move(block)] { run(block); });
+    BackgroundThread::shared().performEvery(
+        interval, [block = std::move(block)] { run([block] { runCollecting(block); }); });
 }
 
 } // namespace wexel

@@ -16,7 +16,8 @@ public:
     static void run(std::function<void()> block);
     /// Runs the block on one of the threads after a delay; costs nothing until then.
     static void runLater(std::chrono::milliseconds delay, std::function<void()> block);
-    /// Runs the block at once and then every `interval` until the application ends.
+    /// Runs the block at once and then every `interval` until the application ends. What it hands to the pool runs after
+    /// it on the same thread, so it must be short.
     static void runEvery(std::chrono::milliseconds interval, std::function<void()> block);
 };
 
