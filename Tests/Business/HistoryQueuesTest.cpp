@@ -176,6 +176,19 @@ TEST_F(HistoryQueuesTest, PrunesWhatIsOlderThanTheLimit)
         QStringList({QStringLiteral("future"), QStringLiteral("undated"), QStringLiteral("unreadable")}));
 }
 
+TEST_F(HistoryQueuesTest, HoldsAsManyAsFitIntoItsBytes)
+{
+    WXLTimeQueue queue(world.repository, key);
+    const QString kilobyte(1024, u'x');
+    constexpr int pushed = 3000;
+    for (int number = 0; number < pushed; ++number)
+        queue.push(tap(QString::number(number) + kilobyte, at(number)), {});
+    const QStringList names = classNames(queue);
+    EXPECT_EQ(names.last(), QString::number(pushed - 1) + kilobyte);
+    EXPECT_GT(names.size(), WXLTimeQueue::maximumBytes / 1300 / 2);
+    EXPECT_LT(world.repository.getData(key)->size(), WXLTimeQueue::maximumBytes + 16);
+}
+
 TEST_F(HistoryQueuesTest, PushesPrunesAndReadersMayMeet)
 {
     constexpr int each = 200;

@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <csignal>
@@ -125,7 +126,7 @@ TEST_F(PowerCut, OpensWhateverIsLeftOfTheDatabase)
     ASSERT_GT(database.size(), 3000);
     const CapturedLog quiet;
     for (qsizetype length = 0; length < database.size(); length += 101)
-        EXPECT_EQ(reopened(database.left(length), {}), 0) << "database cut to " << length;
+        EXPECT_THAT(reopened(database.left(length), {}), testing::AnyOf(0, 5)) << "cut to " << length;
     EXPECT_EQ(reopened(database, {}), 5);
 }
 

@@ -49,6 +49,28 @@ TEST(UserDefaults, KeepsEveryTypeAcrossLaunches)
     }
 }
 
+TEST(UserDefaults, LargeBytesLieInPiecesThatTwoProcessesMayWrite)
+{
+    StoreUnderTest store;
+    QByteArray bytes;
+    for (int number = 0; bytes.size() < 300'000; ++number)
+        bytes += QByteArray::number(number * 7919 % 104'729);
+    const QByteArray other(200'000, 'o');
+    for (const QByteArray &value : {bytes, bytes + "more", QByteArray("head") + bytes, bytes.left(100'000),
+                                    QByteArray("small"), bytes}) {
+        store.defaults->setObject(value, key);
+        store.relaunch();
+        EXPECT_EQ(store.defaults->dataForKey(key), value) << value.size();
+        const auto second = store.open();
+        second->setObject(other, key);
+        second->synchronize();
+        EXPECT_EQ(store.defaults->dataForKey(key), other) << value.size();
+    }
+    store.defaults->removeObjectForKey(key);
+    store.relaunch();
+    EXPECT_EQ(store.defaults->dataForKey(key), std::nullopt);
+}
+
 TEST(UserDefaults, TextIsNotBytesAndAbsentIsNothing)
 {
     StoreUnderTest store;

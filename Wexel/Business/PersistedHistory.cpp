@@ -1,6 +1,7 @@
 #include "Business/PersistedHistory.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "Business/HistorySnapshot.h"
 #include "Business/NetworkRequestRecord.h"
@@ -76,6 +77,22 @@ void PersistedHistory::append(const Record &record)
         log(QStringLiteral("%1: Error serializing data: %2, key -> %3")
                 .arg(m_owner, error->localizedDescription(), m_key));
     m_entries.push_back({record, timestampOf(*record), std::move(archived)});
+}
+
+void PersistedHistory::limit(qsizetype most)
+{
+    qsizetype left = bytes();
+    if (left <= most)
+        return;
+    // Not one by one: each time the whole archive moves up and is written anew.
+    for (; left > most / 4 * 3; m_entries.pop_front())
+        left -= m_entries.front().bytes();
+}
+
+qsizetype PersistedHistory::bytes() const
+{
+    return std::accumulate(m_entries.begin(), m_entries.end(), qsizetype(0),
+                           [](qsizetype sum, const Entry &entry) { return sum + entry.bytes(); });
 }
 
 void PersistedHistory::remove(const Record &record)

@@ -39,6 +39,8 @@ public:
     /// From its return on nothing is stored any more.
     void close();
 
+    /// Once the archive is larger than that, the oldest entries go until it has three quarters of it.
+    void limit(qsizetype bytes);
     [[nodiscard]] size_t count() const { return m_entries.size(); }
     void append(const Record &record);
     void removeFirst() { m_entries.pop_front(); }
@@ -56,11 +58,14 @@ private:
         std::weak_ptr<const WXLBlackBoxObject> record; ///< tells which object it was made of
         std::optional<QString> timestamp;
         std::optional<KeyedArchiver::Element> archived; ///< nothing: it could not be archived
+
+        [[nodiscard]] qsizetype bytes() const { return archived ? archived->bytes.size() : 0; }
     };
 
     PersistedHistory(WXLAppRepository &repository, QString key, QString owner, QString strand);
     void load();
     void save();
+    [[nodiscard]] qsizetype bytes() const;
     [[nodiscard]] std::optional<QByteArray> archiveData() const;
 
     WXLAppRepository &m_repository;

@@ -18,6 +18,7 @@ void WXLTimeQueue::push(const std::shared_ptr<const WXLBlackBoxObject> &record,
     m_queue->async([record](PersistedHistory &queue) {
         queue.remove(record);
         queue.append(record);
+        queue.limit(maximumBytes);
     });
 }
 

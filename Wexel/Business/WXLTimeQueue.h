@@ -14,11 +14,15 @@ class PersistedHistory;
 class SerialQueue;
 class WXLAppRepository;
 
-/// A history without a limit of its own, pruned by age when its owner asks for it. Stored whole under its key after
+/// A history of any number of entries, pruned by age when its owner asks for it. Only its size is limited, so that a host
+/// that runs for days pays no more, and that a report with it can be sent: beyond `maximumBytes` the oldest go. Stored whole under its key after
 /// every change, and loaded from there. Thread-safe.
 class WXLTimeQueue
 {
 public:
+    /// Of the archived entries together.
+    static constexpr qsizetype maximumBytes = 2 * 1024 * 1024;
+
     WXLTimeQueue(WXLAppRepository &repository, const QString &key);
 
     /// Appends in the background, in the order of the calls. The same object once more moves to the end, with the

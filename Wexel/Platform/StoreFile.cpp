@@ -12,20 +12,18 @@ namespace wexel {
 namespace {
 
 constexpr auto applicationId = "1465404499"; // "WXLS"
-constexpr auto formatVersion = "1";
+constexpr auto formatVersion = "2";
 
 // Docs/store.md has the figures behind these settings. A new store has nothing to lose to a power cut, so making it
 // does not wait for the disk.
-constexpr auto creation = "PRAGMA synchronous = OFF;"
-                          "PRAGMA page_size = 1024;"
-                          "PRAGMA journal_mode = WAL;"
-                          "BEGIN IMMEDIATE;"
-                          "CREATE TABLE IF NOT EXISTS entries"
-                          " (key TEXT PRIMARY KEY, kind INTEGER NOT NULL, content BLOB NOT NULL);"
-                          "PRAGMA application_id = 1465404499;"
-                          "PRAGMA user_version = 1;"
-                          "COMMIT;"
-                          "PRAGMA synchronous = NORMAL";
+constexpr auto beforeCreation = "PRAGMA synchronous = OFF;"
+                                "PRAGMA page_size = 1024;"
+                                "PRAGMA journal_mode = WAL;"
+                                "BEGIN IMMEDIATE";
+constexpr auto afterCreation = "PRAGMA application_id = 1465404499;"
+                               "PRAGMA user_version = 2;"
+                               "COMMIT;"
+                               "PRAGMA synchronous = NORMAL";
 
 } // namespace
 
@@ -35,13 +33,7 @@ std::optional<StoredValue> StoreFile::read(const QString &key)
 {
     if (!ensureOpen())
         return std::nullopt;
-    std::optional<StoredValue> value;
-    {
-        SqliteStatement select = m_database.prepare("SELECT kind, content FROM entries WHERE key = ?");
-        select.bind(1, key);
-        if (select.nextRow())
-            value = StoredValue{StoredValue::Kind(select.number(0)), select.bytes(1)};
-    }
+    const std::optional<StoredValue> value = StoreTable(m_database).read(key);
     if (m_database.foundDamage())
         m_database.close(); // the next use looks closer
     return value;
@@ -68,22 +60,8 @@ std::optional<QString> StoreFile::write(const StoreChanges &changes)
 
 bool StoreFile::writeAll(const StoreChanges &changes)
 {
-    if (!m_database.execute("BEGIN IMMEDIATE"))
-        return false;
-    SqliteStatement replace
-        = m_database.prepare("REPLACE INTO entries (key, kind, content) VALUES (?, ?, ?)");
-    SqliteStatement remove = m_database.prepare("DELETE FROM entries WHERE key = ?");
-    for (auto change = changes.cbegin(); change != changes.cend(); ++change) {
-        SqliteStatement &statement = *change ? replace : remove;
-        statement.bind(1, change.key());
-        if (*change) {
-            statement.bind(2, int((*change)->kind));
-            statement.bind(3, (*change)->content);
-        }
-        if (!statement.execute())
-            return false;
-    }
-    return m_database.execute("COMMIT");
+    return m_database.execute("BEGIN IMMEDIATE") && StoreTable(m_database).write(changes)
+        && m_database.execute("COMMIT");
 }
 
 bool StoreFile::ensureOpen()
@@ -138,7 +116,10 @@ StoreFile::State StoreFile::check()
 
 StoreFile::State StoreFile::createTable()
 {
-    return m_database.execute(creation) ? State::Ready : failure();
+    return m_database.execute(beforeCreation) && m_database.execute(StoreTable::creation)
+            && m_database.execute(afterCreation)
+        ? State::Ready
+        : failure();
 }
 
 // The lock keeps two processes from moving each other's new store aside.

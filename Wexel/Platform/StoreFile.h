@@ -2,18 +2,14 @@
 
 #include <optional>
 
-#include <QMap>
 #include <QString>
 
 #include "Platform/SqliteDatabase.h"
-#include "Platform/StoredValue.h"
+#include "Platform/StoreTable.h"
 
 namespace wexel {
 
-/// Changes to write together; nothing in the place of a value removes the entry.
-using StoreChanges = QMap<QString, std::optional<StoredValue>>;
-
-/// The store's file: an SQLite database of one table. Opened by the first call that needs it, and again after
+/// The store's file: an SQLite database. Opened by the first call that needs it, and again after
 /// a failure or when the file was moved or deleted. Not thread-safe; other instances and processes may have
 /// the same file open.
 class StoreFile

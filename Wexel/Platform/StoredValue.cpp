@@ -79,6 +79,8 @@ QVariant StoredValue::toVariant() const
         return content;
     case DeflatedBytes:
         return inflated(content);
+    case Digests:
+        break;
     }
     return {};
 }

@@ -14,6 +14,7 @@ struct StoredValue {
         PropertyList = 0, ///< CBOR (RFC 8949) of any value but a byte buffer
         Bytes = 1, ///< a byte buffer as it is
         DeflatedBytes = 2, ///< a byte buffer behind zlib, with its length in four bytes in front
+        Digests = 3, ///< of the pieces that a byte buffer lies in, see StoreTable; not a value itself
     };
 
     Kind kind = PropertyList;

@@ -136,7 +136,7 @@ void FileUserDefaults::flush()
         return;
     StoreChanges changes;
     for (auto entry = gathered.cbegin(); entry != gathered.cend(); ++entry)
-        changes.insert(entry.key(), entry->value ? std::optional(entry->value->compressed()) : std::nullopt);
+        changes.insert(entry.key(), entry->value);
     const std::optional<QString> problem = m_file.write(changes);
     report(problem);
     if (!problem)
