@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # Builds the release preset, runs the benchmarks and prints their figures as a Markdown table.
 #
-#   Benchmarks/run.sh [startup] [save] [drain]      all of them without an argument
+#   Benchmarks/run.sh [startup] [save] [drain] [idle]      all of them without an argument
 #
-# Environment: RUNS (20) fresh processes per start-up figure, DRAINS (3) drains, REPORTS (500) reports in each.
+# Environment: RUNS (20) fresh processes per start-up figure, DRAINS (3) drains, REPORTS (500) reports in each, IDLE (120)
+# seconds of doing nothing.
 # Needs about 2 GB in $TMPDIR, curl and jq.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-runs=${RUNS:-20} drains=${DRAINS:-3} reports=${REPORTS:-500}
+runs=${RUNS:-20} drains=${DRAINS:-3} reports=${REPORTS:-500} idle=${IDLE:-120}
 build=$PWD/build/release
 export QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software LC_ALL=C.UTF-8
 export QT_LOGGING_RULES='wexel=true' QT_FORCE_STDERR_LOGGING=1
@@ -154,7 +155,38 @@ drain() {
     row 'peak resident memory of the draining host' "$(divided "$(percentile 50 peak_kb "$work/times")" 1024 %.1f) MB"
 }
 
-[ $# -gt 0 ] || set -- startup save drain
+# All hosts at once, each in a home of its own. Before that they fill the histories: taps and requests, if they can, and
+# a minute of samples.
+idle() {
+    local warm=65 kind other name pids=()
+    start_receiver
+    for kind in Core Quick; do
+        for other in Host HostWithout; do
+            name=Benchmark$kind$other
+            mkdir -p "$work/idle/$name"
+            HOME=$work/idle/$name XDG_DATA_HOME=$work/idle/$name XDG_RUNTIME_DIR=$work/idle/$name \
+                "$work/bin/$name" idle $((warm * 1000)) $((idle * 1000)) "${url/127.0.0.1/localhost}" \
+                >"$work/idle/$name.figures" 2>"$work/idle/$name.log" &
+            pids+=($!)
+        done
+    done
+    wait "${pids[@]}"
+    for kind in Core Quick; do
+        idle_row "$kind" 'CPU time, percent of one core' cpu_us "$(divided "$idle" 1 '%.0f0000')" %.3f
+        idle_row "$kind" 'written to the disk, KB/s' written_bytes $((idle * 1024)) %.1f
+        idle_row "$kind" 'wake-ups of threads per second' wakeups "$idle" %.1f
+        idle_row "$kind" 'resident memory, MB' resident_kb 1024 %.1f
+    done
+}
+idle_row() { # idle_row KIND TITLE NAME DIVISOR FORMAT
+    local with without
+    with=$(percentile 50 "$3" "$work/idle/Benchmark$1Host.figures")
+    without=$(percentile 50 "$3" "$work/idle/Benchmark$1HostWithout.figures")
+    row "$1 host, idle for $idle s, histories full: $2, with / without the library" \
+        "$(divided "$with" "$4" "$5") / $(divided "$without" "$4" "$5")"
+}
+
+[ $# -gt 0 ] || set -- startup save drain idle
 install_prefix
 printf '| What | Figure |\n|---|---|\n'
 for benchmark; do "$benchmark"; done

@@ -102,6 +102,12 @@ received() { # received FILTER: the reports that the receiver has, as jq sees th
     "$prefix/bin/wexel-receiver" reports --data="$data/receiver" --json 2>/dev/null | jq -r "$@"
 }
 has_report() { [ "$(received --arg text "$1" 'map(select(.report.description == $text)) | length')" = 1 ]; }
+has_histories() { # has_histories TEXT: what the tester did before shows in the report
+    received -e --arg text "$1" '.[] | select(.report.description == $text) | .report as $r |
+        ($r.blackbox.cpu_usage_history | length > 1) and ($r.blackbox.network_usage_history | length > 0) and
+        ($r.sessions | length > 0) and ($r.log.user_taps | length > 4) and
+        ($r.log.network_requests | any(.statuc_code == "200" and (.url | endswith("/menu.json"))))' >"$data/histories"
+}
 stored() { find "$reports_folder" -name '*.wexelreportfile' 2>/dev/null | wc -l; }
 stored_is() { [ "$(stored)" = "$1" ]; }
 
@@ -115,7 +121,10 @@ show_report() { # show_report TEXT
         "  screen        \($r.screen_width) x \($r.screen_height)",
         "  memory        \($r.used_memory | round) of \($r.available_memory | round) MB used, \($r.used_application_memory | round) MB by the app",
         "  network       \([$r.network_type // "not known", $r.network_name // empty] | join(" "))",
-        "  histories     \($r.blackbox | keys | length) kinds, \($r.log.user_taps // [] | length) taps, \($r.log.network_requests // [] | length) network requests",
+        "  black box     \($r.blackbox | to_entries | map("\(.value | length) \(.key | rtrimstr("_history") | gsub("_"; " "))") | join(", "))",
+        "  sessions      \($r.sessions // [] | map(.state) | join(" "))",
+        ($r.log.user_taps // [] | .[-5:][] | "  tap           \(.class_name) on \(.view)\(if .property == "" then "" else ", its \(.property)" end)"),
+        ($r.log.network_requests // [] | .[-3:][] | "  request       \(.method) \(.url): \(.statuc_code), \(.response_body | length) characters in \(.duration * 1000 | round) ms"),
         "  quick facts   \($r.quick_facts | gsub("\n"; "; "))"'
 }
 
@@ -148,6 +157,7 @@ run_auto() {
     wait_until 15 stored_is 0 || fail "The report was received, but its file is still in $reports_folder"
     say "  The receiver has it:"
     show_report "$first"
+    has_histories "$first" || fail "The report lacks taps, requests, sessions or samples"
     save_screenshot "$first" "$data/received-screenshot.jpg"
 
     step "Sending a report while the receiver is away"

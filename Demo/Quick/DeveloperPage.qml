@@ -112,6 +112,61 @@ Page {
                     Navigator.toastRequested(qsTr("Automatic report handed over"));
                 }
             }
+            Switch {
+                id: blackBox
+                objectName: "blackBox"
+                width: parent.width
+                height: 68
+                leftPadding: 16
+                rightPadding: 16
+                text: qsTr("Black box")
+                checked: App.reporting.blackBoxEnabled
+                onToggled: App.reporting.blackBoxEnabled = checked
+                Accessible.role: Accessible.CheckBox
+                Accessible.name: text
+                Accessible.checkable: true
+                Accessible.checked: checked
+                Accessible.onPressAction: toggle()
+
+                background: Rectangle {
+                    radius: Theme.radius
+                    color: Theme.surface
+                    border.width: 1
+                    border.color: Theme.line
+                }
+                contentItem: Column {
+                    topPadding: 8
+                    spacing: 3
+                    Body {
+                        text: blackBox.text
+                        font.bold: true
+                    }
+                    Body {
+                        text: qsTr("Remembers the device's last minute")
+                        color: Theme.inkSoft
+                        font.pixelSize: Theme.captionSize
+                    }
+                }
+                indicator: Rectangle {
+                    x: blackBox.width - width - 16
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: 46
+                    height: 28
+                    radius: 14
+                    color: blackBox.checked ? Theme.primary : "#B9ADA1"
+                    Behavior on color { ColorAnimation { duration: 120 } }
+                    Rectangle {
+                        x: 3 + blackBox.visualPosition * (parent.width - width - 6)
+                        y: 3
+                        width: 22
+                        height: 22
+                        radius: 11
+                        color: "white"
+                        Behavior on x { NumberAnimation { duration: 120 } }
+                    }
+                }
+                FocusRing { visible: blackBox.visualFocus; radius: Theme.radius + 3 }
+            }
             Rectangle {
                 width: parent.width
                 height: note.height + 32
@@ -122,7 +177,7 @@ Page {
                     x: 16
                     y: 16
                     width: parent.width - 32
-                    text: qsTr("Every report says which page is open, what the cart holds and what device this is. It waits on disk until the receiver has it.")
+                    text: qsTr("Every report says which page is open, what the cart holds, what device this is, and what was tapped and requested before. It waits on disk until the receiver has it.")
                     lineHeight: 1.25
                     wrapMode: Text.Wrap
                 }

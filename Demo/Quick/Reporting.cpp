@@ -43,6 +43,15 @@ void Reporting::setPage(const QString &page)
     Q_EMIT pageChanged();
 }
 
+void Reporting::setBlackBoxEnabled(bool enabled)
+{
+    if (enabled == m_blackBoxEnabled)
+        return;
+    m_blackBoxEnabled = enabled;
+    WXLWexel::setBlackBoxEnabled(enabled);
+    Q_EMIT blackBoxEnabledChanged();
+}
+
 void Reporting::reportWithScreenshot(const QString &description)
 {
     qCInfo(cafe).noquote() << "Report with a screenshot:" << description;

@@ -13,6 +13,8 @@ class Reporting : public QObject
     QML_ELEMENT
     QML_UNCREATABLE("see App")
     Q_PROPERTY(QString page READ page WRITE setPage NOTIFY pageChanged)
+    Q_PROPERTY(
+        bool blackBoxEnabled READ blackBoxEnabled WRITE setBlackBoxEnabled NOTIFY blackBoxEnabledChanged)
 
 public:
     explicit Reporting(const Cart &cart);
@@ -21,6 +23,9 @@ public:
     /// The page on screen, as a quick fact.
     [[nodiscard]] QString page() const { return m_page; }
     void setPage(const QString &page);
+    /// On at every start: the library does not keep the switch between runs.
+    [[nodiscard]] bool blackBoxEnabled() const { return m_blackBoxEnabled; }
+    void setBlackBoxEnabled(bool enabled);
 
     Q_INVOKABLE void reportWithScreenshot(const QString &description);
     Q_INVOKABLE void reportWithoutScreenshot(const QString &description);
@@ -28,10 +33,12 @@ public:
 
 Q_SIGNALS:
     void pageChanged();
+    void blackBoxEnabledChanged();
 
 private:
     [[nodiscard]] QString quickFacts() const;
 
     const Cart &m_cart;
     QString m_page;
+    bool m_blackBoxEnabled = true;
 };

@@ -6,6 +6,8 @@
 //   start             starts the library
 //   report NUMBER     sends the automatic report of that number, with its attachment
 //   screenshot TEXT   sends an automatic report with a screenshot
+//   tap               presses the button in its window
+//   get URL           asks for it through the recording network access manager, prints "got STATUS" when it has it
 //   quit-when TEXT    QCoreApplication::quit() from the event loop as soon as the log has the text
 //   exit-when TEXT    std::exit(0) likewise
 //   quit | exit       both from the first turn of the event loop
@@ -25,11 +27,16 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QMouseEvent>
+#include <QNetworkReply>
+#include <QPushButton>
 #include <QSslConfiguration>
 #include <QStandardPaths>
 #include <QTimer>
 #include <QWidget>
+#include <QWindow>
 
+#include <Wexel/WXLNetworkAccessManager.h>
 #include <Wexel/WXLWexel.h>
 
 #include "NumberedReport.h"
@@ -126,6 +133,29 @@ void report(const QString &argument)
     WXLWexel::autoReportWithDescription(NumberedReport::description(number));
 }
 
+void tap()
+{
+    QWindow *window = QGuiApplication::focusWindow();
+    if (window == nullptr)
+        return QTimer::singleShot(0, tap); // it is still coming up
+    const QPointF middle(window->width() / 2.0, window->height() / 2.0);
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, middle, window->mapToGlobal(middle), Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, {});
+        QCoreApplication::sendEvent(window, &event);
+    }
+}
+
+void get(const QString &url)
+{
+    static auto *manager = new wexel::WXLNetworkAccessManager(qApp);
+    QNetworkReply *reply = manager->get(QNetworkRequest(QUrl(url)));
+    QObject::connect(reply, &QNetworkReply::finished, reply, [reply] {
+        print("got " + reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toByteArray());
+        reply->deleteLater();
+    });
+}
+
 /// \return false when main is to return without an event loop
 bool perform(QStringList commands)
 {
@@ -134,6 +164,7 @@ bool perform(QStringList commands)
         {QStringLiteral("report"), report},
         {QStringLiteral("screenshot"),
          [](const QString &text) { WXLWexel::autoReportWithAttachScreenshot(true, text); }},
+        {QStringLiteral("get"), get},
         {QStringLiteral("quit-when"), [](const QString &text) { leaveWhenLogged(text, quit); }},
         {QStringLiteral("exit-when"), [](const QString &text) { leaveWhenLogged(text, exitNow); }},
     };
@@ -141,6 +172,8 @@ bool perform(QStringList commands)
         const QString command = commands.takeFirst();
         if (command == u"start")
             WXLWexel::startWithInvocationEvents(wexel::WexelInvocationEventMotion);
+        else if (command == u"tap")
+            tap();
         else if (command == u"quit")
             QTimer::singleShot(0, quit);
         else if (command == u"exit")
@@ -177,6 +210,7 @@ int main(int argc, char **argv)
     if (qobject_cast<QApplication *>(application.get()) != nullptr) {
         window = std::make_unique<QWidget>();
         window->resize(300, 200);
+        (new QPushButton(window.get()))->resize(300, 200);
         window->show();
     }
     if (perform(QCoreApplication::arguments().mid(2)))

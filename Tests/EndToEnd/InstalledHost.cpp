@@ -83,9 +83,19 @@ void InstalledHost::runUntil(const QString &line) const
 
 QStringList InstalledHost::storedReports() const
 {
-    const QDir folder(HostProcess::dataFolder(m_folder.filePath(QStringLiteral("home")))
-                      + QStringLiteral("/EndToEndHost/Documents/WexelSavedDataDirectory"));
+    const QDir folder(dataFolder() + QStringLiteral("/Documents/WexelSavedDataDirectory"));
     return folder.entryList({QStringLiteral("*.wexelreportfile")}, QDir::Files);
+}
+
+std::shared_ptr<UserDefaults> InstalledHost::userDefaults() const
+{
+    return makeUserDefaults(dataFolder() + QStringLiteral("/Preferences/wexel.defaults"), {});
+}
+
+QString InstalledHost::dataFolder() const
+{
+    return HostProcess::dataFolder(m_folder.filePath(QStringLiteral("home")))
+        + QStringLiteral("/EndToEndHost");
 }
 
 } // namespace wexel

@@ -4,6 +4,7 @@
 
 #include <QTemporaryDir>
 
+#include "Platform/UserDefaults.h"
 #include "Support/HostProcess.h"
 
 namespace wexel {
@@ -26,8 +27,11 @@ public:
     void drain() const;
     /// Names of the report files in the host's documents folder.
     [[nodiscard]] QStringList storedReports() const;
+    /// The host's store, which a running host may have open, too.
+    [[nodiscard]] std::shared_ptr<UserDefaults> userDefaults() const;
 
 private:
+    [[nodiscard]] QString dataFolder() const;
     void runUntil(const QString &line) const;
     void install(const QString &file, const QString &folder) const;
 
