@@ -5,6 +5,8 @@
 #include <QJsonObject>
 
 #include "Business/HistoryKeys.h"
+#include "Business/NetworkRequestRecord.h"
+#include "Business/TouchRecord.h"
 #include "InstalledHost.h"
 #include "Support/Histories.h"
 #include "Support/ReceiverProcess.h"
@@ -34,8 +36,13 @@ TEST(KilledHost, KeepsItsHistories)
                                    QStringLiteral("get"), url + QStringLiteral("menu")});
     ASSERT_TRUE(process->waitForOutput("got 200")) << process->output().constData();
     const WXLAppRepository store(host.userDefaults());
-    const auto samples = [&] { return storedRecordsOf<Record>(store, kWXLCpuHistoryKey).size(); };
-    ASSERT_TRUE(spinUntil([&] { return samples() >= 5; })) << process->output().constData();
+    const auto hasStored = [&] {
+        const auto requests = storedRecordsOf<NetworkRequestRecord>(store, kNetworkRequestReportKey);
+        return storedRecordsOf<Record>(store, kWXLCpuHistoryKey).size() >= 5
+            && storedRecordsOf<TouchRecord>(store, kUserEventReportKey).size() == 1 && requests.size() == 1
+            && requests[0]->statusCode == QStringLiteral("200");
+    };
+    ASSERT_TRUE(spinUntil(hasStored)) << process->output().constData();
     process->kill();
     const QDateTime killed = QDateTime::currentDateTime();
 
