@@ -2,7 +2,9 @@
 //
 //   start [MILLISECONDS]   starts the library, prints "start_us N", and after that time of an idle event loop
 //                          "resident_kb N" and "private_kb N"
-//   idle WARM MILLISECONDS prints, after WARM milliseconds, what that time of an idle event loop costs: "cpu_us N",
+//   idle WARM MILLISECONDS URL
+//                          fills the histories of requests (to that address) and, with a window, of taps, and prints,
+//                          after WARM milliseconds, what that time of an idle event loop costs: "cpu_us N",
 //                          "written_bytes N" (to the disk), "wakeups N" (of any thread) and "resident_kb N"
 //   report COUNT           prints "report_us N" for each of COUNT automatic reports, "screenshot_us N" with a picture
 //   drain                  prints "drain_ms N" and "peak_kb N" when all stored reports have been sent
@@ -15,9 +17,11 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTimer>
+#include <QUrl>
 
 #ifdef WITH_QUICK
 #include <QGuiApplication>
+#include <QMouseEvent>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickWindow>
@@ -28,6 +32,8 @@ using Application = QCoreApplication;
 #endif
 
 #ifdef WITH_WEXEL
+#include <QNetworkReply>
+#include <Wexel/WXLNetworkAccessManager.h>
 #include <Wexel/WXLWexel.h>
 using wexel::WXLWexel;
 #endif
@@ -95,9 +101,52 @@ struct Cost {
     }();
 };
 
-void idle(int warmMilliseconds, int milliseconds)
+constexpr int requestsBefore = 200;
+constexpr int tapsBefore = 200;
+
+void fillRequests(const QUrl &url)
+{
+#ifdef WITH_WEXEL
+    auto *manager = new wexel::WXLNetworkAccessManager(qApp);
+    auto *left = new int(requestsBefore);
+    QObject::connect(manager, &QNetworkAccessManager::finished, manager,
+                     [manager, url, left](QNetworkReply *reply) {
+                         reply->deleteLater();
+                         if (--*left > 0)
+                             manager->get(QNetworkRequest(url));
+                     });
+    manager->get(QNetworkRequest(url));
+#else
+    Q_UNUSED(url)
+#endif
+}
+
+void fillTaps()
+{
+#ifdef WITH_QUICK
+    auto *turn = new QTimer(qApp);
+    QObject::connect(turn, &QTimer::timeout, [turn, left = tapsBefore]() mutable {
+        QWindow *window = QGuiApplication::focusWindow();
+        if (window == nullptr)
+            return;
+        const QPointF middle(window->width() / 2.0, window->height() / 2.0);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, middle, window->mapToGlobal(middle), Qt::LeftButton, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(window, &event);
+        }
+        if (--left == 0)
+            turn->stop();
+    });
+    constexpr int betweenMilliseconds = 20; // more than the taps that count as one
+    turn->start(betweenMilliseconds);
+#endif
+}
+
+void idle(int warmMilliseconds, int milliseconds, const QUrl &url)
 {
     startLibrary();
+    fillRequests(url);
+    fillTaps();
     QTimer::singleShot(warmMilliseconds, [milliseconds] {
         QTimer::singleShot(milliseconds, [before = Cost()] {
             const Cost after;
@@ -149,7 +198,7 @@ void perform(const QStringList &arguments)
     if (arguments.value(1) == u"start")
         return start(arguments.value(2).toInt());
     if (arguments.value(1) == u"idle")
-        return idle(arguments.value(2).toInt(), arguments.value(3).toInt());
+        return idle(arguments.value(2).toInt(), arguments.value(3).toInt(), QUrl(arguments.value(4)));
 #ifdef WITH_WEXEL
     if (arguments.value(1) == u"report")
         return report(arguments.value(2).toInt());
