@@ -8,6 +8,7 @@
 #include "Business/WXLNetworkRequestReporter.h"
 #include "Business/WXLUserEventReporter.h"
 #include "Platform/NotificationCenter.h"
+#include "Platform/SerialQueue.h"
 
 namespace wexel {
 
@@ -47,8 +48,11 @@ void WXLSessionReporter::reportState(const QString &code)
 void WXLSessionReporter::reportState(const QString &code, const QString &timestamp)
 {
     m_sessionQueue.push(std::make_shared<Record>(code, timestamp));
-    if (const auto oldest = oldestSessionDate(m_repository))
-        m_prune(*oldest);
+    // There, so that the main thread does not wait for the store when the host starts.
+    m_sessionQueue.workingQueue().async([this] {
+        if (const auto oldest = oldestSessionDate(m_repository))
+            m_prune(*oldest);
+    });
 }
 
 QVariantList WXLSessionReporter::sessionHistory(const WXLAppRepository &repository)

@@ -26,10 +26,11 @@ inline const QString sessionEnteredBackground = QStringLiteral("2");
 class WXLSessionReporter
 {
 public:
-    /// Called at every change with the time of the oldest one that is kept.
+    /// Called after every change with the time of the oldest one that is kept, on a thread of the pool.
     using Prune = std::function<void(const QDateTime &)>;
 
-    /// Records the start as coming to the foreground, a second ago. The collaborators outlive the reporter.
+    /// Records the start as coming to the foreground, a second ago. The collaborators outlive the reporter, which lives on
+    /// while changes are on their way.
     WXLSessionReporter(WXLAppRepository &repository, const WXLDateProvider &dateProvider,
                        NotificationCenter &notifications, Prune prune);
     static WXLSessionReporter &sharedInstance();
