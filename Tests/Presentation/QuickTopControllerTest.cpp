@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "Presentation/Helpers/HostClassName.h"
+#include "Platform/HostClassName.h"
 #include "Presentation/Helpers/TopController.h"
 #include "Presentation/QuickHost.h"
 

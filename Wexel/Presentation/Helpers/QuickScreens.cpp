@@ -5,7 +5,7 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
-#include "Presentation/Helpers/HostClassName.h"
+#include "Platform/HostClassName.h"
 
 namespace wexel {
 

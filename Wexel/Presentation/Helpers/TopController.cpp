@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <QWindow>
 
-#include "Presentation/Helpers/HostClassName.h"
+#include "Platform/HostClassName.h"
 #include "Presentation/Helpers/HostWindows.h"
 #include "Presentation/Helpers/QuickScreens.h"
 #include "Presentation/Helpers/WidgetScreens.h"

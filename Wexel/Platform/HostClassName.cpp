@@ -1,4 +1,4 @@
-#include "Presentation/Helpers/HostClassName.h"
+#include "Platform/HostClassName.h"
 
 #include <QMetaClassInfo>
 #include <QRegularExpression>
@@ -41,6 +41,14 @@ QString hostClassName(const QMetaObject *metaObject)
         metaObject = metaObject->superClass();
     const QString element = elementName(metaObject);
     return element.isEmpty() ? withoutSuffix(metaObject->className()) : element;
+}
+
+const QMetaObject *hostClass(const QMetaObject *metaObject)
+{
+    const QMetaObject *base = metaObject->superClass();
+    return base != nullptr && QByteArray(metaObject->className()).contains("_QML_") && isHostQmlType(base)
+        ? base
+        : metaObject;
 }
 
 bool isHostQmlType(const QMetaObject *metaObject)
