@@ -12,15 +12,12 @@ namespace wexel {
 
 namespace {
 
-bool isPopup(const QWindow *window)
-{
-    return window->type() == Qt::Popup || window->type() == Qt::ToolTip;
-}
+constexpr int maximumDepth = 16; // of windows opened from windows
 
 int transientDepth(const QWindow *window)
 {
     int depth = 0;
-    for (const QWindow *parent = window->transientParent(); parent != nullptr && depth < 16;
+    for (const QWindow *parent = window->transientParent(); parent != nullptr && depth < maximumDepth;
          parent = parent->transientParent())
         ++depth;
     return depth;
@@ -55,15 +52,33 @@ bool isMarked(const QWindow *window, const char *property)
     return widget != nullptr && widget->property(property).toBool();
 }
 
+const QWindow *markedWindowBelow(const QWindow *window, const char *property)
+{
+    for (int depth = 0; window != nullptr && depth < maximumDepth; ++depth) {
+        if (isMarked(window, property))
+            return window;
+        window = window->parent(QWindow::IncludeTransients);
+    }
+    return nullptr;
+}
+
 QWidget *widgetOf(const QWindow *window)
 {
-    if (qobject_cast<QApplication *>(QCoreApplication::instance()) == nullptr)
-        return nullptr;
-    const QWidgetList widgets = QApplication::topLevelWidgets();
-    const auto found = std::find_if(widgets.begin(), widgets.end(), [window](const QWidget *widget) {
-        return widget->windowHandle() == window;
-    });
-    return found != widgets.end() ? *found : nullptr;
+    // Without a native window there is nothing to find, and asking for its number would make one.
+    const bool hasWidgets = qobject_cast<QApplication *>(QCoreApplication::instance()) != nullptr;
+    return hasWidgets && window->handle() != nullptr ? QWidget::find(window->winId()) : nullptr;
+}
+
+bool isPopup(const QWindow *window)
+{
+    return window->type() == Qt::Popup || window->type() == Qt::ToolTip;
+}
+
+QWindow *windowBelow(QWindow *window)
+{
+    while (window != nullptr && (window->parent() != nullptr || isPopup(window)))
+        window = window->parent(QWindow::IncludeTransients);
+    return window;
 }
 
 QList<QWindow *> windowsBackToFront()

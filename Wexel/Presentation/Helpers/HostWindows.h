@@ -20,6 +20,10 @@ inline constexpr char displayWindowProperty[] = "WXLDisplayWindow";
 /// True when the window, or the widget that it belongs to, carries the property.
 [[nodiscard]] bool isMarked(const QWindow *window, const char *property);
 
+/// The window itself, or the one that it is embedded in or was opened from, that carries the property; null when none
+/// does.
+[[nodiscard]] const QWindow *markedWindowBelow(const QWindow *window, const char *property);
+
 /// The widget whose native window this is; null for a window that is not one of Qt Widgets.
 [[nodiscard]] QWidget *widgetOf(const QWindow *window);
 
@@ -34,6 +38,13 @@ inline constexpr char displayWindowProperty[] = "WXLDisplayWindow";
 
 /// The host's window that has the keyboard, a dialog for example; else its main window. Null as above.
 [[nodiscard]] QWindow *hostKeyWindow();
+
+/// True for menus, lists and tool tips, which close by themselves.
+[[nodiscard]] bool isPopup(const QWindow *window);
+
+/// The window that an embedded one lies in, or that a popup was opened from, and so on; the window itself when it is
+/// neither. Null for a popup that nobody said it of.
+[[nodiscard]] QWindow *windowBelow(QWindow *window);
 
 // All of these: main thread only.
 

@@ -22,6 +22,12 @@ QObject *nextController(QObject *controller)
     return quickScreenInside(controller);
 }
 
+QObject *rootOf(QWindow *window)
+{
+    QWidget *widget = window != nullptr ? widgetOf(window) : nullptr;
+    return widget != nullptr ? static_cast<QObject *>(widget) : window;
+}
+
 } // namespace
 
 QObject *topController(QObject *root)
@@ -41,9 +47,13 @@ QObject *topController()
     const bool hasWidgets = qobject_cast<QApplication *>(QCoreApplication::instance()) != nullptr;
     if (QWidget *modal = hasWidgets ? QApplication::activeModalWidget() : nullptr)
         return topController(static_cast<QObject *>(modal));
-    QWindow *window = hostKeyWindow();
-    QWidget *widget = window != nullptr ? widgetOf(window) : nullptr;
-    return topController(widget != nullptr ? static_cast<QObject *>(widget) : window);
+    return topController(rootOf(hostKeyWindow()));
+}
+
+QObject *topControllerOfPressed(QWindow *pressed)
+{
+    QWindow *window = windowBelow(pressed);
+    return window != nullptr ? topController(rootOf(window)) : topController();
 }
 
 QString topControllerName()

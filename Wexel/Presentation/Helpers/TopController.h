@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QString>
 
+class QWindow;
+
 namespace wexel {
 
 /// The object that is really on screen below a window, view or screen of the host.
@@ -16,6 +18,10 @@ namespace wexel {
 
 /// The same from the host's active modal widget, else its key window. Null when the host shows no window.
 [[nodiscard]] QObject *topController();
+
+/// The same from the window that a press landed in, which that press makes the key one. A popup window belongs to the
+/// window that it was opened from.
+[[nodiscard]] QObject *topControllerOfPressed(QWindow *window);
 
 /// The class of `topController()` as the host's developer knows it; empty when there is none.
 [[nodiscard]] QString topControllerName();
