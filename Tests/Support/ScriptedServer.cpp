@@ -88,11 +88,25 @@ void ScriptedServer::send(QTcpSocket &socket, const Answer &answer)
     QByteArray head = "HTTP/1.1 " + QByteArray::number(answer.status) + " Scripted\r\n";
     if (!answer.location.isEmpty())
         head += "Location: " + answer.location + "\r\n";
+    head += answer.headers;
+    if (answer.isEndless) {
+        socket.write(head + "\r\n");
+        return repeat(&socket, answer.body);
+    }
     head += "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n\r\n";
     const bool cut = answer.cut == Answer::Cut::WithinAnswer;
     socket.write(head + (cut ? answer.body.left(answer.body.size() / 2) : answer.body));
     if (answer.cut != Answer::Cut::None)
         socket.disconnectFromHost();
+}
+
+void ScriptedServer::repeat(QTcpSocket *socket, const QByteArray &body)
+{
+    socket->write(body);
+    connect(socket, &QTcpSocket::bytesWritten, socket, [socket, body] {
+        if (socket->bytesToWrite() == 0)
+            socket->write(body);
+    });
 }
 
 } // namespace wexel

@@ -29,6 +29,10 @@ public:
         QByteArray body = QByteArrayLiteral("{}");
         enum class Cut { None, BeforeAnswer, WithinAnswer, AfterAnswer } cut = Cut::None;
         QByteArray location = {};
+        /// More lines of the head, each with its "\r\n".
+        QByteArray headers = {};
+        /// The body again and again, as fast as it is taken, without an end.
+        bool isEndless = false;
         /// Held back until this is true; empty: at once.
         std::function<bool()> after = {};
     };
@@ -44,6 +48,7 @@ public:
 private:
     void serve(QTcpSocket *socket, QByteArray &received);
     static void send(QTcpSocket &socket, const Answer &answer);
+    static void repeat(QTcpSocket *socket, const QByteArray &body);
     static void sendWhenDue(QTcpSocket *socket, const Answer &answer);
 
     Script m_script;

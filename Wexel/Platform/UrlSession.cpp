@@ -90,7 +90,9 @@ bool isTransportError(QNetworkReply::NetworkError error, bool hasStatus)
 void finish(QNetworkReply &reply, Task &task, qint64 maximumBytes)
 {
     const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
-    const auto response = status.isValid() ? std::optional(UrlResponse{status.toInt()}) : std::nullopt;
+    const auto response = status.isValid()
+        ? std::optional(UrlResponse{status.toInt(), reply.rawHeaderPairs()})
+        : std::nullopt;
     const QUrl redirection = reply.attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
     if (redirection.isValid())
         task.complete({}, response,

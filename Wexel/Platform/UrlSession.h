@@ -43,6 +43,7 @@ enum HttpStatus { Ok = 200, Forbidden = 403, NotFound = 404 };
 
 struct UrlResponse {
     int statusCode = 0;
+    HeaderFields headers = {};
 };
 
 struct UrlSessionConfiguration {
