@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QNetworkReply>
+#include <QTcpSocket>
 
 #include "Platform/UrlSession.h"
 #include "Support/ScriptedServer.h"
@@ -125,6 +126,36 @@ TEST(UrlSession, SendsABodyOnceEvenWhenTheConnectionIsCut)
     EXPECT_EQ(server.requests().size(), 2);
     EXPECT_TRUE(perform(session, post).error) << "on a new one";
     EXPECT_EQ(server.requests().size(), 3);
+}
+
+/// As a server does that refuses an upload by its header, reads the rest and then breaks its answer off.
+TEST(UrlSession, TellsThatAnAnswerWasCutWhichBeganBeforeTheRequestWasSent)
+{
+    QByteArray answer;
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    QObject::connect(&server, &QTcpServer::newConnection, &server, [&] {
+        auto *socket = server.nextPendingConnection();
+        QObject::connect(socket, &QTcpSocket::readyRead, socket,
+                         [&answer, socket, answered = false]() mutable {
+                             if (!std::exchange(answered, true) && socket->write(answer) > 0)
+                                 socket->flush();
+                             if (socket->readAll().endsWith('!'))
+                                 socket->disconnectFromHost();
+                         });
+    });
+    UrlSession session({});
+    auto post = get(QStringLiteral("http://127.0.0.1:%1/").arg(server.serverPort()));
+    post.method = "POST";
+    // More than the sockets can hold: some of it is still unsent when the answer comes.
+    post.body = QByteArray(16'000'000, 'x') + '!';
+    for (const QByteArray head :
+         {"200 OK\r\nContent-Length: 3\r\n\r\n", "401 No\r\nContent-Length: 3\r\n\r\n",
+          "500 No\r\nContent-Length: 3\r\n\r\n", "200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\n"}) {
+        answer = "HTTP/1.1 " + head + "{}";
+        const auto outcome = perform(session, post);
+        EXPECT_TRUE(!outcome.data && outcome.error) << head.toStdString();
+    }
 }
 
 TEST(UrlSession, CompletesWhatIsInFlightWhenItGoesAway)

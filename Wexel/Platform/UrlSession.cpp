@@ -79,12 +79,22 @@ QNetworkRequest networkRequest(const UrlRequest &request, const UrlSessionConfig
     return result;
 }
 
-/// QNetworkReply reports a status such as 404 as an error too; here only a failed transport is one.
+/// QNetworkReply reports a status such as 404 as an error too; here only a failed transport is one. A body that should
+/// have been sent again tells of a connection that was cut.
 bool isTransportError(QNetworkReply::NetworkError error, bool hasStatus)
 {
     constexpr int firstContentError = QNetworkReply::ContentAccessDenied;
     return error != QNetworkReply::NoError
-        && (!hasStatus || error < firstContentError || error == QNetworkReply::ProtocolFailure);
+        && (!hasStatus || error < firstContentError || error == QNetworkReply::ContentReSendError
+            || error == QNetworkReply::ProtocolFailure);
+}
+
+/// QNetworkReply takes what has arrived for the whole answer when that began before the request was sent completely
+/// and the connection is then cut.
+bool isCutShort(const QNetworkReply &reply)
+{
+    // Qt removes the header of an answer that it decompresses.
+    return reply.bytesAvailable() < reply.header(QNetworkRequest::ContentLengthHeader).toLongLong();
 }
 
 void finish(QNetworkReply &reply, Task &task, qint64 maximumBytes)
@@ -100,6 +110,10 @@ void finish(QNetworkReply &reply, Task &task, qint64 maximumBytes)
                             QStringLiteral("the server redirects to %1").arg(redirection.toString())});
     else if (isTransportError(reply.error(), status.isValid()))
         task.complete({}, response, Error{UrlErrorDomain, reply.error(), reply.errorString()});
+    else if (isCutShort(reply))
+        task.complete({}, response,
+                      Error{UrlErrorDomain, QNetworkReply::RemoteHostClosedError,
+                            QStringLiteral("the answer was cut short")});
     else if (reply.bytesAvailable() > maximumBytes)
         task.complete({}, response,
                       Error{UrlErrorDomain, QNetworkReply::UnknownContentError,
