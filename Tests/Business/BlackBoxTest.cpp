@@ -163,5 +163,4 @@ TEST(CpuMeterTest, ReadsTwoBusyThreadsAsTheKernelDoes)
     busy.join();
     ASSERT_TRUE(measured);
     EXPECT_NEAR(*measured, 100 * used / elapsed.count(), 8);
-    EXPECT_GT(*measured, 60);
 }

@@ -35,7 +35,8 @@ struct ReporterUnderTest {
     {
         settle();
         std::vector<wexel::NetworkRequestRecord> result;
-        for (const QVariant &stored : reporter.networkRequestHistory().value_or(QVariantList()))
+        for (const QVariant &stored :
+             wexel::WXLNetworkRequestReporter::networkRequestHistory(repository).value_or(QVariantList()))
             result.push_back(dynamic_cast<wexel::NetworkRequestRecord &>(
                 *stored.value<std::shared_ptr<wexel::SecureCoding>>()));
         return result;

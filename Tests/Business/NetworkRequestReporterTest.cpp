@@ -69,7 +69,7 @@ TEST(NetworkRequestReporter, LeavesItsOwnBackendAndAddressesWithoutAHostAlone)
         host.reporter.report(request(QString::fromUtf8(url)), [&](auto...) { isCalled = true; })({}, {}, {});
         EXPECT_TRUE(isCalled) << url;
     }
-    EXPECT_FALSE(host.reporter.networkRequestHistory());
+    EXPECT_FALSE(WXLNetworkRequestReporter::networkRequestHistory(host.repository));
     EXPECT_TRUE(host.reporter.report(request(QStringLiteral("https://www.backend.example/")), {}))
         << "a longer name is another host";
 }
@@ -121,7 +121,7 @@ TEST(NetworkRequestReporter, TakesReportsPrunesAndReadersFromManyThreads)
                     = host.reporter.report(request(QStringLiteral("http://api.example/")), {});
                 host.reporter.removeRecordsOlderThan(QDateTime::currentDateTime().addSecs(-60));
                 answered("received", UrlResponse{200}, {});
-                (void)host.reporter.networkRequestHistory();
+                (void)WXLNetworkRequestReporter::networkRequestHistory(host.repository);
             }
         });
     }

@@ -355,7 +355,8 @@ TEST(WXLNetworkAccessManager, RecordsForTheReportsOfTheApplication)
     ASSERT_TRUE(spinUntil([&] { return finished == 4; }));
     for (int turn = 0; turn < 3; ++turn)
         reporter.timeEventQueue().workingQueue().waitUntilDone();
-    const auto records = reporter.networkRequestHistory().value_or(QVariantList());
+    const auto records = WXLNetworkRequestReporter::networkRequestHistory(WXLAppRepository::sharedInstance())
+                             .value_or(QVariantList());
     ASSERT_EQ(records.size(), 1);
     const auto record
         = std::dynamic_pointer_cast<NetworkRequestRecord>(records[0].value<std::shared_ptr<SecureCoding>>());

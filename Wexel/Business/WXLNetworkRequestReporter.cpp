@@ -93,10 +93,10 @@ void WXLNetworkRequestReporter::removeRecordsOlderThan(const QDateTime &limit)
     m_timeEventQueue.removeRecordsOlderThan(limit);
 }
 
-std::optional<QVariantList> WXLNetworkRequestReporter::networkRequestHistory() const
+std::optional<QVariantList>
+WXLNetworkRequestReporter::networkRequestHistory(const WXLAppRepository &repository)
 {
-    return historySnapshot(m_repository, kNetworkRequestReportKey,
-                           QStringLiteral("WXLNetworkRequestReporter"));
+    return historySnapshot(repository, kNetworkRequestReportKey, QStringLiteral("WXLNetworkRequestReporter"));
 }
 
 // Every address contains the empty host, too.

@@ -45,7 +45,8 @@ public:
     void removeRecordsOlderThan(const QDateTime &limit);
     /// The stored records, in the order in which they were last changed; nothing when there are none or they cannot be
     /// read.
-    [[nodiscard]] std::optional<QVariantList> networkRequestHistory() const;
+    [[nodiscard]] static std::optional<QVariantList>
+    networkRequestHistory(const WXLAppRepository &repository);
 
     [[nodiscard]] const WXLTimeQueue &timeEventQueue() const { return m_timeEventQueue; }
     [[nodiscard]] const QString &baseUrl() const { return m_baseUrl; }
