@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the release preset, runs the benchmarks and prints their figures as a Markdown table.
 #
-#   Benchmarks/run.sh [startup] [save] [drain] [idle]      all of them without an argument
+#   Benchmarks/run.sh [startup] [save] [drain] [taps] [idle]      all of them without an argument
 #
 # Environment: RUNS (20) fresh processes per start-up figure, DRAINS (3) drains, REPORTS (500) reports in each, IDLE (120)
 # seconds of doing nothing.
@@ -24,10 +24,10 @@ trap cleanup EXIT
 # An install prefix with the hosts beside the library, whose bundle names the receiver.
 install_prefix() {
     cmake --preset release >/dev/null
-    cmake --build "$build" -j2 --target wexel-receiver Wexel SaveBenchmark BenchmarkCoreHost \
+    cmake --build "$build" -j2 --target wexel-receiver Wexel SaveBenchmark TapBenchmark BenchmarkCoreHost \
         BenchmarkCoreHostWithout BenchmarkQuickHost BenchmarkQuickHostWithout >/dev/null
     mkdir -p "$work/bin" "$work/share/wexel" "$work/$(library_folder)"
-    cp "$build"/bin/{wexel-receiver,SaveBenchmark,Benchmark*Host*} "$work/bin/"
+    cp "$build"/bin/{wexel-receiver,SaveBenchmark,TapBenchmark,Benchmark*Host*} "$work/bin/"
     cp -L "$build/$(library_folder)/libWexel.so.1" "$work/$(library_folder)/"
     cat >"$work/bin/Info.plist" <<-PLIST
 	<plist version="1.0"><dict><key>CFBundleIdentifier</key><string>org.wexel.benchmark</string>
@@ -155,6 +155,15 @@ drain() {
     row 'peak resident memory of the draining host' "$(divided "$(percentile 50 peak_kb "$work/times")" 1024 %.1f) MB"
 }
 
+taps() {
+    fresh_home
+    "$work/bin/TapBenchmark" "$work/home" 2>/dev/null >"$work/times"
+    row 'hit-test hook: an event that is no press' "median $(percentile 50 other_ns "$work/times") ns"
+    row 'hit-test hook: a press within 10 ms of another' "median $(percentile 50 repeated_ns "$work/times") ns, p95 $(percentile 95 repeated_ns "$work/times") ns"
+    row 'hit-test hook: a press recorded, among 1,000 items' \
+        "median $(divided "$(percentile 50 recorded_ns "$work/times")" 1000 %.0f) µs, p95 $(divided "$(percentile 95 recorded_ns "$work/times")" 1000 %.0f) µs"
+}
+
 # All hosts at once, each in a home of its own. Before that they fill the histories: taps and requests, if they can, and
 # a minute of samples.
 idle() {
@@ -186,7 +195,7 @@ idle_row() { # idle_row KIND TITLE NAME DIVISOR FORMAT
         "$(divided "$with" "$4" "$5") / $(divided "$without" "$4" "$5")"
 }
 
-[ $# -gt 0 ] || set -- startup save drain idle
+[ $# -gt 0 ] || set -- startup save drain taps idle
 install_prefix
 printf '| What | Figure |\n|---|---|\n'
 for benchmark; do "$benchmark"; done
