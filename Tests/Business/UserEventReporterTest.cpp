@@ -53,7 +53,7 @@ struct UserEventReporterTest : testing::Test {
 
     [[nodiscard]] QStringList stored(WXLUserEventReporter &reporter) const
     {
-        for (int i = 0; i < 2; ++i) // the change, then the store of it
+        for (int turn = 0; turn < 3; ++turn) // the report, the change, the store of it
             reporter.eventQueue().workingQueue().waitUntilDone();
         QStringList taps;
         for (const auto &tap : storedRecordsOf<TouchRecord>(repository, kUserEventReportKey))

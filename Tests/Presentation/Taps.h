@@ -35,7 +35,7 @@ struct Taps {
     /// What is stored by now, as "class/screen/property" each.
     [[nodiscard]] QStringList all()
     {
-        for (int i = 0; i < 2; ++i) // the change, then the store of it
+        for (int turn = 0; turn < 3; ++turn) // the report, the change, the store of it
             reporter.eventQueue().workingQueue().waitUntilDone();
         QStringList taps;
         for (const auto &tap :

@@ -9,6 +9,7 @@
 #include "Business/WXLDateProvider.h"
 #include "Business/WXLSessionReporter.h"
 #include "Platform/HostClassName.h"
+#include "Platform/SerialQueue.h"
 
 namespace wexel {
 
@@ -38,7 +39,10 @@ void WXLUserEventReporter::reportViewTouched(const QObject &view, const QObject 
 
 void WXLUserEventReporter::reportTouch(const std::shared_ptr<const TouchRecord> &record)
 {
-    m_eventQueue.push(record, WXLSessionReporter::oldestSessionDate(m_repository));
+    // Behind the working queue: the store may be busy with the disk.
+    m_eventQueue.workingQueue().async([queue = m_eventQueue, &repository = m_repository, record]() mutable {
+        queue.push(record, WXLSessionReporter::oldestSessionDate(repository));
+    });
 }
 
 void WXLUserEventReporter::removeRecordsOlderThan(const QDateTime &limit)
