@@ -111,7 +111,7 @@ TEST(WXLAPI, PostsAReportWithoutFilesAtOnce)
 {
     ScriptedServer server([](const Request &) { return Answer{}; });
     World &world = World::make(server.url());
-    EXPECT_FALSE(send(world, WXLWexelReportData()));
+    EXPECT_FALSE(send(world, WXLWexelReportData(QVariantMap())));
     ASSERT_EQ(server.requests().size(), 1);
     EXPECT_FALSE(QJsonDocument::fromJson(server.requests()[0].body).object().contains(u"screenshot_url"));
 }
@@ -186,7 +186,7 @@ TEST(WXLAPI, MapsTheReportsAnswer)
     World &world = World::make(server.url());
     const auto code = [&](const Answer &with) {
         answer = with;
-        const auto error = send(world, WXLWexelReportData());
+        const auto error = send(world, WXLWexelReportData(QVariantMap()));
         return error ? error->code : 0;
     };
     EXPECT_EQ(code({.status = 200, .body = "not JSON"}), 0);
@@ -197,7 +197,7 @@ TEST(WXLAPI, MapsTheReportsAnswer)
         EXPECT_EQ(code({.status = status}), WXLErrorAPICode) << status;
     EXPECT_EQ(code({.cut = Answer::Cut::BeforeAnswer}), WXLErrorAPICode) << "no status";
     answer = {.status = 200, .body = "{\"long\": 1}", .cut = Answer::Cut::WithinAnswer};
-    const auto error = send(world, WXLWexelReportData());
+    const auto error = send(world, WXLWexelReportData(QVariantMap()));
     ASSERT_TRUE(error);
     EXPECT_EQ(error->domain, UrlErrorDomain) << "accepted, but the connection broke";
 }
