@@ -213,6 +213,7 @@ TEST(WXLAPI, DoesNotPostAReportWhoseFileHasNoAddress)
     };
     EXPECT_EQ(outcome({.status = 403}), (Error{WXLErrorDomainAPI, WXLErrorApplicationArchived}));
     EXPECT_EQ(outcome({.body = "nonsense"}), std::nullopt) << "no address and no error counts as success";
+    EXPECT_EQ(outcome({.body = R"({"url": "http://[f/1"})"}), std::nullopt) << "an address that is none";
     const auto cut = outcome({.cut = Answer::Cut::BeforeAnswer});
     ASSERT_TRUE(cut);
     EXPECT_EQ(cut->domain, UrlErrorDomain);

@@ -88,7 +88,7 @@ void WXLAPI::uploadFile(const WXLAPIReportFile &file,
                 return onCompletion({}, Error{WXLErrorDomainAPI, WXLErrorApplicationArchived});
             }
             const QUrl url(QJsonDocument::fromJson(*data).object().value(u"url").toString());
-            if (url.isEmpty()) {
+            if (!url.isValid()) {
                 log(QStringLiteral("WXLAPI: Error uploading file, no error reported"));
                 return onCompletion({}, {});
             }
