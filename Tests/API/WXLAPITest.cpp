@@ -261,7 +261,7 @@ TEST(WXLAPI, ReadsTheBranding)
     const auto fetch = [&](const Answer &with) {
         answer = with;
         std::atomic<bool> done = false;
-        world.api.getBranding([&](const auto &response, const auto &error) {
+        world.api.getBrandingOnCompletion([&](const auto &response, const auto &error) {
             branding = response;
             failure = error;
             done = true;

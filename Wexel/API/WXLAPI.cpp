@@ -97,7 +97,7 @@ void WXLAPI::uploadFile(const WXLAPIReportFile &file,
         });
 }
 
-void WXLAPI::getBranding(
+void WXLAPI::getBrandingOnCompletion(
     std::function<void(std::optional<WXLAPIBrandingResponse>, std::optional<Error>)> onCompletion)
 {
     UrlRequest request;
