@@ -274,9 +274,16 @@ TEST(WXLAPI, ReadsTheBranding)
     EXPECT_TRUE(!branding && failure);
     fetch({.body = R"({"slogan": "Hi"})"});
     EXPECT_TRUE(!branding && !failure) << "a missing key is no error";
-    fetch({.body = R"({"text_color": "#FFFFFF", "background": "#1144f1", "placeholder_color": "6182f1",
+    const QByteArray body
+        = R"({"text_color": "#FFFFFF", "background": "#1144f1", "placeholder_color": "6182f1",
                        "highlighted_text_color": "#fbc01b", "slogan": "Hi", "logo_url": "http://l/x.png",
-                       "updated": "2019-03-07T14:05:09.123+0100"})"});
+                       "updated": "2019-03-07T14:05:09.123+0100"})";
+    for (const char *date : {"2019-03-07", "2019-03-07T14:05:09+0100", "2019-03-07T14:05:09.123",
+                             "2019-03-07T14:05:09.123+01:00", "2019-13-07T14:05:09.123+0100"}) {
+        fetch({.body = QByteArray(body).replace("2019-03-07T14:05:09.123+0100", date)});
+        EXPECT_TRUE(branding && !branding->updated.isValid()) << date;
+    }
+    fetch({.body = body});
     ASSERT_TRUE(branding);
     EXPECT_EQ(branding->placeholderColor, QColor(0x01, 0x82, 0xF1));
     EXPECT_EQ(branding->updated.toUTC().toString(Qt::ISODateWithMs),
