@@ -38,7 +38,7 @@ QJsonObject wire(const QVariantMap &gathered)
 TEST(APIReport, OfNothingHoldsOnlyWhatIsAlwaysThere)
 {
     EXPECT_EQ(
-        WXLAPIReport(WXLWexelReportData()).dictValues(),
+        WXLAPIReport(WXLWexelReportData(QVariantMap())).dictValues(),
         json(R"({"platform": "iOS", "os": "iOS", "report_type": "manual", "blackbox": {}, "log": {}})"));
 }
 
@@ -176,7 +176,7 @@ TEST(APIReport, SkipsRecordsThatLackAField)
 
 TEST(APIReport, CarriesFilesBesideTheJson)
 {
-    WXLWexelReportData data;
+    WXLWexelReportData data{QVariantMap()};
     data.screenshotFile = std::make_shared<WXLWexelFile>(QStringLiteral("screenshot.jpg"), "S");
     data.attachedFiles = {{std::make_shared<WXLWexelFile>(QStringLiteral("a.log"), "A"), nullptr}};
     const WXLAPIReport report(data);

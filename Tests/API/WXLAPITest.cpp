@@ -111,7 +111,7 @@ TEST(WXLAPI, PostsAReportWithoutFilesAtOnce)
 {
     ScriptedServer server([](const Request &) { return Answer{}; });
     World &world = World::make(server.url());
-    EXPECT_FALSE(send(world, WXLWexelReportData()));
+    EXPECT_FALSE(send(world, WXLWexelReportData(QVariantMap())));
     ASSERT_EQ(server.requests().size(), 1);
     EXPECT_FALSE(QJsonDocument::fromJson(server.requests()[0].body).object().contains(u"screenshot_url"));
 }
@@ -186,7 +186,7 @@ TEST(WXLAPI, MapsTheReportsAnswer)
     World &world = World::make(server.url());
     const auto code = [&](const Answer &with) {
         answer = with;
-        const auto error = send(world, WXLWexelReportData());
+        const auto error = send(world, WXLWexelReportData(QVariantMap()));
         return error ? error->code : 0;
     };
     EXPECT_EQ(code({.status = 200, .body = "not JSON"}), 0);
@@ -197,7 +197,7 @@ TEST(WXLAPI, MapsTheReportsAnswer)
         EXPECT_EQ(code({.status = status}), WXLErrorAPICode) << status;
     EXPECT_EQ(code({.cut = Answer::Cut::BeforeAnswer}), WXLErrorAPICode) << "no status";
     answer = {.status = 200, .body = "{\"long\": 1}", .cut = Answer::Cut::WithinAnswer};
-    const auto error = send(world, WXLWexelReportData());
+    const auto error = send(world, WXLWexelReportData(QVariantMap()));
     ASSERT_TRUE(error);
     EXPECT_EQ(error->domain, UrlErrorDomain) << "accepted, but the connection broke";
 }
@@ -213,6 +213,7 @@ TEST(WXLAPI, DoesNotPostAReportWhoseFileHasNoAddress)
     };
     EXPECT_EQ(outcome({.status = 403}), (Error{WXLErrorDomainAPI, WXLErrorApplicationArchived}));
     EXPECT_EQ(outcome({.body = "nonsense"}), std::nullopt) << "no address and no error counts as success";
+    EXPECT_EQ(outcome({.body = R"({"url": "http://[f/1"})"}), std::nullopt) << "an address that is none";
     const auto cut = outcome({.cut = Answer::Cut::BeforeAnswer});
     ASSERT_TRUE(cut);
     EXPECT_EQ(cut->domain, UrlErrorDomain);
@@ -260,7 +261,7 @@ TEST(WXLAPI, ReadsTheBranding)
     const auto fetch = [&](const Answer &with) {
         answer = with;
         std::atomic<bool> done = false;
-        world.api.getBranding([&](const auto &response, const auto &error) {
+        world.api.getBrandingOnCompletion([&](const auto &response, const auto &error) {
             branding = response;
             failure = error;
             done = true;
@@ -273,9 +274,16 @@ TEST(WXLAPI, ReadsTheBranding)
     EXPECT_TRUE(!branding && failure);
     fetch({.body = R"({"slogan": "Hi"})"});
     EXPECT_TRUE(!branding && !failure) << "a missing key is no error";
-    fetch({.body = R"({"text_color": "#FFFFFF", "background": "#1144f1", "placeholder_color": "6182f1",
+    const QByteArray body
+        = R"({"text_color": "#FFFFFF", "background": "#1144f1", "placeholder_color": "6182f1",
                        "highlighted_text_color": "#fbc01b", "slogan": "Hi", "logo_url": "http://l/x.png",
-                       "updated": "2019-03-07T14:05:09.123+0100"})"});
+                       "updated": "2019-03-07T14:05:09.123+0100"})";
+    for (const char *date : {"2019-03-07", "2019-03-07T14:05:09+0100", "2019-03-07T14:05:09.123",
+                             "2019-03-07T14:05:09.123+01:00", "2019-13-07T14:05:09.123+0100"}) {
+        fetch({.body = QByteArray(body).replace("2019-03-07T14:05:09.123+0100", date)});
+        EXPECT_TRUE(branding && !branding->updated.isValid()) << date;
+    }
+    fetch({.body = body});
     ASSERT_TRUE(branding);
     EXPECT_EQ(branding->placeholderColor, QColor(0x01, 0x82, 0xF1));
     EXPECT_EQ(branding->updated.toUTC().toString(Qt::ISODateWithMs),

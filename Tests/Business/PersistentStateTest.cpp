@@ -57,11 +57,14 @@ TEST(DateProvider, WritesMillisecondsAndTheZone)
     ZonedClock clock;
     const WXLDateProvider dates(clock);
     const auto utc = QDateTime::fromString(QStringLiteral("2019-03-07T13:05:09.123Z"), Qt::ISODateWithMs);
-    clock.time = utc.toOffsetFromUtc(3600);
+    clock.time = utc; // the zone is the machine's, whatever that of the date
+    qputenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
     EXPECT_EQ(dates.timestamp(), QStringLiteral("2019-03-07T14:05:09.123+01:00"));
-    clock.time = utc.toOffsetFromUtc(-(9 * 3600 + 1800));
+    EXPECT_EQ(WXLDateProvider::stringFromDate(utc.addMonths(4)),
+              QStringLiteral("2019-07-07T15:05:09.123+02:00"));
+    qputenv("TZ", "MART9:30");
     EXPECT_EQ(dates.timestamp(), QStringLiteral("2019-03-07T03:35:09.123-09:30"));
-    clock.time = utc.toOffsetFromUtc(0);
+    qputenv("TZ", "UTC0");
     EXPECT_EQ(dates.timestamp(), QStringLiteral("2019-03-07T13:05:09.123Z"));
     EXPECT_EQ(WXLDateProvider::stringFromDate(utc, QStringLiteral("yyyy")), dates.timestamp());
     EXPECT_EQ(WXLDateProvider::dateFromTimestamp(dates.timestamp()), utc);

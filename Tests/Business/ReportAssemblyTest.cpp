@@ -32,8 +32,12 @@ struct ReportAssemblyTest : testing::Test {
     WXLDateProvider dates{clock};
     ReportAssembly assembly{machine, world.connection, world.repository, dates, flow, world.folder.path()};
 
-    // The bundles are read once, which these tests do not want to hear of.
-    void SetUp() override { (void)assembly.setupDefaultData(); }
+    void SetUp() override
+    {
+        qputenv("TZ", "CET-1");
+        // The bundles are read once, which these tests do not want to hear of.
+        (void)assembly.setupDefaultData();
+    }
 };
 
 TEST_F(ReportAssemblyTest, WritesEveryFactInItsUnitAndType)
@@ -50,7 +54,7 @@ TEST_F(ReportAssemblyTest, WritesEveryFactInItsUnitAndType)
         {kWXLLocationPermission, QStringLiteral("only_while_using_the_app")},
         {kWXLTimeZone, QStringLiteral("Europe/Vienna")},
         {kWXLLocale, QStringLiteral("de_AT")},
-        {kWXLIssueReportedTime, QStringLiteral("2019-03-07T13:05:09.123Z")},
+        {kWXLIssueReportedTime, QStringLiteral("2019-03-07T14:05:09.123+01:00")},
         {kWXLBatteryStatus, QStringLiteral("2")},
         {kWXLBatteryLevel, QStringLiteral("0.57")},
         {kWXLAvailableDiskSpace, QStringLiteral("1000.5")}, // the total, as text

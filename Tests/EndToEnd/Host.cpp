@@ -4,6 +4,7 @@
 //
 //   trust FILE        trusts the certificates of that PEM file, beside the system's
 //   start             starts the library
+//   own-data          has the hook answer with report data that the host makes
 //   report NUMBER     sends the automatic report of that number, with its attachment
 //   screenshot TEXT   sends an automatic report with a screenshot
 //   tap               presses the button in its window
@@ -156,6 +157,12 @@ void get(const QString &url)
     });
 }
 
+void makeOwnReports()
+{
+    WXLWexel::sharedInstance().setOnPrepareData(
+        [](const auto &) { return std::make_shared<wexel::WXLWexelReportData>(); });
+}
+
 /// \return false when main is to return without an event loop
 bool perform(QStringList commands)
 {
@@ -174,6 +181,8 @@ bool perform(QStringList commands)
             WXLWexel::startWithInvocationEvents(wexel::WexelInvocationEventMotion);
         else if (command == u"tap")
             tap();
+        else if (command == u"own-data")
+            makeOwnReports();
         else if (command == u"quit")
             QTimer::singleShot(0, quit);
         else if (command == u"exit")

@@ -89,6 +89,17 @@ TEST_F(Journey, AnAutomaticReportCarriesWhatIsKnown)
     EXPECT_EQ(QImage(screenshot.value(u"path").toString()).size(), QSize(300, 200)) << "the host's window";
 }
 
+TEST_F(Journey, AReportThatTheHostMadeCarriesItToo)
+{
+    const ReceiverProcess receiver(data());
+    const InstalledHost host(receiver.url());
+    const auto process
+        = host.run({QStringLiteral("widgets"), QStringLiteral("quit-when"), sent, QStringLiteral("start"),
+                    QStringLiteral("own-data"), QStringLiteral("screenshot"), QStringLiteral("It broke")});
+    ASSERT_TRUE(process->waitForEnd()) << process->output().constData();
+    expectPlausibleFacts(receiver.reports().at(0).toObject().value(u"report").toObject());
+}
+
 TEST_F(Journey, AReportOutlivesABackendThatIsDown)
 {
     ReceiverProcess receiver(data());

@@ -86,7 +86,8 @@ QStringList leaveAfterReports(const QString &application, const QStringList &lea
 }
 
 /// Runs the host with the commands and checks that it left at once, with all of its reports on disk or sent.
-void expectToLeave(const InstalledHost &host, const QStringList &commands, const char *description)
+/// \return its output
+QByteArray expectToLeave(const InstalledHost &host, const QStringList &commands, const char *description)
 {
     const auto process = host.run(commands);
     const auto time = timeToLeave(*process);
@@ -95,6 +96,7 @@ void expectToLeave(const InstalledHost &host, const QStringList &commands, const
     EXPECT_TRUE(process->leftCleanly()) << description << '\n' << process->output().constData();
     EXPECT_EQ(host.storedReports().size(), reportCount) << description << '\n'
                                                         << process->output().constData();
+    return process->output();
 }
 
 void expectDelivery(const InstalledHost &host)
@@ -147,8 +149,10 @@ TEST_P(Quitting, BeforeAnyEventLoopEndsAtOnceAndLosesNothing)
     for (const QString &leave : {QStringLiteral("return"), QStringLiteral("exit-now")}) {
         const ScriptedServer server([](const Request &) { return never(); });
         const InstalledHost host(server.url());
-        expectToLeave(host, leaveAfterReports(QString::fromUtf8(GetParam()), {}) + QStringList{leave},
-                      qPrintable(leave));
+        const QByteArray output
+            = expectToLeave(host, leaveAfterReports(QString::fromUtf8(GetParam()), {}) + QStringList{leave},
+                            qPrintable(leave));
+        EXPECT_FALSE(output.contains("Setting client authorized")) << "abandoned, not refused";
         expectDelivery(host);
     }
 }

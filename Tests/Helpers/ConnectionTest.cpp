@@ -1,8 +1,15 @@
+#include <thread>
+
 #include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QThread>
 
 #include "Helpers/WXLConnection.h"
 #include "Platform/CapturedLog.h"
 #include "Support/FakeReachability.h"
+#include "Support/FakeScheduler.h"
+#include "Support/Wait.h"
 
 using namespace wexel;
 
@@ -11,7 +18,8 @@ namespace {
 struct ConnectionTest : testing::Test {
     NotificationCenter center;
     FakeReachability *reachability = new FakeReachability(false);
-    WXLConnection connection{std::unique_ptr<Reachability>(reachability), center};
+    FakeScheduler scheduler;
+    WXLConnection connection{std::unique_ptr<Reachability>(reachability), center, scheduler};
     QStringList ran;
 
     void park(const char *className, const char *method, const char *name)
@@ -91,6 +99,18 @@ TEST_F(ConnectionTest, CancelsByPartOfTheClassNameOrAll)
     center.post(WXLReachabilityChanged);
     reachability->change(true);
     EXPECT_EQ(ran.size(), 1);
+}
+
+TEST_F(ConnectionTest, RunsOnTheMainThreadWhenTheNetworkReturnsDuringTheParking)
+{
+    reachability->returnsWhenScheduled = true;
+    std::atomic<QThread *> thread = nullptr;
+    std::thread([&] {
+        connection.performWhenConnected({QStringLiteral("A"), QStringLiteral("a")},
+                                        [&] { thread = QThread::currentThread(); });
+    }).join();
+    ASSERT_TRUE(spinUntil([&] { return thread != nullptr; }));
+    EXPECT_EQ(thread, QCoreApplication::instance()->thread());
 }
 
 TEST_F(ConnectionTest, LetsABlockParkAndCancelWhileItRuns)

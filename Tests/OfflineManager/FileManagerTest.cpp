@@ -56,7 +56,9 @@ TEST_F(FileManagerTest, GivesBackWhatItSaved)
         QVariantList{QVariant::fromValue<ArchivedObject>(
             std::make_shared<Record>(QStringLiteral("1.000"), QStringLiteral("now")))});
     const auto first = manager.saveDataForReportData(*report);
-    const auto second = manager.saveDataForReportData(WXLWexelReportData());
+    WXLWexelReportData nothing{QVariantMap()};
+    nothing.gatheredDataDict.reset();
+    const auto second = manager.saveDataForReportData(nothing);
     ASSERT_TRUE(first && second);
     EXPECT_NE(*first, *second);
     EXPECT_EQ(*first, first->toUpper());

@@ -20,8 +20,12 @@ public:
     {
         const std::lock_guard lock(m_mutex);
         m_callback = std::move(callback);
+        m_online = m_online || returnsWhenScheduled;
     }
     void unschedule() override { schedule({}); }
+
+    /// The network returns unannounced, in the moment before changes are.
+    std::atomic<bool> returnsWhenScheduled = false;
 
     [[nodiscard]] bool isScheduled() const
     {

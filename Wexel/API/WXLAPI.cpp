@@ -88,7 +88,7 @@ void WXLAPI::uploadFile(const WXLAPIReportFile &file,
                 return onCompletion({}, Error{WXLErrorDomainAPI, WXLErrorApplicationArchived});
             }
             const QUrl url(QJsonDocument::fromJson(*data).object().value(u"url").toString());
-            if (url.isEmpty()) {
+            if (!url.isValid()) {
                 log(QStringLiteral("WXLAPI: Error uploading file, no error reported"));
                 return onCompletion({}, {});
             }
@@ -97,7 +97,7 @@ void WXLAPI::uploadFile(const WXLAPIReportFile &file,
         });
 }
 
-void WXLAPI::getBranding(
+void WXLAPI::getBrandingOnCompletion(
     std::function<void(std::optional<WXLAPIBrandingResponse>, std::optional<Error>)> onCompletion)
 {
     UrlRequest request;

@@ -49,7 +49,7 @@ public:
     void sendReport(const WXLAPIReport &report, std::function<void(std::optional<Error>)> onCompletion);
 
     /// Completes with neither when the backend has no branding (404).
-    void getBranding(
+    void getBrandingOnCompletion(
         std::function<void(std::optional<WXLAPIBrandingResponse>, std::optional<Error>)> onCompletion);
 
     /// Whether reporting is enabled; nothing when the backend could not be asked. Only status 404 disables.

@@ -2,6 +2,7 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 #include "Helpers/HexColor.h"
 #include "Platform/UrlSession.h"
@@ -12,14 +13,12 @@ namespace {
 
 constexpr int malformedBrandingCode = 100;
 
-/// "2019-03-07T14:05:09.123+0100" -> with the colon that QDateTime expects in the zone.
-QDateTime brandingDate(QString text)
+/// Reads "2019-03-07T14:05:09.123+0100" and no other form, though QDateTime knows more.
+QDateTime brandingDate(const QString &text)
 {
-    constexpr int lengthWithZone = 28;
-    constexpr int minutesOfZone = 26;
-    if (text.size() == lengthWithZone && !text.contains(u'Z'))
-        text.insert(minutesOfZone, u':');
-    return QDateTime::fromString(text, Qt::ISODateWithMs);
+    static const auto &format = *new QRegularExpression( // outlives every thread
+        QStringLiteral(R"(\A\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}[+-]\d{4}\z)"));
+    return format.match(text).hasMatch() ? QDateTime::fromString(text, Qt::ISODateWithMs) : QDateTime();
 }
 
 } // namespace

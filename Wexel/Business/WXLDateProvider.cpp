@@ -20,7 +20,7 @@ QString WXLDateProvider::timestamp() const
 
 QString WXLDateProvider::stringFromDate(const QDateTime &date, const std::optional<QString> &)
 {
-    const int offset = date.offsetFromUtc();
+    const int offset = date.toLocalTime().offsetFromUtc();
     return (offset == 0 ? date.toUTC() : date.toOffsetFromUtc(offset)).toString(Qt::ISODateWithMs);
 }
 

@@ -6,6 +6,7 @@
 #include "Helpers/WXLConnection.h"
 #include "OfflineManager/WXLFileManager.h"
 #include "OfflineManager/WXLUploader.h"
+#include "Platform/ApplicationEnd.h"
 #include "Platform/Log.h"
 
 namespace wexel {
@@ -32,6 +33,9 @@ void WXLWexelPrivate::authorizeWexel()
 
 void WXLWexelPrivate::authorizationFinished(bool authorized)
 {
+    // The end of the application abandons the request, which says nothing about the credentials.
+    if (!authorized && ApplicationEnd::hasBegun())
+        return;
     m_with.appRepository.setClientAuthorized(authorized);
     if (authorized) {
         delay = initialDelay;

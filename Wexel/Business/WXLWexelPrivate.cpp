@@ -73,6 +73,11 @@ void WXLWexelPrivate::autoReport(bool attachScreenshot, const std::optional<QStr
     uploader().uploadData(reportData);
 }
 
+QVariantMap WXLWexelPrivate::setupDefaultData() const
+{
+    return m_with.reportAssembly.setupDefaultData();
+}
+
 std::shared_ptr<WXLWexelReportData> WXLWexelPrivate::preparedReportData() const
 {
     auto reportData = m_with.reportAssembly.makeReportData();

@@ -60,6 +60,9 @@ public:
     void setBlackBoxEnabled(bool enabled);
     void autoReport(bool attachScreenshot, const std::optional<QString> &description);
 
+    /// What a new report carries.
+    [[nodiscard]] QVariantMap setupDefaultData() const;
+
     void authorizeWexel();
     void appWillEnterForeground();
     void appDidEnterBackground();

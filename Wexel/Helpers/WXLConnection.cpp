@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include "Platform/Log.h"
+#include "Platform/MainScheduler.h"
 
 namespace wexel {
 
@@ -19,8 +20,10 @@ bool isConnected(ReachabilityFlags flags)
         || (!flags.testFlag(Flag::InterventionRequired) && connectsByItself);
 }
 
-WXLConnection::WXLConnection(std::unique_ptr<Reachability> networkReachability, NotificationCenter &center)
+WXLConnection::WXLConnection(std::unique_ptr<Reachability> networkReachability, NotificationCenter &center,
+                             Scheduler &scheduler)
     : m_center(center)
+    , m_scheduler(scheduler)
     , m_networkReachability(std::move(networkReachability))
 {
     m_center.addObserver(WXLReachabilityChanged, [this] { reachabilityChanged(); });
@@ -28,7 +31,8 @@ WXLConnection::WXLConnection(std::unique_ptr<Reachability> networkReachability, 
 
 WXLConnection &WXLConnection::sharedInstance()
 {
-    static auto *instance = new WXLConnection(makeReachability(), NotificationCenter::defaultCenter());
+    static auto *instance
+        = new WXLConnection(makeReachability(), NotificationCenter::defaultCenter(), MainScheduler::shared());
     return *instance;
 }
 
@@ -58,7 +62,7 @@ void WXLConnection::performWhenConnected(const Caller &caller, std::function<voi
     }
     startMonitoring();
     if (hasConnectivity()) // it returned between the question and the parking
-        m_center.post(WXLReachabilityChanged);
+        m_scheduler.perform([this] { m_center.post(WXLReachabilityChanged); });
 }
 
 void WXLConnection::cancelPendingBlocksForInstance(const QString &className)

@@ -10,6 +10,7 @@
 
 #include "Platform/NotificationCenter.h"
 #include "Platform/Reachability.h"
+#include "Platform/Scheduler.h"
 
 namespace wexel {
 
@@ -33,7 +34,8 @@ struct Caller {
 class WXLConnection
 {
 public:
-    WXLConnection(std::unique_ptr<Reachability> networkReachability, NotificationCenter &center);
+    WXLConnection(std::unique_ptr<Reachability> networkReachability, NotificationCenter &center,
+                  Scheduler &scheduler);
     /// First called on the main thread.
     static WXLConnection &sharedInstance();
 
@@ -52,6 +54,7 @@ public:
 
 private:
     NotificationCenter &m_center;
+    Scheduler &m_scheduler;
     std::unique_ptr<Reachability> m_networkReachability;
     std::mutex m_arrayLock; // guards `m_blocks`; not held while a block runs
     std::map<QString, std::function<void()>> m_blocks; // by class name followed by method name

@@ -1,5 +1,7 @@
 #include "OfflineManager/WXLFileManager.h"
 
+#include <algorithm>
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -63,7 +65,8 @@ std::optional<QByteArray> contents(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    return file.read(KeyedUnarchiver::maximumBytes + 1); // the reader refuses what is longer
+    // The reader refuses what is longer. No more is asked for than there is, as all of it would be allocated.
+    return file.read(std::min<qint64>(file.size(), KeyedUnarchiver::maximumBytes) + 1);
 }
 
 } // namespace

@@ -83,6 +83,7 @@ void WXLUploader::startUploadOperationWithReportData(WXLWexelUploadOperation::Re
 
 void WXLUploader::operationFinished(const WXLWexelUploadOperation &operation, const JobId &jobId)
 {
+    m_hadReports |= !operation.hadNothingToSend();
     if (operation.hadNothingToSend()) {
         // Sent or discarded since it was listed, or unreadable: the file, if any, stays as it is.
     } else if (operation.isUploadedSuccessfully()) {
@@ -97,7 +98,8 @@ void WXLUploader::operationFinished(const WXLWexelUploadOperation &operation, co
         log(QStringLiteral("WXLUploader: Upload failed, not removing job id %1").arg(logged(jobId)));
         retryUploadNeeded = true;
     }
-    if (m_uploadOperationQueue->operationCount() == 0)
+    // A pass of nothing but unreadable files says nothing about the backend.
+    if (m_uploadOperationQueue->operationCount() == 0 && std::exchange(m_hadReports, false))
         passFinished();
 }
 

@@ -64,6 +64,8 @@ private:
     NotificationCenter &m_notifications;
     SerialQueue m_workingQueue;
     std::shared_ptr<OperationQueue> m_uploadOperationQueue;
+    /// Whether the pass had a report to send. Touched by finished operations only, which come one at a time.
+    bool m_hadReports = false;
     std::mutex m_mutex; // guards `m_timer`
     std::shared_ptr<Timer> m_timer;
 };

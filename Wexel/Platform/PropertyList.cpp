@@ -220,7 +220,8 @@ std::optional<QVariantMap> readPropertyList(const QString &path, QString &error)
         error = QStringLiteral("%1: %2").arg(path, file.errorString());
         return std::nullopt;
     }
-    PropertyListReader reader(file.read(PropertyListReader::maximumBytes + 1), path);
+    const auto size = std::min<qint64>(file.size(), PropertyListReader::maximumBytes);
+    PropertyListReader reader(file.read(size + 1), path); // one more, so that it sees what is too long
     auto dictionary = reader.read();
     error = reader.error();
     return dictionary;

@@ -55,9 +55,9 @@ struct UrlSessionConfiguration {
     qint64 maximumAnswerBytes = 16 * 1024 * 1024;
 };
 
-/// An HTTP client on the library's background thread: platform TLS verification, redirects followed, no
-/// cache. Thread-safe. Completions run one at a time, on the background thread, or on the caller's when the
-/// application is already ending.
+/// An HTTP client on the library's background thread: platform TLS verification, no cache. A redirect is followed for
+/// a GET within the same origin, any other is a failure. Thread-safe. Completions run one at a time, on the background
+/// thread, or on the caller's when the application is already ending.
 class UrlSession
 {
 public:

@@ -13,6 +13,12 @@ WXLWexel::WXLWexel() : d(makeWexel(makeFlow())) { }
 
 WXLWexel::~WXLWexel() = default;
 
+// Here, not beside its class: only the entry has everything that is gathered from.
+WXLWexelReportData::WXLWexelReportData()
+    : WXLWexelReportData(WXLWexel::sharedInstance().d->setupDefaultData())
+{
+}
+
 WXLWexel &WXLWexel::sharedInstance()
 {
     static auto *instance = new WXLWexel; // never destroyed, see ApplicationEnd

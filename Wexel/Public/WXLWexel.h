@@ -82,6 +82,7 @@ public:
     WXLWexel &operator=(const WXLWexel &) = delete;
 
 private:
+    friend class WXLWexelReportData; // a new one is gathered by what stands behind the entry
     WXLWexel();
     ~WXLWexel();
     std::unique_ptr<WXLWexelPrivate> d;

@@ -33,9 +33,10 @@ QList<std::shared_ptr<WXLWexelFile>> filesOf(const QVariantList &list)
 
 ArchivedObject initWithCoder(const Coder &coder)
 {
-    auto report = std::make_shared<WXLWexelReportData>();
-    if (const auto gathered = coder.decodeObject(kGatheredDataKey); gathered.isValid())
-        report->gatheredDataDict = gathered.toMap();
+    const auto gathered = coder.decodeObject(kGatheredDataKey);
+    auto report = std::make_shared<WXLWexelReportData>(gathered.toMap());
+    if (!gathered.isValid())
+        report->gatheredDataDict.reset();
     if (const auto files = coder.decodeObject(kAttachedFilesKey); files.isValid())
         report->attachedFiles = filesOf(files.toList());
     report->screenshotFile = coder.decodeObjectOf<WXLWexelFile>(kScreenshotFileKey);

@@ -32,8 +32,11 @@ public:
     /// The (annotated) screenshot, or null.
     std::shared_ptr<WXLWexelFile> screenshotFile;
 
-    /// An empty report. The library's own reports come with the gathered data already in place.
-    WXLWexelReportData() = default;
+    /// A report of this moment: gathers what is known about the device and the application, as the library does for
+    /// its own reports; the other fields are absent. On the main thread, after the application object exists. What
+    /// cannot be read is left out, and nothing is waited for but services of the system, for 20 ms at most.
+    WXLWexelReportData();
+    /// With that data instead; gathers nothing, on any thread.
     explicit WXLWexelReportData(QVariantMap gatheredData) : gatheredDataDict(std::move(gatheredData)) { }
 
     [[nodiscard]] QString codingClassName() const override;
