@@ -18,6 +18,7 @@ bool load(const char *path)
     const bool loaded = library.load();
     if (!loaded)
         qWarning("%s", qPrintable(library.errorString()));
+    library.unload(); // it stays all the same
     return loaded;
 }
 

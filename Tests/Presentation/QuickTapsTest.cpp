@@ -99,14 +99,17 @@ TEST_F(QuickTapsTest, whatTakesNoPressesLetsThemThrough)
         "Item { width: 60; height: 30; Text { text: 'covered' } }",
         "CafeButton { z: -1 }",
         "Item { clip: true; width: 10; height: 10; CafeButton {} }",
-        "ListView { y: -40; width: 60; height: 40; cacheBuffer: 400; model: 5; delegate: CafeButton {} }",
+        "ListView { x: -40; width: 40; height: 30; orientation: Qt.Horizontal; cacheBuffer: 400; model: 5\n"
+        "  delegate: Button { width: 40; height: 30 } }",
         "Repeater { model: 1000; Rectangle { width: 60; height: 30 } }",
     };
     QByteArray content;
-    for (const QByteArray &cover : covers)
-        content += "Item { Chip { objectName: 'chip" + QByteArray::number(content.count("chip")) + "' }\n"
-            + cover + "}\n";
-    show("Column { spacing: 35; " + content + "}");
+    for (const QByteArray &cover : covers) {
+        const QByteArray number = QByteArray::number(content.count("chip"));
+        content
+            += "Item { y: 38 * " + number + "; Chip { objectName: 'chip" + number + "' }\n" + cover + "}\n";
+    }
+    show(content);
     for (int i = 0; i < int(std::size(covers)); ++i)
         EXPECT_EQ(classAt(("chip" + std::to_string(i)).c_str()), "Chip") << covers[i].constData();
 }

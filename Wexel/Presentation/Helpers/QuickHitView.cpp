@@ -22,23 +22,30 @@ bool inheritsAny(const QObject &object, std::initializer_list<const char *> clas
                        [&object](const char *className) { return object.inherits(className); });
 }
 
-bool hasPressHandler(const QQuickItem &item)
+bool takesPressesItself(const QQuickItem &item, bool hasHandlers)
 {
-    const QObjectList &children = item.children();
-    return std::any_of(children.begin(), children.end(), [](const QObject *child) {
-        return child->inherits("QQuickPointerHandler")
-            && !inheritsAny(*child, {"QQuickHoverHandler", "QQuickWheelHandler"})
-            && child->property("enabled").toBool();
-    });
+    // A text takes presses for its links only, and the overlay to see those beside a popup: they leave them to others. A
+    // MouseArea has an `enabled` of its own.
+    if (inheritsAny(item, {"QQuickText", "QQuickOverlay"}) || !item.property("enabled").toBool())
+        return false;
+    // Any handler, one for hovering too, has its item accept all buttons.
+    if (hasHandlers && item.acceptedMouseButtons() == Qt::AllButtons && !item.acceptTouchEvents())
+        return inheritsAny(item, {"QQuickControl", "QQuickMouseArea", "QQuickTextInput", "QQuickTextEdit"});
+    return item.acceptedMouseButtons() != Qt::NoButton || item.acceptTouchEvents();
 }
 
-// A text takes presses for its links only, and the overlay to see those beside a popup: they leave them to the others.
-// A MouseArea has an `enabled` of its own.
 bool takesPresses(const QQuickItem &item)
 {
-    if (item.acceptedMouseButtons() == Qt::NoButton && !item.acceptTouchEvents())
-        return hasPressHandler(item);
-    return !inheritsAny(item, {"QQuickText", "QQuickOverlay"}) && item.property("enabled").toBool();
+    bool hasHandlers = false;
+    for (const QObject *child : item.children()) {
+        if (!child->inherits("QQuickPointerHandler"))
+            continue;
+        hasHandlers = true;
+        if (!inheritsAny(*child, {"QQuickHoverHandler", "QQuickWheelHandler"})
+            && child->property("enabled").toBool())
+            return true;
+    }
+    return takesPressesItself(item, hasHandlers);
 }
 
 bool isDrawn(const QQuickItem &item)
