@@ -6,6 +6,7 @@
 //   start             starts the library
 //   report NUMBER     sends the automatic report of that number, with its attachment
 //   screenshot TEXT   sends an automatic report with a screenshot
+//   request URL       has a request in flight, by a manager that outlives the application
 //   quit-when TEXT    QCoreApplication::quit() from the event loop as soon as the log has the text
 //   exit-when TEXT    std::exit(0) likewise
 //   quit | exit       both from the first turn of the event loop
@@ -25,11 +26,13 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QNetworkRequest>
 #include <QSslConfiguration>
 #include <QStandardPaths>
 #include <QTimer>
 #include <QWidget>
 
+#include <Wexel/WXLNetworkAccessManager.h>
 #include <Wexel/WXLWexel.h>
 
 #include "NumberedReport.h"
@@ -126,12 +129,20 @@ void report(const QString &argument)
     WXLWexel::autoReportWithDescription(NumberedReport::description(number));
 }
 
+void request(const QString &url)
+{
+    static auto *manager
+        = new wexel::WXLNetworkAccessManager; // Qt's own does not survive std::exit as a static object
+    manager->get(QNetworkRequest(QUrl(url)));
+}
+
 /// \return false when main is to return without an event loop
 bool perform(QStringList commands)
 {
     const std::map<QString, std::function<void(const QString &)>> withArgument = {
         {QStringLiteral("trust"), trust},
         {QStringLiteral("report"), report},
+        {QStringLiteral("request"), request},
         {QStringLiteral("screenshot"),
          [](const QString &text) { WXLWexel::autoReportWithAttachScreenshot(true, text); }},
         {QStringLiteral("quit-when"), [](const QString &text) { leaveWhenLogged(text, quit); }},
