@@ -4,7 +4,8 @@
 //
 //   plain_us N      from making a small request on the loopback interface to its answer: with QNetworkAccessManager,
 //   recorded_us N   and with the recording one in the same run, turn and turn about
-//   plain_cpu_us N, recorded_cpu_us N   processor time of the whole process (the server's included) for one request
+//   plain_thread_us N, recorded_thread_us N   processor time of the host's thread for one request
+//   plain_cpu_us N, recorded_cpu_us N         of the whole process, the server included
 //   push_us N       one more record: archived, and the whole history handed to the store
 //   flush_us N      the store's write of that history to the disk, at most every 0.9 s
 //   written_kb N    what that write puts on the disk
@@ -36,7 +37,7 @@ using namespace wexel;
 
 namespace {
 
-constexpr int rounds = 40;
+constexpr int rounds = 80;
 constexpr int requestsInARound = 25;
 constexpr int pushes = 200;
 constexpr int flushes = 20;
@@ -107,10 +108,10 @@ qint64 microseconds(const QElapsedTimer &timer)
     return timer.nsecsElapsed() / 1000;
 }
 
-qint64 cpuMicroseconds()
+qint64 cpuMicroseconds(__rusage_who who)
 {
     rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
+    getrusage(who, &usage);
     const auto micros = [](const timeval &time) { return qint64(time.tv_sec) * 1'000'000 + time.tv_usec; };
     return micros(usage.ru_utime) + micros(usage.ru_stime);
 }
@@ -135,11 +136,13 @@ qint64 median(std::vector<qint64> values)
 /// The times of single requests by one manager, and the processor time of all.
 struct Costs {
     std::vector<qint64> times;
-    qint64 cpu = 0;
+    qint64 ofThread = 0;
+    qint64 ofProcess = 0;
 
     void measure(QNetworkAccessManager &manager, const QUrl &url)
     {
-        const qint64 before = cpuMicroseconds();
+        const qint64 threadBefore = cpuMicroseconds(RUSAGE_THREAD);
+        const qint64 processBefore = cpuMicroseconds(RUSAGE_SELF);
         for (int i = 0; i < requestsInARound; ++i) {
             QElapsedTimer timer;
             timer.start();
@@ -152,9 +155,10 @@ struct Costs {
             delete reply;
             times.push_back(microseconds(timer));
         }
-        cpu += cpuMicroseconds() - before;
+        ofThread += cpuMicroseconds(RUSAGE_THREAD) - threadBefore;
+        ofProcess += cpuMicroseconds(RUSAGE_SELF) - processBefore;
     }
-    [[nodiscard]] qint64 cpuOfOne() const { return cpu / qint64(times.size()); }
+    [[nodiscard]] qint64 eachOf(qint64 sum) const { return sum / qint64(times.size()); }
 };
 
 /// A recorder whose history keeps `size` records, and drops what is added on `prune`.
@@ -216,6 +220,10 @@ void measureRequests(Recorder &recorder, int size)
     const Server server;
     QNetworkAccessManager plain;
     RecordingManager recording(recorder.reporter);
+    Costs warmUp;
+    warmUp.measure(plain, server.url());
+    warmUp.measure(recording, server.url());
+    recorder.prune();
     Costs ofPlain;
     Costs ofRecording;
     for (int round = 0; round < rounds; ++round) {
@@ -225,8 +233,10 @@ void measureRequests(Recorder &recorder, int size)
     }
     print(size, "plain_us", median(ofPlain.times));
     print(size, "recorded_us", median(ofRecording.times));
-    print(size, "plain_cpu_us", ofPlain.cpuOfOne());
-    print(size, "recorded_cpu_us", ofRecording.cpuOfOne());
+    print(size, "plain_thread_us", ofPlain.eachOf(ofPlain.ofThread));
+    print(size, "recorded_thread_us", ofRecording.eachOf(ofRecording.ofThread));
+    print(size, "plain_cpu_us", ofPlain.eachOf(ofPlain.ofProcess));
+    print(size, "recorded_cpu_us", ofRecording.eachOf(ofRecording.ofProcess));
 }
 
 void measurePushes(Recorder &recorder, int size)
