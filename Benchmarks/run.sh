@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the release preset, runs the benchmarks and prints their figures as a Markdown table.
 #
-#   Benchmarks/run.sh [startup] [save] [drain] [taps] [idle]      all of them without an argument
+#   Benchmarks/run.sh [startup] [save] [drain] [taps] [requests] [idle]      all of them without an argument
 #
 # Environment: RUNS (20) fresh processes per start-up figure, DRAINS (3) drains, REPORTS (500) reports in each, IDLE (120)
 # seconds of doing nothing.
@@ -24,10 +24,10 @@ trap cleanup EXIT
 # An install prefix with the hosts beside the library, whose bundle names the receiver.
 install_prefix() {
     cmake --preset release >/dev/null
-    cmake --build "$build" -j2 --target wexel-receiver Wexel SaveBenchmark TapBenchmark BenchmarkCoreHost \
+    cmake --build "$build" -j2 --target wexel-receiver Wexel SaveBenchmark TapBenchmark RequestBenchmark BenchmarkCoreHost \
         BenchmarkCoreHostWithout BenchmarkQuickHost BenchmarkQuickHostWithout >/dev/null
     mkdir -p "$work/bin" "$work/share/wexel" "$work/$(library_folder)"
-    cp "$build"/bin/{wexel-receiver,SaveBenchmark,TapBenchmark,Benchmark*Host*} "$work/bin/"
+    cp "$build"/bin/{wexel-receiver,SaveBenchmark,TapBenchmark,RequestBenchmark,Benchmark*Host*} "$work/bin/"
     cp -L "$build/$(library_folder)/libWexel.so.1" "$work/$(library_folder)/"
     cat >"$work/bin/Info.plist" <<-PLIST
 	<plist version="1.0"><dict><key>CFBundleIdentifier</key><string>org.wexel.benchmark</string>
@@ -155,6 +155,20 @@ drain() {
     row 'peak resident memory of the draining host' "$(divided "$(percentile 50 peak_kb "$work/times")" 1024 %.1f) MB"
 }
 
+requests() {
+    mkdir -p "$work/requests"
+    "$work/bin/RequestBenchmark" "$work/requests" >"$work/times"
+    local size name
+    for size in $(cut -d' ' -f1 "$work/times" | uniq); do
+        local -A of=()
+        while read -r name value; do of[$name]=$value; done < <(sed -n "s/^$size //p" "$work/times")
+        row "a small request, with $size records already" \
+            "${of[recorded_us]} µs, plain ${of[plain_us]} µs: $(divided "${of[recorded_us]}" "${of[plain_us]}" %.2f) times; processor time of the host's thread $(divided $((of[recorded_thread_us] - of[plain_thread_us])) 1 %+d) µs, of the process $(divided $((of[recorded_cpu_us] - of[plain_cpu_us])) 1 %+d) µs"
+        row "one more record in a history of ${of[history_kb]} KB" \
+            "$(divided "${of[push_us]}" 1000 %.1f) ms in the background; its write $(divided "${of[flush_us]}" 1000 %.0f) ms and ${of[written_kb]} KB"
+    done
+}
+
 taps() {
     fresh_home
     "$work/bin/TapBenchmark" "$work/home" 2>/dev/null >"$work/times"
@@ -195,7 +209,7 @@ idle_row() { # idle_row KIND TITLE NAME DIVISOR FORMAT
         "$(divided "$with" "$4" "$5") / $(divided "$without" "$4" "$5")"
 }
 
-[ $# -gt 0 ] || set -- startup save drain taps idle
+[ $# -gt 0 ] || set -- startup save drain taps requests idle
 install_prefix
 printf '| What | Figure |\n|---|---|\n'
 for benchmark; do "$benchmark"; done

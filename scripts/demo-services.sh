@@ -74,10 +74,11 @@ start_receiver() {
     receiver_url=$(listening receiver)
 }
 
+# Under another name than the receiver's: what an app asks of the receiver's host is not recorded.
 start_menu() {
     launch menu "$prefix/bin/cafe-menu-service" --listen=127.0.0.1:0
     menu_url=$(listening menu)
-    menu_url=${menu_url/127.0.0.1/localhost} # requests to the receiver's own host are not recorded
+    menu_url=${menu_url/127.0.0.1/localhost}
 }
 
 # The backend's address stands in the library's own property list, which whoever ships the library may edit.

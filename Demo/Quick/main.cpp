@@ -4,10 +4,10 @@
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 
+#include <Wexel/WXLNetworkAccessManagerFactory.h>
 #include <Wexel/WXLWexel.h>
 
 #include "App.h"
-#include "NetworkManagerFactory.h"
 
 namespace {
 
@@ -44,7 +44,7 @@ int main(int argc, char **argv)
     const std::optional<QUrl> address = menuAddress(application);
     if (!address)
         return 2;
-    NetworkManagerFactory networkManagers;
+    wexel::WXLNetworkAccessManagerFactory networkManagers; // its requests appear in the reports
     QQmlApplicationEngine engine;
     engine.setNetworkAccessManagerFactory(&networkManagers);
     engine.load(QUrl(QStringLiteral("qrc:/Cafe/Main.qml")));

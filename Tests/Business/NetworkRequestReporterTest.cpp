@@ -6,7 +6,7 @@ using namespace wexel;
 
 namespace {
 
-constexpr qsizetype limit = WXLNetworkAccessManager::maximumBodyBytes;
+constexpr qsizetype limit = WexelMaximumBodyBytes;
 
 UrlRequest request(const QString &url, const QByteArray &body = "sent")
 {
@@ -83,7 +83,7 @@ TEST(NetworkRequestReporter, KeepsTheBeginningOfTexts)
         EXPECT_EQ(record.requestBody, record.responseBody);
         return *record.responseBody;
     };
-    const QString mark = WXLNetworkAccessManager::cutMark;
+    const QString mark = WexelBodyCutMark;
     EXPECT_EQ(recorded(QByteArray(limit, 'x')), QString(limit, u'x'));
     EXPECT_EQ(recorded(QByteArray(limit + 1, 'x')), QString(limit, u'x') + mark);
     EXPECT_EQ(recorded(QByteArray(limit - 2, 'x') + "€ and more"), QString(limit - 2, u'x') + mark)

@@ -149,7 +149,8 @@ void tap()
 
 void get(const QString &url)
 {
-    static auto *manager = new wexel::WXLNetworkAccessManager(qApp);
+    // Outlives the application; Qt's own does not survive std::exit as a static object.
+    static auto *manager = new wexel::WXLNetworkAccessManager;
     QNetworkReply *reply = manager->get(QNetworkRequest(QUrl(url)));
     QObject::connect(reply, &QNetworkReply::finished, reply, [reply] {
         print("got " + reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toByteArray());

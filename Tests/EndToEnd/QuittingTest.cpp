@@ -157,6 +157,21 @@ TEST_P(Quitting, BeforeAnyEventLoopEndsAtOnceAndLosesNothing)
     }
 }
 
+TEST_P(Quitting, WithItsOwnRequestsInFlightEndsAtOnce)
+{
+    ScriptedServer server([](const Request &) { return Answer{.body = "on and ", .isEndless = true}; });
+    for (const QString &leave : {QStringLiteral("return"), QStringLiteral("exit-now"), QStringLiteral("quit"),
+                                 QStringLiteral("exit")}) {
+        const InstalledHost host(QStringLiteral("http://[::1]:9/"));
+        QStringList commands{QString::fromUtf8(GetParam()), QStringLiteral("start")};
+        for (int number = 0; number < 20; ++number)
+            commands << QStringLiteral("get") << server.url();
+        const auto process = host.run(commands << leave);
+        EXPECT_LT(timeToLeave(*process), std::chrono::milliseconds(2500)) << qPrintable(leave);
+        EXPECT_TRUE(process->leftCleanly()) << qPrintable(leave) << '\n' << process->output().constData();
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(, Quitting, testing::Values("core", "gui", "widgets"));
 
 } // namespace

@@ -32,21 +32,24 @@ ReplyObserver::~ReplyObserver()
 // Bytes only come in while the reply handles such an event.
 bool ReplyObserver::eventFilter(QObject * /*watched*/, QEvent *event)
 {
-    if (event->type() == QEvent::MetaCall)
-        noticeReading();
+    if (event->type() == QEvent::MetaCall && noticeReading() && isLookingFree())
+        look(); // some may have come without a signal
     return false;
 }
 
-void ReplyObserver::noticeReading()
+/// \return false when it is in vain to look any further
+bool ReplyObserver::noticeReading()
 {
     const qint64 unread = m_reply.bytesAvailable();
     const qint64 read = std::max<qint64>(0, m_unread - unread);
     m_unread = unread;
     if (read > m_seen) { // rather no body than one with a hole
         m_body.clear();
-        return stopLooking();
+        stopLooking();
+        return false;
     }
     m_seen -= read;
+    return true;
 }
 
 void ReplyObserver::noticeArrival()
@@ -97,12 +100,9 @@ void ReplyObserver::takeHead()
 void ReplyObserver::finish()
 {
     takeHead();
-    if (m_isLooking) {
-        noticeReading();
-        if (m_isLooking)
-            look();
-        stopLooking();
-    }
+    if (m_isLooking && noticeReading())
+        look();
+    stopLooking();
     complete(m_reply.error() == QNetworkReply::NoError
                  ? std::nullopt
                  : std::optional(Error{UrlErrorDomain, m_reply.error(), m_reply.errorString()}));

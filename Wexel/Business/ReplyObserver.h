@@ -23,7 +23,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void noticeReading();
+    bool noticeReading();
     void noticeArrival();
     void look();
     [[nodiscard]] bool isLookingFree() const;

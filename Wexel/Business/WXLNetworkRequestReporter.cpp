@@ -20,13 +20,13 @@ namespace {
 /// A character whose bytes are not all there is left out; a body that is not UTF-8 gives the empty text.
 QString recordedText(const QByteArray &body)
 {
-    const bool isCut = body.size() > WXLNetworkAccessManager::maximumBodyBytes;
+    const bool isCut = body.size() > WexelMaximumBodyBytes;
     QStringDecoder decoder(QStringDecoder::Utf8);
-    const QString text = decoder.decode(
-        QByteArrayView(body).first(isCut ? WXLNetworkAccessManager::maximumBodyBytes : body.size()));
+    const QString text
+        = decoder.decode(QByteArrayView(body).first(isCut ? WexelMaximumBodyBytes : body.size()));
     if (decoder.hasError())
         return {};
-    return isCut ? text + WXLNetworkAccessManager::cutMark : text;
+    return isCut ? text + WexelBodyCutMark : text;
 }
 
 QVariantMap dictionary(const HeaderFields &headers)

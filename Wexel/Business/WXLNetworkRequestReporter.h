@@ -23,7 +23,7 @@ class WXLNetworkRequestReporter
 {
 public:
     /// The first of a body's bytes that are worth passing: one more than is kept tells a longer body.
-    static constexpr qsizetype wantedBodyBytes = WXLNetworkAccessManager::maximumBodyBytes + 1;
+    static constexpr qsizetype wantedBodyBytes = WexelMaximumBodyBytes + 1;
     /// What has been sent of a body that is streamed.
     using SentBody = std::function<QByteArray()>;
 

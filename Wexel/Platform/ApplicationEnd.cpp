@@ -29,16 +29,20 @@ Registry &registry()
     return *instance;
 }
 
+auto takeBlocks()
+{
+    const std::lock_guard lock(registry().mutex);
+    return std::exchange(registry().blocks, {});
+}
+
 void end()
 {
     registry().begun = true;
-    std::multimap<ApplicationEnd::Phase, std::function<void()>> blocks;
-    {
-        const std::lock_guard lock(registry().mutex);
-        blocks = std::exchange(registry().blocks, {});
+    // The last work may start what has to end, too.
+    for (auto blocks = takeBlocks(); !blocks.empty(); blocks = takeBlocks()) {
+        for (const auto &[phase, block] : blocks)
+            block();
     }
-    for (const auto &[phase, block] : blocks)
-        block();
 }
 
 /// A host that leaves through std::exit never destroys its application object. The main thread's own objects are then

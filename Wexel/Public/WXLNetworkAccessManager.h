@@ -7,33 +7,37 @@
 
 namespace wexel {
 
-/// A QNetworkAccessManager whose requests and answers appear in the reports. Make this one instead and use it as before:
+/// How many bytes of a request's and of an answer's body a report shows, and how the text of a longer one ends.
+inline constexpr qsizetype WexelMaximumBodyBytes = 16 * 1024;
+inline constexpr QLatin1String WexelBodyCutMark{"\n[cut by Wexel]"};
+
+/// A QNetworkAccessManager whose requests and answers appear in the reports. Make this one instead and use it as
+/// before:
 ///
 ///     wexel::WXLNetworkAccessManager network;
 ///
 /// Every reply is Qt's own; bytes, signals, errors, progress and cookies are what they are without the library.
 ///
-/// Recorded of each request to a host: method, address, all headers that the request was made with, the body, the
-/// time; of its answer: status, all headers, the body, and how long it took. That includes secrets such as an
-/// Authorization header or a password in a body. With redirects it is the first address and the last answer. A request
-/// is recorded when it is made, and once more when it has finished or its reply is deleted before that. Not recorded:
-/// requests to the host that the reports go to, addresses without a host ("data:", "file:"), and anything made before
-/// the application object exists or after it has gone.
+/// Recorded of each request: method, address, all headers that it was made with, the body, the time; of its answer:
+/// status, all headers, the body, and how long it took. That includes secrets, such as an Authorization header or a
+/// password in a body. With redirects it is the first address and the last answer. A request is recorded when it is
+/// made, and again when it has finished or its reply is deleted before that.
 ///
-/// Of a body the first `maximumBodyBytes` are kept; a longer one ends with `cutMark`. A body that is not UTF-8 text, an
-/// image for example, leaves an empty text. So does an answer that Qt decompresses while the host reads it bit by bit
-/// from a reply with a read buffer limit or from a manager with a cache: to look at it would change what is cached or
-/// fetched. A streamed request body is kept as Qt reads it and appears with the answer.
+/// Not recorded: requests to the backend (to any host whose name is part of the backend's address), addresses without a
+/// host ("data:", "file:"), connections that are only opened, and what is made before the application object exists or
+/// after it has gone.
 ///
-/// Threads: as QNetworkAccessManager, one thread at a time, any thread. May be made before `WXLWexel::start()` and may
-/// outlive the application object. Set the application's name, organisation and domain before the first request. No
-/// errors of its own.
+/// Of a body the first `WexelMaximumBodyBytes` are kept; a longer one ends with `WexelBodyCutMark`. A body that is not
+/// UTF-8 text, an image for example, leaves an empty text. So does a compressed answer that the host reads bit by bit,
+/// if the reply's read buffer is limited or the manager has a cache: to look at it would change what is fetched or
+/// cached. A body that is sent from a device other than a QBuffer is kept as Qt reads it, and appears with the answer.
+///
+/// Threads: as QNetworkAccessManager, one at a time, any thread. May be made before `WXLWexel::start()` and may outlive
+/// the application object; set the application's name, organisation and domain before the first request, as they decide
+/// where the records lie. No errors of its own.
 class WEXEL_EXPORT WXLNetworkAccessManager : public QNetworkAccessManager
 {
 public:
-    static constexpr qsizetype maximumBodyBytes = 16 * 1024;
-    static constexpr QLatin1String cutMark{"\n[cut by Wexel]"};
-
     explicit WXLNetworkAccessManager(QObject *parent = nullptr);
     ~WXLNetworkAccessManager() override;
 
