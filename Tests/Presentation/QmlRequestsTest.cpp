@@ -4,6 +4,7 @@
 #include <Wexel/WXLNetworkAccessManagerFactory.h>
 
 #include "Business/NetworkRequestRecord.h"
+#include "Business/WXLAppRepository.h"
 #include "Business/WXLNetworkRequestReporter.h"
 #include "Platform/SerialQueue.h"
 #include "QuickHost.h"
@@ -26,7 +27,9 @@ QMap<QString, NetworkRequestRecord> recordedByPath()
     for (int turn = 0; turn < 3; ++turn) // made, stored, and stored with the answer
         reporter.timeEventQueue().workingQueue().waitUntilDone();
     QMap<QString, NetworkRequestRecord> result;
-    for (const QVariant &stored : reporter.networkRequestHistory().value_or(QVariantList())) {
+    for (const QVariant &stored :
+         WXLNetworkRequestReporter::networkRequestHistory(WXLAppRepository::sharedInstance())
+             .value_or(QVariantList())) {
         const auto record
             = std::dynamic_pointer_cast<NetworkRequestRecord>(stored.value<std::shared_ptr<SecureCoding>>());
         result.insert(QUrl(*record->url).path(), *record);
