@@ -73,7 +73,8 @@ TEST_F(SessionsTest, StartsAnewOverADamagedHistory)
     world.repository.setData("damaged", kWXLSessionHistoryKey);
     EXPECT_FALSE(WXLSessionReporter::oldestSessionTimestamp(world.repository));
     EXPECT_TRUE(WXLSessionReporter::sessionHistory(world.repository).isEmpty());
-    WXLSessionReporter next(world.repository, dates, *new NotificationCenter, [](const QDateTime &) {});
+    NotificationCenter nobody;
+    WXLSessionReporter next(world.repository, dates, nobody, [](const QDateTime &) {});
     next.workingQueue().waitUntilDone();
     next.workingQueue().waitUntilDone();
     EXPECT_EQ(states(), QStringList(QStringLiteral("0")));
