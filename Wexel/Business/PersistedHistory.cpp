@@ -37,7 +37,7 @@ std::optional<QString> timestampOf(const WXLBlackBoxObject &object)
 std::shared_ptr<PersistedHistory> PersistedHistory::make(WXLAppRepository &repository, QString key,
                                                          QString owner, QString strand)
 {
-    const std::shared_ptr<PersistedHistory> history(
+    std::shared_ptr<PersistedHistory> history(
         new PersistedHistory(repository, std::move(key), std::move(owner), std::move(strand)));
     history->m_strand.async([history] { history->load(); });
     return history;

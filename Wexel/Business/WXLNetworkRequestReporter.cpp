@@ -58,7 +58,7 @@ WXLNetworkRequestReporter &WXLNetworkRequestReporter::shared()
 
 UrlSession::Completion WXLNetworkRequestReporter::report(const UrlRequest &request,
                                                          UrlSession::Completion completionHandler,
-                                                         SentBody sentBody)
+                                                         const SentBody &sentBody)
 {
     if (!isRecorded(request.url))
         return completionHandler;

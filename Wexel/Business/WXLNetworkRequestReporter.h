@@ -39,8 +39,9 @@ public:
     /// \return what to call with the answer: it records that and calls `completionHandler`, which may be empty, with
     ///         the same values. For a request that is not recorded (the backend's, one without a host, or when the
     ///         application is ending) it is `completionHandler` itself
-    [[nodiscard]] UrlSession::Completion
-    report(const UrlRequest &request, UrlSession::Completion completionHandler, SentBody sentBody = {});
+    [[nodiscard]] UrlSession::Completion report(const UrlRequest &request,
+                                                UrlSession::Completion completionHandler,
+                                                const SentBody &sentBody = {});
     /// Drops, in the background, what is strictly older than the limit.
     void removeRecordsOlderThan(const QDateTime &limit);
     /// The stored records, in the order in which they were last changed; nothing when there are none or they cannot be
