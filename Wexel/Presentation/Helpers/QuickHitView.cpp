@@ -148,7 +148,7 @@ const QObject *recognised(const QObject *view, const QQuickItem *root)
         view = around;
     }
     for (const QObject *object = view; object != nullptr; object = owner(*object)) {
-        if (isComponent(*object) || (isControl(*object) && false && !isContainer(*object)))
+        if (isComponent(*object) || (isControl(*object) && !isContainer(*object)))
             return object;
         if (isContainer(*object))
             break;
