@@ -66,6 +66,7 @@ TEST_F(QuickTapsTest, aControlOrAComponentOfTheHostIsNamed)
         "  ItemDelegate { objectName: 'row'; x: 110; y: 100; width: 150; height: 30\n"
         "    Heart { objectName: 'heart' } }\n"
         "  ListView { objectName: 'list'; y: 150; width: 100; height: 60; model: 1; delegate: CartLine {} }\n"
+        "  Button { objectName: 'off'; y: 300; enabled: false; text: 'Off' }\n"
         "  Label { objectName: 'label'; x: 110; y: 150; text: 'A label' }\n"
         "  GroupBox { objectName: 'group'; x: 200; y: 150; width: 100; height: 90; title: 'Options' } }\n");
     show("StackView { anchors.fill: parent; initialItem: CartPage { objectName: 'page' } }");
@@ -81,6 +82,7 @@ TEST_F(QuickTapsTest, aControlOrAComponentOfTheHostIsNamed)
     EXPECT_EQ(classAt("list", {0.5, 0.9}), "ListView");
     EXPECT_EQ(classAt("label"), "Label");
     EXPECT_EQ(classAt("group", {0.2, 0.1}), "GroupBox");
+    EXPECT_EQ(classAt("off"), "CartPage") << "to which a disabled button leaves it";
     EXPECT_EQ(classAt("page", {0.5, 0.9}), "CartPage");
     // The second object-typed property is paired with the second of all names.
     EXPECT_EQ(taps.all().first(), QStringLiteral("CafeButton/CartPage/chip"));
@@ -116,7 +118,8 @@ TEST_F(QuickTapsTest, whatTakesNoPressesLetsThemThrough)
 
 TEST_F(QuickTapsTest, theTopmostOfSeveralIsNamedWhereItIsSeen)
 {
-    show("CafeButton { z: 1; objectName: 'raised' } Chip { objectName: 'covered' }\n"
+    show("Window { visible: true; width: 400; height: 400 }\n"
+         "CafeButton { z: 1; objectName: 'raised' } Chip { objectName: 'covered' }\n"
          "Button { objectName: 'turned'; x: 200; y: 100; width: 100; height: 20; rotation: 90 }\n"
          "Rectangle { objectName: 'passive'; y: 300; width: 40; height: 40; Title { objectName: 'title' } }");
     EXPECT_EQ(classAt("covered"), "CafeButton");
@@ -134,7 +137,8 @@ TEST_F(QuickTapsTest, popupsLieOverTheScreens)
                      "  Chip { objectName: 'chip' }\n"
                      "  property Item okItem: standardButton(Dialog.Ok) }\n");
     show("CafeButton { x: 300; objectName: 'below' }\n"
-         "Item { anchors.fill: parent; PayDialog { objectName: 'dialog' } }\n"
+         "Item { id: page; anchors.fill: parent } CartLine { PayDialog { objectName: 'dialog'; parent: page "
+         "} }\n"
          "Menu { objectName: 'menu'; y: 100; enter: null; exit: null; Action { text: 'Copy' } }\n"
          "ComboBox { objectName: 'combo'; width: 100; indicator: null; model: ['a']; popup.enter: null }");
     QMetaObject::invokeMethod(host.named("dialog"), "open");
@@ -145,6 +149,8 @@ TEST_F(QuickTapsTest, popupsLieOverTheScreens)
     QMetaObject::invokeMethod(host.named("dialog"), "open");
     EXPECT_EQ(classAt("below"), "Overlay");
     QMetaObject::invokeMethod(host.named("dialog"), "close");
+    QMetaObject::invokeMethod(host.named("menu"), "open");
+    EXPECT_EQ(classAt("below"), "CafeButton") << "not kept from presses by the menu";
     QMetaObject::invokeMethod(host.named("menu"), "open");
     EXPECT_EQ(taps.classAt(host.window, QPoint(20, 115)), "MenuItem");
     EXPECT_EQ(classAt("combo"), "ComboBox");
