@@ -35,16 +35,21 @@ TEST(KilledHost, KeepsItsHistories)
     const auto process = host.run({QStringLiteral("widgets"), QStringLiteral("start"), QStringLiteral("tap"),
                                    QStringLiteral("get"), url + QStringLiteral("menu")});
     ASSERT_TRUE(process->waitForOutput("got 200")) << process->output().constData();
-    const WXLAppRepository store(host.userDefaults());
+    WXLAppRepository store(host.userDefaults());
     const auto hasStored = [&] {
         const auto requests = storedRecordsOf<NetworkRequestRecord>(store, kNetworkRequestReportKey);
         return storedRecordsOf<Record>(store, kWXLCpuHistoryKey).size() >= 5
             && storedRecordsOf<TouchRecord>(store, kUserEventReportKey).size() == 1 && requests.size() == 1
             && requests[0]->statusCode == QStringLiteral("200");
     };
-    ASSERT_TRUE(spinUntil(hasStored)) << process->output().constData();
+    ASSERT_TRUE(spinUntil(hasStored))
+        << storedRecordsOf<Record>(store, kWXLCpuHistoryKey).size() << " samples, "
+        << storedRecordsOf<TouchRecord>(store, kUserEventReportKey).size() << " taps, "
+        << storedRecordsOf<NetworkRequestRecord>(store, kNetworkRequestReportKey).size() << " requests\n"
+        << process->output().constData();
     process->kill();
     const QDateTime killed = QDateTime::currentDateTime();
+    store.setClientAuthorized(false); // the report waits for the token
 
     const auto second
         = host.run({QStringLiteral("core"), QStringLiteral("quit-when"), QString::fromUtf8(allSent),
