@@ -29,7 +29,7 @@ public:
                   std::optional<Error> error)
     {
         if (const auto completion = std::exchange(m_completion, {}))
-            completion(std::move(data), response, std::move(error));
+            completion(std::move(data), std::move(response), std::move(error));
     }
 
 private:
