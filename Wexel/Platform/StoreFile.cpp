@@ -33,7 +33,7 @@ std::optional<StoredValue> StoreFile::read(const QString &key)
 {
     if (!ensureOpen())
         return std::nullopt;
-    const std::optional<StoredValue> value = StoreTable(m_database).read(key);
+    std::optional<StoredValue> value = StoreTable(m_database).read(key);
     if (m_database.foundDamage())
         m_database.close(); // the next use looks closer
     return value;
