@@ -1,7 +1,7 @@
 #include "Platform/SerialQueue.h"
 
+#include <condition_variable>
 #include <deque>
-#include <future>
 #include <mutex>
 
 #include "Platform/ThreadPool.h"
@@ -51,9 +51,20 @@ void SerialQueue::async(std::function<void()> block)
 
 void SerialQueue::waitUntilDone()
 {
-    std::promise<void> done;
-    async([&done] { done.set_value(); });
-    done.get_future().wait();
+    // Shared: the block may still be at it when the waiting thread is gone.
+    struct Done {
+        std::mutex mutex;
+        std::condition_variable changed;
+        bool isReached = false;
+    };
+    const auto done = std::make_shared<Done>();
+    async([done] {
+        const std::lock_guard lock(done->mutex);
+        done->isReached = true;
+        done->changed.notify_all();
+    });
+    std::unique_lock lock(done->mutex);
+    done->changed.wait(lock, [&done] { return done->isReached; });
 }
 
 } // namespace wexel
