@@ -1,24 +1,31 @@
 #!/usr/bin/env bash
-# Builds the library, the receiver and the café demo, and runs them against one another.
+# Builds the library, the receiver and the demos, and runs a demo against the receiver.
 #
-#   ./demo.sh           opens the app; close its window to end. Without a display: as with --auto
-#   ./demo.sh --auto    a scripted tester uses the app under a display of its own and shows the reports that arrive
+#   ./demo.sh            opens the café app; close its window to end. Without a display: as with --auto
+#   ./demo.sh --auto     a scripted tester uses the café app under a display of its own and shows the reports that arrive
+#   ./demo.sh --widgets  opens the notebook app; close its window to end
 set -euo pipefail
 
 root=$(cd "$(dirname "$0")" && pwd)
 build=$root/build/release
 prefix=$root/build/demo
 data=$root/build/demo-data
-targets=(Wexel wexel-receiver cafe-menu-service wexel-demo-cafe)
+targets=(Wexel wexel-receiver cafe-menu-service wexel-demo-cafe wexel-demo-editor)
 
-case "${1:-}" in
-"" | --auto) ;;
+mode=${1:-}
+[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && display=1 || display=0
+case "$mode$display" in
+0 | --auto?) mode=--auto ;;
+1 | --widgets1) ;;
+--widgets0)
+    echo "--widgets opens a window, and there is no display: neither DISPLAY nor WAYLAND_DISPLAY is set." >&2
+    exit 1
+    ;;
 *)
-    sed -n '2,6s/^# \{0,1\}//p' "$0"
+    sed -n '2,7s/^# \{0,1\}//p' "$0"
     exit 2
     ;;
 esac
-if [ "${1:-}" = --auto ] || [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then auto=1; else auto=0; fi
 
 mkdir -p "$data"
 . "$root/scripts/demo-services.sh"
@@ -37,20 +44,17 @@ cmake --build "$build" -j2 --target "${targets[@]}"
     cmake --install "$build" --prefix "$prefix" --component demo
 } >"$data/install.log"
 
-step "Starting the receiver and the café's menu service"
-[ "$auto" -eq 0 ] || own_home
+step "Starting the receiver"
+[ "$mode" != --auto ] || own_home
 start_receiver
-start_menu
 set_api_url "$receiver_url"
-say "  Receiver at $receiver_url, menu at $menu_url"
+say "  Receiver at $receiver_url"
 
-if [ "$auto" -eq 1 ]; then
+case "$mode" in
+--auto)
     open_display
     run_auto
-else
-    step "Opening the app; close its window to end"
-    say "  The reports you send, at any time: $prefix/bin/wexel-receiver reports --data $data/receiver"
-    start_host
-    wait "${pids[host]}"
-    "$prefix/bin/wexel-receiver" reports --data "$data/receiver"
-fi
+    ;;
+--widgets) use_host start_editor ;;
+*) use_host start_cafe ;;
+esac

@@ -75,7 +75,7 @@ picture() { # picture FILE: what the display shows of the app's window
 }
 
 open_app() {
-    start_host
+    start_cafe
     wait_until 30 find_window || fail "The app's window did not appear"
     expect 15 "Menu: ready"
     expect 20 "Authentication succeeded"

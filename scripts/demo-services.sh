@@ -66,11 +66,13 @@ listening() {
 
 plist_value() { sed -n "/<key>$1<\/key>/{n;s/.*<string>\(.*\)<\/string>.*/\1/p}" "$2"; }
 
-# start_receiver [PORT]: sets receiver_url; a free port unless one is given.
+# start_receiver [PORT]: sets receiver_url; a free port unless one is given. Knows the clients of all demos.
 start_receiver() {
-    local host_plist=$root/Demo/Quick/Info.plist client
-    client=$(plist_value APIClientID "$host_plist"):$(plist_value APIClientSecret "$host_plist")
-    launch receiver "$prefix/bin/wexel-receiver" --data="$data/receiver" --listen="127.0.0.1:${1:-0}" --client="$client"
+    local plist clients=()
+    for plist in "$root"/Demo/*/Info.plist; do
+        clients+=(--client="$(plist_value APIClientID "$plist"):$(plist_value APIClientSecret "$plist")")
+    done
+    launch receiver "$prefix/bin/wexel-receiver" --data="$data/receiver" --listen="127.0.0.1:${1:-0}" "${clients[@]}"
     receiver_url=$(listening receiver)
 }
 
@@ -88,4 +90,16 @@ set_api_url() {
     [ "$(plist_value WEXEL_API_URL "$plist")" = "$1" ] || fail "$plist: no string under the key WEXEL_API_URL"
 }
 
-start_host() { launch host "$prefix/bin/wexel-demo-cafe" --menu "$menu_url"; }
+start_cafe() {
+    running menu || start_menu
+    launch host "$prefix/bin/wexel-demo-cafe" --menu "$menu_url"
+}
+start_editor() { launch host "$prefix/bin/wexel-demo-editor"; }
+
+use_host() { # use_host START: until the user closes it
+    step "Opening the app; close its window to end"
+    say "  The reports you send, at any time: $prefix/bin/wexel-receiver reports --data $data/receiver"
+    "$1"
+    wait "${pids[host]}"
+    "$prefix/bin/wexel-receiver" reports --data "$data/receiver"
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+class MarkdownPreview;
+class NoteEditor;
+struct Preferences;
+
+/// One note in its tab: the editor, and its preview beside it.
+class NotePage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// An empty note. \param name shown until the note has a file
+    explicit NotePage(const QString &name, QWidget *parent = nullptr);
+
+    /// Replaces the text by the file's, which is then the note's file. On failure nothing changes.
+    /// \return what went wrong, for the user; empty for success
+    [[nodiscard]] QString load(const QString &path);
+    /// Writes the note to the file, which is then the note's own. \return as `load`
+    [[nodiscard]] QString save(const QString &path);
+    /// Fills the note with a text that is not on disk, as if it had been there.
+    void setText(const QString &text);
+    void apply(const Preferences &preferences);
+
+    [[nodiscard]] QString name() const { return m_name; }
+    /// The note's file; empty while it has none.
+    [[nodiscard]] QString path() const { return m_path; }
+    [[nodiscard]] NoteEditor &editor() const { return *m_editor; }
+    [[nodiscard]] bool isModified() const;
+    [[nodiscard]] int wordCount() const;
+
+Q_SIGNALS:
+    /// The name, the text, the cursor or what can be done with them changed.
+    void changed();
+
+private:
+    void setPath(const QString &path);
+    void showPreview();
+
+    QString m_name;
+    QString m_path;
+    NoteEditor *m_editor;
+    MarkdownPreview *m_preview;
+    QTimer m_typing; ///< runs while the user types: the preview follows in the pauses
+};
