@@ -1,145 +1,96 @@
 #include "FindBar.h"
 
-#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTabWidget>
 #include <QToolButton>
 
 #include "Appearance.h"
 #include "NoteEditor.h"
+#include "NotePage.h"
 
-namespace {
-constexpr int mostMatches = 1000; // marking more would make typing slow
-} // namespace
-
-FindBar::FindBar(QWidget *parent)
+FindBar::FindBar(const QTabWidget &notes, QWidget *parent)
     : QFrame(parent)
+    , m_notes(notes)
     , m_text(new QLineEdit)
-    , m_count(new QLabel)
-    , m_matchCase(new QCheckBox(tr("Match case")))
+    , m_result(new QLabel)
 {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(14, 7, 10, 7);
-    row->setSpacing(6);
     row->addWidget(m_text, 1);
-    row->addWidget(m_count);
-    connect(addButton(QStringLiteral("up"), tr("Previous (Shift+Enter)")), &QToolButton::clicked, this,
-            [this] { step(QTextDocument::FindBackward); });
-    connect(addButton(QStringLiteral("down"), tr("Next (Enter)")), &QToolButton::clicked, this,
-            [this] { step({}); });
-    row->addSpacing(6);
-    row->addWidget(m_matchCase);
-    row->addStretch(1);
-    connect(addButton(QStringLiteral("close"), tr("Close (Esc)")), &QToolButton::clicked, this,
-            &QWidget::hide);
+    addButton(QStringLiteral("up"), tr("Previous (Shift+Enter)"),
+              [this] { step(QTextDocument::FindBackward); });
+    addButton(QStringLiteral("down"), tr("Next (Enter)"), [this] { step({}); });
+    row->addWidget(m_result, 1);
+    addButton(QStringLiteral("close"), tr("Close (Esc)"), [this] { close(); });
     m_text->setPlaceholderText(tr("Find in this note"));
-    m_text->setMaximumWidth(340);
-    m_count->setMinimumWidth(76);
-    m_count->setObjectName(QStringLiteral("hint"));
-    connect(m_text, &QLineEdit::textChanged, this, &FindBar::search);
-    connect(m_matchCase, &QCheckBox::toggled, this, &FindBar::search);
+    connect(m_text, &QLineEdit::textEdited, this, &FindBar::searchFromSelection);
     hide();
-}
-
-void FindBar::setEditor(NoteEditor *editor)
-{
-    if (m_editor != nullptr) {
-        m_editor->setMatches({});
-        m_editor->disconnect(this);
-    }
-    m_editor = editor;
-    if (editor != nullptr) {
-        connect(editor, &QPlainTextEdit::textChanged, this, &FindBar::search);
-        connect(editor, &QPlainTextEdit::cursorPositionChanged, this, &FindBar::showCount);
-    }
-    search();
 }
 
 void FindBar::open()
 {
-    show();
-    const QString selected = m_editor != nullptr ? m_editor->textCursor().selectedText() : QString();
+    const QString selected = editor().textCursor().selectedText();
     if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator))
         m_text->setText(selected);
+    m_result->clear();
+    show();
     m_text->setFocus();
     m_text->selectAll();
-    search();
 }
 
 void FindBar::keyPressEvent(QKeyEvent *event)
 {
+    const bool back = event->modifiers().testFlag(Qt::ShiftModifier);
     if (event->key() == Qt::Key_Escape)
-        hide();
+        close();
     else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        step(event->modifiers() & Qt::ShiftModifier ? QTextDocument::FindBackward
-                                                    : QTextDocument::FindFlags());
+        step(back ? QTextDocument::FindBackward : QTextDocument::FindFlags());
     else
         QFrame::keyPressEvent(event);
 }
 
-void FindBar::hideEvent(QHideEvent *event)
-{
-    QFrame::hideEvent(event);
-    if (m_editor == nullptr)
-        return;
-    m_editor->setMatches({});
-    m_editor->setFocus();
-}
-
-QToolButton *FindBar::addButton(const QString &icon, const QString &toolTip)
+void FindBar::addButton(const QString &icon, const QString &toolTip, const std::function<void()> &action)
 {
     auto *button = new QToolButton;
     button->setIcon(namedIcon(icon));
     button->setToolTip(toolTip);
     button->setFocusPolicy(Qt::NoFocus);
+    connect(button, &QToolButton::clicked, this, action);
     layout()->addWidget(button);
-    return button;
 }
 
-QTextDocument::FindFlags FindBar::flags() const
+QPlainTextEdit &FindBar::editor() const
 {
-    return m_matchCase->isChecked() ? QTextDocument::FindCaseSensitively : QTextDocument::FindFlags();
+    return qobject_cast<NotePage *>(m_notes.currentWidget())->editor();
 }
 
-void FindBar::search()
+void FindBar::close()
 {
-    if (m_editor == nullptr || isHidden())
-        return;
-    m_matches.clear();
-    QTextCursor found(m_editor->document());
-    while (!m_text->text().isEmpty() && m_matches.size() < mostMatches) {
-        found = m_editor->document()->find(m_text->text(), found, flags());
-        if (found.isNull())
-            break;
-        m_matches.append(found);
-    }
-    m_editor->setMatches(m_matches);
-    showCount();
+    hide();
+    editor().setFocus();
+}
+
+void FindBar::searchFromSelection()
+{
+    QTextCursor cursor = editor().textCursor(); // one more letter may still match what is selected
+    cursor.setPosition(cursor.selectionStart());
+    editor().setTextCursor(cursor);
+    step({});
 }
 
 void FindBar::step(QTextDocument::FindFlags direction)
 {
-    if (m_editor == nullptr || m_matches.isEmpty())
-        return;
-    if (m_editor->find(m_text->text(), flags() | direction))
+    const QTextCursor before = editor().textCursor();
+    m_result->clear();
+    if (m_text->text().isEmpty() || editor().find(m_text->text(), direction))
         return;
     const bool back = direction.testFlag(QTextDocument::FindBackward);
-    m_editor->setTextCursor(back ? m_matches.last() : m_matches.first());
-}
-
-void FindBar::showCount()
-{
-    if (m_editor == nullptr || isHidden())
-        return;
-    const qsizetype current = m_matches.indexOf(m_editor->textCursor());
-    if (m_text->text().isEmpty())
-        m_count->clear();
-    else if (m_matches.isEmpty())
-        m_count->setText(tr("Not found"));
-    else if (current >= 0)
-        m_count->setText(tr("%1 of %2").arg(current + 1).arg(m_matches.size()));
-    else
-        m_count->setText(tr("%n found", nullptr, static_cast<int>(m_matches.size())));
+    editor().moveCursor(back ? QTextCursor::End : QTextCursor::Start);
+    if (editor().find(m_text->text(), direction))
+        return m_result->setText(back ? tr("Continued from the end") : tr("Continued from the start"));
+    editor().setTextCursor(before);
+    m_result->setText(tr("Not found"));
 }

@@ -1,42 +1,36 @@
 #pragma once
 
 #include <QFrame>
-#include <QPointer>
 #include <QTextDocument>
 
-class NoteEditor;
-class QCheckBox;
 class QLabel;
 class QLineEdit;
-class QToolButton;
+class QPlainTextEdit;
+class QTabWidget;
 
-/// Finds text in the current note: marks all places and steps through them, from the last to the first again.
+/// Finds text in the current note, while the user types and from place to place, from the last to the first again.
 class FindBar : public QFrame
 {
     Q_OBJECT
 
 public:
-    explicit FindBar(QWidget *parent = nullptr);
+    /// \param notes the tabs, each a NotePage
+    explicit FindBar(const QTabWidget &notes, QWidget *parent = nullptr);
 
-    /// Searches this note from now on. \param editor may go at any time; null for none
-    void setEditor(NoteEditor *editor);
-    /// Shows the bar for typing; what is selected in the note is looked for first.
+    /// Shows the bar; what is selected in the note is looked for first.
     void open();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
-    void hideEvent(QHideEvent *event) override;
 
 private:
-    QToolButton *addButton(const QString &icon, const QString &toolTip);
-    [[nodiscard]] QTextDocument::FindFlags flags() const;
-    void search();
+    void addButton(const QString &icon, const QString &toolTip, const std::function<void()> &action);
+    [[nodiscard]] QPlainTextEdit &editor() const;
+    void close();
+    void searchFromSelection();
     void step(QTextDocument::FindFlags direction);
-    void showCount();
 
-    QPointer<NoteEditor> m_editor;
+    const QTabWidget &m_notes;
     QLineEdit *m_text;
-    QLabel *m_count;
-    QCheckBox *m_matchCase;
-    QList<QTextCursor> m_matches;
+    QLabel *m_result;
 };

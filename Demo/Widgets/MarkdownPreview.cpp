@@ -1,33 +1,36 @@
 #include "MarkdownPreview.h"
 
-#include <QDesktopServices>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextList>
+#include <QTextTable>
 
 #include "Appearance.h"
 
 namespace {
 
-void polishBlock(QTextCursor &cursor, int points)
+void polishHeading(QTextCursor cursor, int level, int points)
 {
-    static constexpr qreal scales[] = {1.0, 1.75, 1.35, 1.15, 1.05, 1.0, 1.0};
-    const QTextBlock block = cursor.block();
+    static constexpr qreal scales[] = {1.8, 1.35, 1.15, 1.0, 1.0, 1.0};
+    QTextCharFormat letters;
+    letters.setFontPointSize(points * scales[level - 1]);
+    letters.setForeground(level == 1 ? Ink::text : Ink::accent);
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    cursor.mergeCharFormat(letters);
+}
+
+void polishBlock(const QTextBlock &block, int points)
+{
+    QTextCursor cursor(block);
     const int level = block.blockFormat().headingLevel();
-    QTextBlockFormat lines;
-    lines.setLineHeight(level > 0 ? 115 : 140, QTextBlockFormat::ProportionalHeight);
+    QTextBlockFormat format;
+    format.setLineHeight(level > 0 ? 110 : 135, QTextBlockFormat::ProportionalHeight);
     if (level > 0) {
-        QTextCharFormat heading;
-        heading.setFontPointSize(points * scales[level]);
-        heading.setForeground(level == 1 ? Ink::text : Ink::accent);
-        cursor.select(QTextCursor::BlockUnderCursor);
-        cursor.mergeCharFormat(heading);
-        lines.setTopMargin(level == 1 ? 0 : points * 1.4);
-        lines.setBottomMargin(points * 0.6);
-    } else if (block.textList() != nullptr) {
-        lines.setBottomMargin(points * 0.25);
+        polishHeading(cursor, level, points);
+        format.setTopMargin(level == 1 ? 0 : points * 1.5);
+        format.setBottomMargin(points * 0.5);
     }
-    cursor.mergeBlockFormat(lines);
+    cursor.mergeBlockFormat(format);
 }
 
 } // namespace
@@ -35,35 +38,17 @@ void polishBlock(QTextCursor &cursor, int points)
 MarkdownPreview::MarkdownPreview(QWidget *parent) : QTextBrowser(parent)
 {
     setOpenLinks(false);
-    connect(this, &QTextBrowser::anchorClicked, this, &MarkdownPreview::follow);
 }
 
-void MarkdownPreview::showNote(const QString &markdown)
+void MarkdownPreview::showNote(const QString &markdown, int points)
 {
     const int scrolled = verticalScrollBar()->value();
+    QFont text = font();
+    text.setPointSize(points);
+    setFont(text);
     setMarkdown(markdown);
-    polish();
-    verticalScrollBar()->setValue(scrolled);
-}
-
-void MarkdownPreview::setFontSize(int points)
-{
-    QFont changed = font();
-    changed.setPointSize(points);
-    setFont(changed);
-}
-
-void MarkdownPreview::follow(const QUrl &link)
-{
-    if (link.scheme() == u"https" || link.scheme() == u"http")
-        QDesktopServices::openUrl(link);
-}
-
-void MarkdownPreview::polish()
-{
     document()->setDocumentMargin(24);
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
-        QTextCursor cursor(block);
-        polishBlock(cursor, font().pointSize());
-    }
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+        polishBlock(block, points);
+    verticalScrollBar()->setValue(scrolled);
 }

@@ -2,7 +2,7 @@
 
 #include <QTextBrowser>
 
-/// A note as it reads: Markdown rendered for the eye. Links to the web open in the user's browser, others do nothing.
+/// A note as it reads: its Markdown laid out for the eye. Links do nothing.
 class MarkdownPreview : public QTextBrowser
 {
     Q_OBJECT
@@ -10,12 +10,6 @@ class MarkdownPreview : public QTextBrowser
 public:
     explicit MarkdownPreview(QWidget *parent = nullptr);
 
-    /// Shows the note and stays where the reader had scrolled to.
-    void showNote(const QString &markdown);
-    /// \param points the size of plain text; what is shown changes with the next `showNote`
-    void setFontSize(int points);
-
-private:
-    static void follow(const QUrl &link);
-    void polish();
+    /// Shows the note and stays where the reader had scrolled to. \param points the size of its plain text
+    void showNote(const QString &markdown, int points);
 };

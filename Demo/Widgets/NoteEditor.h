@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QList>
 #include <QPlainTextEdit>
-#include <QTextCursor>
 
-/// The source of one note: plain text with Markdown in colours, the current line and what was found marked.
+struct Preferences;
+
+/// The source of one note: plain text, with its Markdown in colours and the current line marked.
 class NoteEditor : public QPlainTextEdit
 {
     Q_OBJECT
@@ -12,16 +12,8 @@ class NoteEditor : public QPlainTextEdit
 public:
     explicit NoteEditor(QWidget *parent = nullptr);
 
-    /// \param points the font's size
-    void setFontSize(int points);
-    void setWordWrap(bool wrap);
-    /// Marks these places until the next call. \param matches of this editor's document
-    void setMatches(const QList<QTextCursor> &matches);
-    /// Puts the text at the end of the note, on a line of its own; one step for undo.
-    void appendParagraph(const QString &text);
+    void apply(const Preferences &preferences);
 
 private:
-    void mark();
-
-    QList<QTextCursor> m_matches;
+    void markCurrentLine();
 };

@@ -9,7 +9,6 @@
 
 #include "MarkdownPreview.h"
 #include "NoteEditor.h"
-#include "Preferences.h"
 
 namespace {
 constexpr qint64 largestFile = 4 * 1024 * 1024;
@@ -55,8 +54,9 @@ QString NotePage::load(const QString &path)
     const QString text = decode(bytes);
     if (decode.hasError() || text.contains(QChar::Null)) // saving it would destroy it
         return tr("The file is not a text in UTF-8.");
-    setText(text);
+    m_editor->setPlainText(text);
     setPath(path);
+    showPreview();
     return {};
 }
 
@@ -69,22 +69,13 @@ QString NotePage::save(const QString &path)
     if (!file.commit())
         return file.errorString();
     setPath(path);
-    m_editor->document()->setModified(false);
     return {};
-}
-
-void NotePage::setText(const QString &text)
-{
-    m_editor->setPlainText(text);
-    m_editor->document()->setModified(false);
-    showPreview();
 }
 
 void NotePage::apply(const Preferences &preferences)
 {
-    m_editor->setFontSize(preferences.fontSize);
-    m_editor->setWordWrap(preferences.wordWrap);
-    m_preview->setFontSize(preferences.fontSize);
+    m_preferences = preferences;
+    m_editor->apply(preferences);
     m_preview->setVisible(preferences.preview);
     showPreview();
 }
@@ -101,8 +92,9 @@ int NotePage::wordCount() const
 
 void NotePage::setPath(const QString &path)
 {
-    m_path = path;
+    m_path = path.startsWith(u':') ? QString() : path; // what comes with the application stays as it is
     m_name = QFileInfo(path).completeBaseName();
+    m_editor->document()->setModified(false);
     Q_EMIT changed();
 }
 
@@ -110,5 +102,5 @@ void NotePage::showPreview()
 {
     m_typing.stop();
     if (!m_preview->isHidden())
-        m_preview->showNote(m_editor->toPlainText());
+        m_preview->showNote(m_editor->toPlainText(), m_preferences.fontSize);
 }

@@ -3,9 +3,10 @@
 #include <QTimer>
 #include <QWidget>
 
+#include "Preferences.h"
+
 class MarkdownPreview;
 class NoteEditor;
-struct Preferences;
 
 /// One note in its tab: the editor, and its preview beside it.
 class NotePage : public QWidget
@@ -16,13 +17,11 @@ public:
     /// An empty note. \param name shown until the note has a file
     explicit NotePage(const QString &name, QWidget *parent = nullptr);
 
-    /// Replaces the text by the file's, which is then the note's file. On failure nothing changes.
+    /// Replaces the text by the file's, which is then the note's file unless it is a resource. On failure nothing changes.
     /// \return what went wrong, for the user; empty for success
     [[nodiscard]] QString load(const QString &path);
     /// Writes the note to the file, which is then the note's own. \return as `load`
     [[nodiscard]] QString save(const QString &path);
-    /// Fills the note with a text that is not on disk, as if it had been there.
-    void setText(const QString &text);
     void apply(const Preferences &preferences);
 
     [[nodiscard]] QString name() const { return m_name; }
@@ -42,6 +41,7 @@ private:
 
     QString m_name;
     QString m_path;
+    Preferences m_preferences;
     NoteEditor *m_editor;
     MarkdownPreview *m_preview;
     QTimer m_typing; ///< runs while the user types: the preview follows in the pauses

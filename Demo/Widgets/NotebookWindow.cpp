@@ -4,7 +4,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QDate>
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -12,9 +12,8 @@
 #include <QMessageBox>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QToolBar>
 #include <QVBoxLayout>
-
-#include <Wexel/WXLWexel.h>
 
 #include "FindBar.h"
 #include "NoteEditor.h"
@@ -22,93 +21,48 @@
 #include "PreferencesDialog.h"
 
 namespace {
-
 Q_LOGGING_CATEGORY(fieldnotes, "fieldnotes")
-
-QString fileFilter()
-{
-    return NotebookWindow::tr("Notes (*.md *.markdown *.txt);;All files (*)");
-}
-
 } // namespace
 
 NotebookWindow::NotebookWindow()
-    : m_actions(*this)
+    : m_tools(addToolBar(tr("Tools")))
     , m_tabs(new QTabWidget)
-    , m_findBar(new FindBar)
+    , m_findBar(new FindBar(*m_tabs))
     , m_saved(new QLabel)
     , m_words(new QLabel)
     , m_position(new QLabel)
 {
-    m_tabs->setDocumentMode(true);
-    m_tabs->setTabsClosable(true);
-    m_tabs->setMovable(true);
-    auto *content = new QWidget;
-    auto *column = new QVBoxLayout(content);
-    column->setContentsMargins({});
-    column->setSpacing(0);
-    column->addWidget(m_tabs);
-    column->addWidget(m_findBar);
-    setCentralWidget(content);
-    fillStatusBar();
-    connectFile();
-    connectEdit();
-    connectView();
+    m_tools->setMovable(false);
+    m_tools->setIconSize({20, 20});
+    m_tools->setContextMenuPolicy(Qt::PreventContextMenu); // else it offers to hide the bar for good
+    addFileMenu();
+    addEditMenu();
+    addViewMenu();
+    addHelpMenu();
+    fillCentre();
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->addWidget(m_saved);
+    statusBar()->addPermanentWidget(m_words);
+    statusBar()->addPermanentWidget(m_position);
     setPreferences(Preferences::load());
     setMinimumSize(520, 360);
     resize(1100, 720);
 }
 
-void NotebookWindow::connectFile()
+void NotebookWindow::fillCentre()
 {
-    connect(m_actions.newNote, &QAction::triggered, this, &NotebookWindow::newNote);
-    connect(m_actions.open, &QAction::triggered, this, &NotebookWindow::chooseNotes);
-    connect(m_actions.save, &QAction::triggered, this, [this] { save(*currentPage()); });
-    connect(m_actions.saveAs, &QAction::triggered, this, [this] { saveAs(*currentPage()); });
-    connect(m_actions.closeTab, &QAction::triggered, this, [this] { closeNote(m_tabs->currentIndex()); });
-    connect(m_actions.quit, &QAction::triggered, this, &QWidget::close);
+    m_tabs->setDocumentMode(true);
+    m_tabs->setTabsClosable(true);
+    m_tabs->setMovable(true);
     connect(m_tabs, &QTabWidget::tabCloseRequested, this, &NotebookWindow::closeNote);
-    connect(m_tabs, &QTabWidget::currentChanged, this, &NotebookWindow::changeCurrent);
-}
-
-void NotebookWindow::connectEdit()
-{
-    const auto edit = [this](QAction *action, void (QPlainTextEdit::*command)()) {
-        connect(action, &QAction::triggered, this, [this, command] { (currentPage()->editor().*command)(); });
-    };
-    edit(m_actions.undo, &QPlainTextEdit::undo);
-    edit(m_actions.redo, &QPlainTextEdit::redo);
-    edit(m_actions.cut, &QPlainTextEdit::cut);
-    edit(m_actions.copy, &QPlainTextEdit::copy);
-    edit(m_actions.paste, &QPlainTextEdit::paste);
-    connect(m_actions.find, &QAction::triggered, m_findBar, &FindBar::open);
-    connect(m_actions.sign, &QAction::triggered, this, &NotebookWindow::signNote);
-    connect(m_actions.preferences, &QAction::triggered, this, &NotebookWindow::editPreferences);
-}
-
-void NotebookWindow::connectView()
-{
-    connect(m_actions.wordWrap, &QAction::triggered, this, [this](bool on) {
-        m_preferences.wordWrap = on;
-        setPreferences(m_preferences);
-    });
-    connect(m_actions.preview, &QAction::triggered, this, [this](bool on) {
-        m_preferences.preview = on;
-        setPreferences(m_preferences);
-    });
-    connect(m_actions.zoomIn, &QAction::triggered, this, [this] { zoom(m_preferences.fontSize + 1); });
-    connect(m_actions.zoomOut, &QAction::triggered, this, [this] { zoom(m_preferences.fontSize - 1); });
-    connect(m_actions.usualSize, &QAction::triggered, this, [this] { zoom(Preferences::usualFont); });
-    connect(m_actions.report, &QAction::triggered, this, [] { wexel::WXLWexel::manualStart(); });
-    connect(m_actions.about, &QAction::triggered, this, &NotebookWindow::showAbout);
-}
-
-void NotebookWindow::fillStatusBar()
-{
-    statusBar()->setSizeGripEnabled(false);
-    statusBar()->addWidget(m_saved);
-    statusBar()->addPermanentWidget(m_words);
-    statusBar()->addPermanentWidget(m_position);
+    connect(m_tabs, &QTabWidget::currentChanged, this, &NotebookWindow::showNote);
+    auto *centre = new QWidget;
+    auto *column = new QVBoxLayout(centre);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(m_tabs);
+    column->addWidget(m_findBar);
+    setCentralWidget(centre);
 }
 
 void NotebookWindow::openNote(const QString &path)
@@ -123,16 +77,7 @@ void NotebookWindow::openNote(const QString &path)
     if (problem.isEmpty())
         return;
     delete page; // takes its tab along
-    QMessageBox::warning(this, tr("Open"), tr("%1 can't be opened.\n%2").arg(path, problem));
-}
-
-void NotebookWindow::openSamples()
-{
-    for (const QString &name : {QStringLiteral("River walk"), QStringLiteral("Welcome")}) {
-        QFile sample(QStringLiteral(":/Notes/%1.md").arg(name));
-        if (sample.open(QIODevice::ReadOnly))
-            addPage(name)->setText(QString::fromUtf8(sample.readAll()));
-    }
+    QMessageBox::warning(this, tr("Open"), tr("%1 can't be opened.\n\n%2").arg(path, problem));
 }
 
 NotePage *NotebookWindow::currentPage() const
@@ -159,7 +104,6 @@ NotePage *NotebookWindow::addPage(const QString &name)
     page->apply(m_preferences);
     connect(page, &NotePage::changed, this, [this, page] { showState(page); });
     m_tabs->setCurrentIndex(m_tabs->addTab(page, name));
-    page->setFocus();
     return page;
 }
 
@@ -176,30 +120,30 @@ void NotebookWindow::newNote()
 
 void NotebookWindow::chooseNotes()
 {
-    const QStringList paths = QFileDialog::getOpenFileNames(this, tr("Open"), QString(), fileFilter());
+    const QStringList paths
+        = QFileDialog::getOpenFileNames(this, tr("Open"), QString(), tr("Notes (*.md *.txt);;All files (*)"));
     for (const QString &path : paths)
         openNote(path);
 }
 
 bool NotebookWindow::save(NotePage &page)
 {
-    if (page.path().isEmpty())
-        return saveAs(page);
-    const QString problem = page.save(page.path());
-    if (!problem.isEmpty())
-        QMessageBox::warning(this, tr("Save"), tr("%1 can't be saved.\n%2").arg(page.path(), problem));
-    return problem.isEmpty();
+    return page.path().isEmpty() ? saveAs(page) : saveTo(page, page.path());
 }
 
 bool NotebookWindow::saveAs(NotePage &page)
 {
     const QString suggestion = page.path().isEmpty() ? page.name() + QStringLiteral(".md") : page.path();
-    const QString path = QFileDialog::getSaveFileName(this, tr("Save As"), suggestion, fileFilter());
-    if (path.isEmpty())
-        return false;
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save As"), suggestion,
+                                                      tr("Notes (*.md *.txt);;All files (*)"));
+    return !path.isEmpty() && saveTo(page, path);
+}
+
+bool NotebookWindow::saveTo(NotePage &page, const QString &path)
+{
     const QString problem = page.save(path);
     if (!problem.isEmpty())
-        QMessageBox::warning(this, tr("Save As"), tr("%1 can't be saved.\n%2").arg(path, problem));
+        QMessageBox::warning(this, tr("Save"), tr("%1 can't be saved.\n\n%2").arg(path, problem));
     return problem.isEmpty();
 }
 
@@ -225,18 +169,12 @@ void NotebookWindow::closeNote(int index)
     NotePage *page = pageAt(index);
     if (noteCount() == 1)
         newNote();
-    m_tabs->removeTab(m_tabs->indexOf(page));
-    page->deleteLater();
+    delete page; // takes its tab along
 }
 
-void NotebookWindow::signNote()
+void NotebookWindow::edit(void (QPlainTextEdit::*command)())
 {
-    if (m_preferences.author.isEmpty())
-        editPreferences();
-    if (m_preferences.author.isEmpty())
-        return;
-    const QString date = QLocale().toString(QDate::currentDate(), QLocale::LongFormat);
-    currentPage()->editor().appendParagraph(QStringLiteral("*%1, %2*").arg(m_preferences.author, date));
+    (currentPage()->editor().*command)();
 }
 
 void NotebookWindow::editPreferences()
@@ -250,18 +188,17 @@ void NotebookWindow::setPreferences(const Preferences &preferences)
 {
     m_preferences = preferences;
     preferences.save();
-    m_actions.wordWrap->setChecked(preferences.wordWrap);
-    m_actions.preview->setChecked(preferences.preview);
-    m_actions.zoomIn->setEnabled(preferences.fontSize < Preferences::largestFont);
-    m_actions.zoomOut->setEnabled(preferences.fontSize > Preferences::smallestFont);
+    m_wordWrap->setChecked(preferences.wordWrap);
+    m_preview->setChecked(preferences.preview);
     for (int i = 0; i < noteCount(); ++i)
         pageAt(i)->apply(preferences);
 }
 
 void NotebookWindow::zoom(int points)
 {
-    m_preferences.fontSize = std::clamp(points, Preferences::smallestFont, Preferences::largestFont);
-    setPreferences(m_preferences);
+    Preferences changed = m_preferences;
+    changed.fontSize = std::clamp(points, Preferences::smallestFont, Preferences::largestFont);
+    setPreferences(changed);
 }
 
 void NotebookWindow::showAbout()
@@ -269,18 +206,18 @@ void NotebookWindow::showAbout()
     QMessageBox::about(
         this, tr("About Fieldnotes"),
         tr("<h3>Fieldnotes %1</h3><p>A small notebook for Markdown and plain text.</p>"
-           "<p>It shows how an application in Qt Widgets uses Wexel: shake this window, press "
-           "Print, drag in from the right edge, or use the floating button to report a bug.</p>")
+           "<p>It shows how an application in Qt Widgets uses Wexel: to report a bug, shake this "
+           "window, press Print, drag in from the right edge, or use the floating button.</p>")
             .arg(QCoreApplication::applicationVersion()));
 }
 
-void NotebookWindow::changeCurrent()
+void NotebookWindow::showNote()
 {
     NotePage *page = currentPage();
     if (page == nullptr)
-        return m_findBar->setEditor(nullptr);
+        return;
     qCInfo(fieldnotes).noquote() << "Note:" << page->name();
-    m_findBar->setEditor(&page->editor());
+    page->editor().setFocus();
     showState(page);
 }
 
@@ -296,11 +233,11 @@ void NotebookWindow::showState(NotePage *page)
     m_saved->setText(page->isModified()           ? tr("Unsaved changes")
                          : page->path().isEmpty() ? tr("Not on disk yet")
                                                   : tr("Saved"));
-    m_words->setText(tr("%n word(s)", nullptr, page->wordCount()));
+    m_words->setText(tr("%1 words").arg(page->wordCount()));
     m_position->setText(
         tr("Line %1, column %2").arg(cursor.blockNumber() + 1).arg(cursor.positionInBlock() + 1));
-    m_actions.undo->setEnabled(page->editor().document()->isUndoAvailable());
-    m_actions.redo->setEnabled(page->editor().document()->isRedoAvailable());
-    m_actions.cut->setEnabled(cursor.hasSelection());
-    m_actions.copy->setEnabled(cursor.hasSelection());
+    m_undo->setEnabled(page->editor().document()->isUndoAvailable());
+    m_redo->setEnabled(page->editor().document()->isRedoAvailable());
+    m_cut->setEnabled(cursor.hasSelection());
+    m_copy->setEnabled(cursor.hasSelection());
 }

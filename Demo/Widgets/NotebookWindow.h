@@ -1,17 +1,21 @@
 #pragma once
 
+#include <functional>
+
+#include <QKeySequence>
 #include <QMainWindow>
 
-#include "NotebookActions.h"
 #include "Preferences.h"
 
 class FindBar;
 class NotePage;
 class QLabel;
+class QPlainTextEdit;
 class QTabWidget;
+class QToolBar;
 
-/// The one window of Fieldnotes: its open notes in tabs, with menus, tool bar, find bar and status bar. At least one
-/// note is open at any time.
+/// The one window of Fieldnotes: its open notes in tabs, with menus, tool bar, find bar and status bar. Once a note was
+/// opened, at least one is.
 class NotebookWindow : public QMainWindow
 {
     Q_OBJECT
@@ -19,45 +23,59 @@ class NotebookWindow : public QMainWindow
 public:
     NotebookWindow();
 
-    /// Opens the file in a tab of its own, or shows the tab that has it; tells the user when it can't.
+    /// Opens the file in a tab of its own, or shows the tab that has it; tells the user when it can't. A path that
+    /// begins with a colon is a note that comes with the application.
     void openNote(const QString &path);
-    /// Opens the notes that come with the application.
-    void openSamples();
     /// The note that is shown; null only until the first one is opened.
     [[nodiscard]] NotePage *currentPage() const;
     [[nodiscard]] int noteCount() const;
+    [[nodiscard]] const Preferences &preferences() const { return m_preferences; }
 
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void connectFile();
-    void connectEdit();
-    void connectView();
-    void fillStatusBar();
+    /// How the user sees a command; one with an icon is in the tool bar, too.
+    struct Command {
+        QString text;
+        QKeySequence keys = {};
+        QString icon = {};
+    };
 
+    // In NotebookMenus.cpp
+    QAction *add(QMenu &menu, const Command &command, const std::function<void()> &run);
+    void addSeparators(QMenu &menu);
+    void addFileMenu();
+    void addEditMenu();
+    void addViewMenu();
+    void addHelpMenu();
+
+    void fillCentre();
     NotePage *addPage(const QString &name);
     [[nodiscard]] NotePage *pageAt(int index) const;
     void newNote();
     void chooseNotes();
     bool save(NotePage &page);
     bool saveAs(NotePage &page);
+    bool saveTo(NotePage &page, const QString &path);
     bool mayClose(int index);
     void closeNote(int index);
-    void signNote();
+    void edit(void (QPlainTextEdit::*command)());
     void editPreferences();
     void setPreferences(const Preferences &preferences);
     void zoom(int points);
     void showAbout();
-    void changeCurrent();
+    void showNote();
     void showState(NotePage *page);
 
-    NotebookActions m_actions;
     Preferences m_preferences;
+    QToolBar *m_tools;
     QTabWidget *m_tabs;
     FindBar *m_findBar;
     QLabel *m_saved;
     QLabel *m_words;
     QLabel *m_position;
     int m_untitled = 0;
+    QAction *m_undo = nullptr, *m_redo = nullptr, *m_cut = nullptr, *m_copy = nullptr;
+    QAction *m_preview = nullptr, *m_wordWrap = nullptr;
 };

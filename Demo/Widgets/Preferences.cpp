@@ -7,6 +7,11 @@
 
 namespace {
 
+const QString fontSizeKey = QStringLiteral("fontSize");
+const QString wordWrapKey = QStringLiteral("wordWrap");
+const QString previewKey = QStringLiteral("preview");
+const QString authorKey = QStringLiteral("author");
+
 QString settingsFile()
 {
     return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)
@@ -18,21 +23,16 @@ QString settingsFile()
 Preferences Preferences::load()
 {
     const QSettings settings(settingsFile(), QSettings::IniFormat);
-    const Preferences usual;
-    Preferences loaded;
-    loaded.fontSize = std::clamp(settings.value(QStringLiteral("fontSize"), usual.fontSize).toInt(),
-                                 smallestFont, largestFont);
-    loaded.wordWrap = settings.value(QStringLiteral("wordWrap"), usual.wordWrap).toBool();
-    loaded.preview = settings.value(QStringLiteral("preview"), usual.preview).toBool();
-    loaded.author = settings.value(QStringLiteral("author")).toString();
-    return loaded;
+    const int points = settings.value(fontSizeKey, usualFont).toInt();
+    return {std::clamp(points, smallestFont, largestFont), settings.value(wordWrapKey, true).toBool(),
+            settings.value(previewKey, true).toBool(), settings.value(authorKey).toString()};
 }
 
 void Preferences::save() const
 {
     QSettings settings(settingsFile(), QSettings::IniFormat);
-    settings.setValue(QStringLiteral("fontSize"), fontSize);
-    settings.setValue(QStringLiteral("wordWrap"), wordWrap);
-    settings.setValue(QStringLiteral("preview"), preview);
-    settings.setValue(QStringLiteral("author"), author);
+    settings.setValue(fontSizeKey, fontSize);
+    settings.setValue(wordWrapKey, wordWrap);
+    settings.setValue(previewKey, preview);
+    settings.setValue(authorKey, author);
 }

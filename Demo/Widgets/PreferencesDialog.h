@@ -6,10 +6,9 @@
 
 class QCheckBox;
 class QLineEdit;
-class QPushButton;
 class QSpinBox;
 
-/// Edits preferences; the window that opened it reads them when it was accepted.
+/// Edits preferences; whoever opened it takes them when it was accepted.
 class PreferencesDialog : public QDialog
 {
     Q_OBJECT
@@ -20,11 +19,8 @@ public:
     [[nodiscard]] Preferences preferences() const;
 
 private:
-    void checkAuthor();
-
+    const Preferences m_before;
     QSpinBox *m_fontSize;
     QCheckBox *m_wordWrap;
-    QCheckBox *m_preview;
     QLineEdit *m_author;
-    QPushButton *m_accept = nullptr;
 };

@@ -1,9 +1,38 @@
 #include <QApplication>
 #include <QCommandLineParser>
 
+#include <Wexel/WXLWexel.h>
+
 #include "Appearance.h"
+#include "NotePage.h"
 #include "NotebookWindow.h"
-#include "Reporting.h"
+
+using namespace wexel;
+
+namespace {
+
+QString quickFacts(const NotebookWindow &window)
+{
+    const NotePage &page = *window.currentPage();
+    return NotebookWindow::tr("Open notes: %1\nCurrent note: %2\nIts words: %3\nAuthor: %4")
+        .arg(window.noteCount())
+        .arg(page.name())
+        .arg(page.wordCount())
+        .arg(window.preferences().author);
+}
+
+/// \param window adds its facts to the reports, so it must live until the last one
+void startReporting(const NotebookWindow &window)
+{
+    WXLWexel::sharedInstance().setOnPrepareData([&window](const std::shared_ptr<WXLWexelReportData> &report) {
+        report->quickFacts = quickFacts(window);
+        return report;
+    });
+    WXLWexel::startWithInvocationEvents(WexelInvocationEventMotion | WexelInvocationEventButton
+                                        | WexelInvocationEventScreenshot | WexelInvocationEventRightEdgePan);
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -20,10 +49,13 @@ int main(int argc, char **argv)
 
     applyAppearance(application);
     NotebookWindow window;
-    window.openSamples();
+    window.openNote(QStringLiteral(":/Notes/River walk.md"));
+    window.openNote(QStringLiteral(":/Notes/Welcome.md"));
     window.show();
     for (const QString &path : parser.positionalArguments())
         window.openNote(path);
-    const Reporting reporting(window);
-    return QApplication::exec();
+    startReporting(window);
+    const int result = QApplication::exec();
+    WXLWexel::sharedInstance().setOnPrepareData({});
+    return result;
 }
