@@ -9,20 +9,16 @@ namespace {
 
 QPalette lightPalette()
 {
-    QPalette palette(QColor(0xF3, 0xF1, 0xEB)); // Fusion derives the shades of frames and buttons from it
-    for (const auto role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+    QPalette palette(QColor(0xF3, 0xF1, 0xEB)); // the style derives the shades of frames and buttons from it
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(role, Ink::text);
-    palette.setColor(QPalette::Base, Ink::paper);
-    palette.setColor(QPalette::AlternateBase, Ink::currentLine);
-    palette.setColor(QPalette::ToolTipBase, Ink::paper);
+        palette.setColor(QPalette::Disabled, role, QColor(0xA9, 0xAD, 0xAE));
+    }
+    palette.setColor(QPalette::Base, QColor(0xFF, 0xFE, 0xFB));
     palette.setColor(QPalette::Highlight, Ink::accent);
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::Link, Ink::accent);
-    palette.setColor(QPalette::LinkVisited, Ink::accent);
     palette.setColor(QPalette::PlaceholderText, QColor(0x98, 0x9F, 0xA4));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor(0xA9, 0xAD, 0xAE));
     return palette;
 }
 

@@ -1,32 +1,29 @@
 #include "FindBar.h"
 
-#include <QHBoxLayout>
-#include <QKeyEvent>
+#include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTabWidget>
-#include <QToolButton>
 
 #include "Appearance.h"
-#include "NoteEditor.h"
 #include "NotePage.h"
 
-FindBar::FindBar(const QTabWidget &notes, QWidget *parent)
-    : QFrame(parent)
-    , m_notes(notes)
-    , m_text(new QLineEdit)
-    , m_result(new QLabel)
+FindBar::FindBar(const QTabWidget &notes) : m_notes(notes), m_text(new QLineEdit), m_result(new QLabel)
 {
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(14, 7, 10, 7);
-    row->addWidget(m_text, 1);
-    addButton(QStringLiteral("up"), tr("Previous (Shift+Enter)"),
+    setMovable(false);
+    setIconSize({18, 18});
+    addWidget(m_text);
+    addAction(namedIcon(QStringLiteral("up")), tr("Previous (Shift+F3)"), tr("Shift+F3"), this,
               [this] { step(QTextDocument::FindBackward); });
-    addButton(QStringLiteral("down"), tr("Next (Enter)"), [this] { step({}); });
-    row->addWidget(m_result, 1);
-    addButton(QStringLiteral("close"), tr("Close (Esc)"), [this] { close(); });
+    addAction(namedIcon(QStringLiteral("down")), tr("Next (F3)"), tr("F3"), this, [this] { step({}); });
+    addWidget(m_result);
+    m_result->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    addAction(namedIcon(QStringLiteral("close")), tr("Close (Esc)"), tr("Esc"), this, [this] { close(); });
     m_text->setPlaceholderText(tr("Find in this note"));
-    connect(m_text, &QLineEdit::textEdited, this, &FindBar::searchFromSelection);
+    m_text->setFixedWidth(320);
+    connect(m_text, &QLineEdit::textEdited, this, &FindBar::search);
+    connect(m_text, &QLineEdit::returnPressed, this, [this] { step({}); });
     hide();
 }
 
@@ -41,27 +38,6 @@ void FindBar::open()
     m_text->selectAll();
 }
 
-void FindBar::keyPressEvent(QKeyEvent *event)
-{
-    const bool back = event->modifiers().testFlag(Qt::ShiftModifier);
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        step(back ? QTextDocument::FindBackward : QTextDocument::FindFlags());
-    else
-        QFrame::keyPressEvent(event);
-}
-
-void FindBar::addButton(const QString &icon, const QString &toolTip, const std::function<void()> &action)
-{
-    auto *button = new QToolButton;
-    button->setIcon(namedIcon(icon));
-    button->setToolTip(toolTip);
-    button->setFocusPolicy(Qt::NoFocus);
-    connect(button, &QToolButton::clicked, this, action);
-    layout()->addWidget(button);
-}
-
 QPlainTextEdit &FindBar::editor() const
 {
     return qobject_cast<NotePage *>(m_notes.currentWidget())->editor();
@@ -73,7 +49,7 @@ void FindBar::close()
     editor().setFocus();
 }
 
-void FindBar::searchFromSelection()
+void FindBar::search()
 {
     QTextCursor cursor = editor().textCursor(); // one more letter may still match what is selected
     cursor.setPosition(cursor.selectionStart());
@@ -87,10 +63,9 @@ void FindBar::step(QTextDocument::FindFlags direction)
     m_result->clear();
     if (m_text->text().isEmpty() || editor().find(m_text->text(), direction))
         return;
-    const bool back = direction.testFlag(QTextDocument::FindBackward);
-    editor().moveCursor(back ? QTextCursor::End : QTextCursor::Start);
+    editor().moveCursor(direction == QTextDocument::FindBackward ? QTextCursor::End : QTextCursor::Start);
     if (editor().find(m_text->text(), direction))
-        return m_result->setText(back ? tr("Continued from the end") : tr("Continued from the start"));
+        return m_result->setText(tr("Went around"));
     editor().setTextCursor(before);
     m_result->setText(tr("Not found"));
 }

@@ -2,43 +2,48 @@
 
 #include <QScrollBar>
 #include <QTextBlock>
-#include <QTextList>
 #include <QTextTable>
 
 #include "Appearance.h"
 
 namespace {
 
-void polishHeading(QTextCursor cursor, int level, int points)
+/// What Qt makes of Markdown is dense and black: gives the block air, and headings and quotes their look.
+void polish(const QTextBlock &block, int points)
 {
-    static constexpr qreal scales[] = {1.8, 1.35, 1.15, 1.0, 1.0, 1.0};
+    static constexpr qreal scales[] = {1.0, 1.8, 1.35, 1.15, 1.0, 1.0, 1.0};
+    const int level = block.blockFormat().headingLevel();
+    const bool quote = block.blockFormat().hasProperty(QTextFormat::BlockQuoteLevel);
+    QTextBlockFormat lines;
     QTextCharFormat letters;
-    letters.setFontPointSize(points * scales[level - 1]);
-    letters.setForeground(level == 1 ? Ink::text : Ink::accent);
+    lines.setLineHeight(level > 0 ? 110 : 135, QTextBlockFormat::ProportionalHeight);
+    if (level > 0) {
+        lines.setTopMargin(level == 1 ? 0 : points * 1.5);
+        lines.setBottomMargin(points * 0.5);
+        letters.setFontPointSize(points * scales[level]);
+    }
+    if (level > 1 || quote)
+        letters.setForeground(quote ? Ink::soft : Ink::accent);
+    if (quote)
+        letters.setFontItalic(true);
+    QTextCursor cursor(block);
+    cursor.mergeBlockFormat(lines);
     cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
     cursor.mergeCharFormat(letters);
 }
 
-void polishBlock(const QTextBlock &block, int points)
+void polish(QTextTable &table)
 {
-    QTextCursor cursor(block);
-    const int level = block.blockFormat().headingLevel();
-    QTextBlockFormat format;
-    format.setLineHeight(level > 0 ? 110 : 135, QTextBlockFormat::ProportionalHeight);
-    if (level > 0) {
-        polishHeading(cursor, level, points);
-        format.setTopMargin(level == 1 ? 0 : points * 1.5);
-        format.setBottomMargin(points * 0.5);
-    }
-    cursor.mergeBlockFormat(format);
+    QTextTableFormat format = table.format();
+    format.setCellPadding(6);
+    format.setBorderCollapse(true);
+    format.setBorder(1);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    format.setBorderBrush(QColor(0xDD, 0xD8, 0xCB));
+    table.setFormat(format);
 }
 
 } // namespace
-
-MarkdownPreview::MarkdownPreview(QWidget *parent) : QTextBrowser(parent)
-{
-    setOpenLinks(false);
-}
 
 void MarkdownPreview::showNote(const QString &markdown, int points)
 {
@@ -49,6 +54,10 @@ void MarkdownPreview::showNote(const QString &markdown, int points)
     setMarkdown(markdown);
     document()->setDocumentMargin(24);
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
-        polishBlock(block, points);
+        polish(block, points);
+    for (QTextFrame *frame : document()->rootFrame()->childFrames()) {
+        if (auto *table = qobject_cast<QTextTable *>(frame))
+            polish(*table);
+    }
     verticalScrollBar()->setValue(scrolled);
 }

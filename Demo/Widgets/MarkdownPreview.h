@@ -2,13 +2,13 @@
 
 #include <QTextBrowser>
 
-/// A note as it reads: its Markdown laid out for the eye. Links do nothing.
+/// A note as it reads: its Markdown laid out for the eye.
 class MarkdownPreview : public QTextBrowser
 {
     Q_OBJECT
 
 public:
-    explicit MarkdownPreview(QWidget *parent = nullptr);
+    using QTextBrowser::QTextBrowser;
 
     /// Shows the note and stays where the reader had scrolled to. \param points the size of its plain text
     void showNote(const QString &markdown, int points);

@@ -1,24 +1,60 @@
 #include "NotePage.h"
 
+#include <tuple>
+
 #include <QFile>
 #include <QFileInfo>
+#include <QFontDatabase>
 #include <QHBoxLayout>
+#include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QSplitter>
 #include <QStringDecoder>
+#include <QSyntaxHighlighter>
 
+#include "Appearance.h"
 #include "MarkdownPreview.h"
-#include "NoteEditor.h"
 
 namespace {
+
 constexpr qint64 largestFile = 4 * 1024 * 1024;
 constexpr int previewDelay = 120; // ms
+
+/// Keeps the marks of Markdown and colours what they mean; of two rules that match, the later one counts.
+class MarkdownHighlighter : public QSyntaxHighlighter
+{
+public:
+    using QSyntaxHighlighter::QSyntaxHighlighter;
+
+protected:
+    void highlightBlock(const QString &text) override
+    {
+        static const std::tuple<QRegularExpression, QColor, QFont::Weight> rules[] = {
+            {QRegularExpression(QStringLiteral("\\*\\*[^*\\s][^*]*\\*\\*")), Ink::text, QFont::Bold},
+            {QRegularExpression(QStringLiteral("^\\s*([-*+]|\\d+\\.)( \\[[ xX]\\])?(?= )")), Ink::accent,
+             QFont::Bold},
+            {QRegularExpression(QStringLiteral("`[^`]+`")), Ink::code, QFont::Normal},
+            {QRegularExpression(QStringLiteral("^\\s*>.*$")), Ink::soft, QFont::Normal},
+            {QRegularExpression(QStringLiteral("^#{1,6}\\s.*$")), Ink::accent, QFont::Bold},
+        };
+        for (const auto &[pattern, colour, weight] : rules) {
+            QTextCharFormat format;
+            format.setForeground(colour);
+            format.setFontWeight(weight);
+            for (auto matches = pattern.globalMatch(text); matches.hasNext();) {
+                const auto match = matches.next();
+                setFormat(int(match.capturedStart()), int(match.capturedLength()), format);
+            }
+        }
+    }
+};
+
 } // namespace
 
-NotePage::NotePage(const QString &name, QWidget *parent)
-    : QWidget(parent)
-    , m_name(name)
-    , m_editor(new NoteEditor)
+NotePage::NotePage(const QString &name, const Preferences &preferences)
+    : m_name(name)
+    , m_editor(new QPlainTextEdit)
     , m_preview(new MarkdownPreview)
 {
     auto *parts = new QSplitter;
@@ -30,16 +66,20 @@ NotePage::NotePage(const QString &name, QWidget *parent)
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(parts);
-    setFocusProxy(m_editor);
 
+    m_editor->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_editor->document()->setDocumentMargin(22);
+    m_editor->setCursorWidth(2);
+    new MarkdownHighlighter(m_editor->document());
     m_typing.setSingleShot(true);
     m_typing.setInterval(previewDelay);
     connect(&m_typing, &QTimer::timeout, this, &NotePage::showPreview);
     connect(m_editor, &QPlainTextEdit::textChanged, &m_typing, qOverload<>(&QTimer::start));
-    connect(m_editor, &QPlainTextEdit::textChanged, this, &NotePage::changed);
-    connect(m_editor, &QPlainTextEdit::cursorPositionChanged, this, &NotePage::changed);
-    connect(m_editor, &QPlainTextEdit::copyAvailable, this, &NotePage::changed);
+    for (const auto signal : {&QPlainTextEdit::textChanged, &QPlainTextEdit::selectionChanged,
+                              &QPlainTextEdit::cursorPositionChanged})
+        connect(m_editor, signal, this, &NotePage::changed);
     connect(m_editor, &QPlainTextEdit::modificationChanged, this, &NotePage::changed);
+    apply(preferences);
 }
 
 QString NotePage::load(const QString &path)
@@ -74,8 +114,10 @@ QString NotePage::save(const QString &path)
 
 void NotePage::apply(const Preferences &preferences)
 {
-    m_preferences = preferences;
-    m_editor->apply(preferences);
+    QFont font = m_editor->font();
+    font.setPointSize(preferences.fontSize);
+    m_editor->setFont(font);
+    m_editor->setLineWrapMode(preferences.wordWrap ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
     m_preview->setVisible(preferences.preview);
     showPreview();
 }
@@ -100,7 +142,6 @@ void NotePage::setPath(const QString &path)
 
 void NotePage::showPreview()
 {
-    m_typing.stop();
     if (!m_preview->isHidden())
-        m_preview->showNote(m_editor->toPlainText(), m_preferences.fontSize);
+        m_preview->showNote(m_editor->toPlainText(), m_editor->font().pointSize());
 }

@@ -3,10 +3,10 @@
 #include <QTimer>
 #include <QWidget>
 
-#include "Preferences.h"
+#include "PreferencesDialog.h"
 
 class MarkdownPreview;
-class NoteEditor;
+class QPlainTextEdit;
 
 /// One note in its tab: the editor, and its preview beside it.
 class NotePage : public QWidget
@@ -15,10 +15,10 @@ class NotePage : public QWidget
 
 public:
     /// An empty note. \param name shown until the note has a file
-    explicit NotePage(const QString &name, QWidget *parent = nullptr);
+    NotePage(const QString &name, const Preferences &preferences);
 
-    /// Replaces the text by the file's, which is then the note's file unless it is a resource. On failure nothing changes.
-    /// \return what went wrong, for the user; empty for success
+    /// Replaces the text by the file's, which is then the note's file unless it is a resource. On failure
+    /// nothing changes. \return what went wrong, for the user; empty for success
     [[nodiscard]] QString load(const QString &path);
     /// Writes the note to the file, which is then the note's own. \return as `load`
     [[nodiscard]] QString save(const QString &path);
@@ -27,7 +27,7 @@ public:
     [[nodiscard]] QString name() const { return m_name; }
     /// The note's file; empty while it has none.
     [[nodiscard]] QString path() const { return m_path; }
-    [[nodiscard]] NoteEditor &editor() const { return *m_editor; }
+    [[nodiscard]] QPlainTextEdit &editor() const { return *m_editor; }
     [[nodiscard]] bool isModified() const;
     [[nodiscard]] int wordCount() const;
 
@@ -41,8 +41,7 @@ private:
 
     QString m_name;
     QString m_path;
-    Preferences m_preferences;
-    NoteEditor *m_editor;
+    QPlainTextEdit *m_editor;
     MarkdownPreview *m_preview;
     QTimer m_typing; ///< runs while the user types: the preview follows in the pauses
 };

@@ -1,7 +1,5 @@
 #include "NotebookWindow.h"
 
-#include <algorithm>
-
 #include <QAction>
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -10,18 +8,23 @@
 #include <QLabel>
 #include <QLoggingCategory>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QToolBar>
-#include <QVBoxLayout>
 
 #include "FindBar.h"
-#include "NoteEditor.h"
 #include "NotePage.h"
-#include "PreferencesDialog.h"
 
 namespace {
+
 Q_LOGGING_CATEGORY(fieldnotes, "fieldnotes")
+
+QString fileFilter()
+{
+    return NotebookWindow::tr("Notes (*.md *.txt);;All files (*)");
+}
+
 } // namespace
 
 NotebookWindow::NotebookWindow()
@@ -34,35 +37,25 @@ NotebookWindow::NotebookWindow()
 {
     m_tools->setMovable(false);
     m_tools->setIconSize({20, 20});
-    m_tools->setContextMenuPolicy(Qt::PreventContextMenu); // else it offers to hide the bar for good
-    addFileMenu();
-    addEditMenu();
-    addViewMenu();
-    addHelpMenu();
-    fillCentre();
-    statusBar()->setSizeGripEnabled(false);
-    statusBar()->addWidget(m_saved);
-    statusBar()->addPermanentWidget(m_words);
-    statusBar()->addPermanentWidget(m_position);
-    setPreferences(Preferences::load());
-    setMinimumSize(520, 360);
-    resize(1100, 720);
-}
-
-void NotebookWindow::fillCentre()
-{
     m_tabs->setDocumentMode(true);
     m_tabs->setTabsClosable(true);
     m_tabs->setMovable(true);
     connect(m_tabs, &QTabWidget::tabCloseRequested, this, &NotebookWindow::closeNote);
     connect(m_tabs, &QTabWidget::currentChanged, this, &NotebookWindow::showNote);
-    auto *centre = new QWidget;
-    auto *column = new QVBoxLayout(centre);
-    column->setContentsMargins({});
-    column->setSpacing(0);
-    column->addWidget(m_tabs);
-    column->addWidget(m_findBar);
-    setCentralWidget(centre);
+    addFileMenu();
+    addEditMenu();
+    addViewMenu();
+    addHelpMenu();
+    setCentralWidget(m_tabs);
+    addToolBar(Qt::BottomToolBarArea, m_findBar);
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->addWidget(m_saved);
+    statusBar()->addPermanentWidget(m_words);
+    statusBar()->addPermanentWidget(m_position);
+    setContextMenuPolicy(Qt::NoContextMenu); // else it offers to hide the tool bar for good
+    setPreferences(Preferences::load());
+    setMinimumSize(520, 360);
+    resize(1100, 720);
 }
 
 void NotebookWindow::openNote(const QString &path)
@@ -92,16 +85,13 @@ int NotebookWindow::noteCount() const
 
 void NotebookWindow::closeEvent(QCloseEvent *event)
 {
-    bool all = true;
-    for (int i = 0; all && i < noteCount(); ++i)
-        all = mayClose(i);
-    event->setAccepted(all);
+    for (int i = 0; i < noteCount() && event->isAccepted(); ++i)
+        event->setAccepted(mayClose(i));
 }
 
 NotePage *NotebookWindow::addPage(const QString &name)
 {
-    auto *page = new NotePage(name);
-    page->apply(m_preferences);
+    auto *page = new NotePage(name, m_preferences);
     connect(page, &NotePage::changed, this, [this, page] { showState(page); });
     m_tabs->setCurrentIndex(m_tabs->addTab(page, name));
     return page;
@@ -112,6 +102,11 @@ NotePage *NotebookWindow::pageAt(int index) const
     return qobject_cast<NotePage *>(m_tabs->widget(index));
 }
 
+QPlainTextEdit &NotebookWindow::editor() const
+{
+    return currentPage()->editor();
+}
+
 void NotebookWindow::newNote()
 {
     ++m_untitled;
@@ -120,27 +115,18 @@ void NotebookWindow::newNote()
 
 void NotebookWindow::chooseNotes()
 {
-    const QStringList paths
-        = QFileDialog::getOpenFileNames(this, tr("Open"), QString(), tr("Notes (*.md *.txt);;All files (*)"));
+    const QStringList paths = QFileDialog::getOpenFileNames(this, tr("Open"), QString(), fileFilter());
     for (const QString &path : paths)
         openNote(path);
 }
 
-bool NotebookWindow::save(NotePage &page)
+bool NotebookWindow::save(NotePage &page, bool elsewhere)
 {
-    return page.path().isEmpty() ? saveAs(page) : saveTo(page, page.path());
-}
-
-bool NotebookWindow::saveAs(NotePage &page)
-{
-    const QString suggestion = page.path().isEmpty() ? page.name() + QStringLiteral(".md") : page.path();
-    const QString path = QFileDialog::getSaveFileName(this, tr("Save As"), suggestion,
-                                                      tr("Notes (*.md *.txt);;All files (*)"));
-    return !path.isEmpty() && saveTo(page, path);
-}
-
-bool NotebookWindow::saveTo(NotePage &page, const QString &path)
-{
+    QString path = page.path().isEmpty() ? page.name() + QStringLiteral(".md") : page.path();
+    if (page.path().isEmpty() || elsewhere)
+        path = QFileDialog::getSaveFileName(this, tr("Save As"), path, fileFilter());
+    if (path.isEmpty())
+        return false;
     const QString problem = page.save(path);
     if (!problem.isEmpty())
         QMessageBox::warning(this, tr("Save"), tr("%1 can't be saved.\n\n%2").arg(path, problem));
@@ -153,10 +139,11 @@ bool NotebookWindow::mayClose(int index)
     if (!page->isModified())
         return true;
     m_tabs->setCurrentIndex(index);
-    QMessageBox question(QMessageBox::Question, tr("Unsaved Changes"),
+    QMessageBox question(QMessageBox::NoIcon, tr("Unsaved Changes"),
                          tr("Save the changes to “%1”?").arg(page->name()),
                          QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
     question.setInformativeText(tr("They are lost if you don't."));
+    question.setIconPixmap(windowIcon().pixmap(48));
     question.setDefaultButton(QMessageBox::Save);
     const int answer = question.exec();
     return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save(*page));
@@ -170,11 +157,6 @@ void NotebookWindow::closeNote(int index)
     if (noteCount() == 1)
         newNote();
     delete page; // takes its tab along
-}
-
-void NotebookWindow::edit(void (QPlainTextEdit::*command)())
-{
-    (currentPage()->editor().*command)();
 }
 
 void NotebookWindow::editPreferences()
@@ -194,10 +176,18 @@ void NotebookWindow::setPreferences(const Preferences &preferences)
         pageAt(i)->apply(preferences);
 }
 
+void NotebookWindow::readSwitches()
+{
+    Preferences changed = m_preferences;
+    changed.preview = m_preview->isChecked();
+    changed.wordWrap = m_wordWrap->isChecked();
+    setPreferences(changed);
+}
+
 void NotebookWindow::zoom(int points)
 {
     Preferences changed = m_preferences;
-    changed.fontSize = std::clamp(points, Preferences::smallestFont, Preferences::largestFont);
+    changed.fontSize = qBound(Preferences::smallestFont, points, Preferences::largestFont);
     setPreferences(changed);
 }
 
@@ -223,8 +213,8 @@ void NotebookWindow::showNote()
 
 void NotebookWindow::showState(NotePage *page)
 {
-    const QString mark = page->isModified() ? QStringLiteral("• ") : QString();
-    m_tabs->setTabText(m_tabs->indexOf(page), mark + page->name());
+    QString label = page->isModified() ? QStringLiteral("• ") + page->name() : page->name();
+    m_tabs->setTabText(m_tabs->indexOf(page), label.replace(u'&', QStringLiteral("&&")));
     if (page != currentPage())
         return;
     const QTextCursor cursor = page->editor().textCursor();

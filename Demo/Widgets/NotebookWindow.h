@@ -5,7 +5,7 @@
 #include <QKeySequence>
 #include <QMainWindow>
 
-#include "Preferences.h"
+#include "PreferencesDialog.h"
 
 class FindBar;
 class NotePage;
@@ -35,34 +35,27 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    /// How the user sees a command; one with an icon is in the tool bar, too.
-    struct Command {
-        QString text;
-        QKeySequence keys = {};
-        QString icon = {};
-    };
-
-    // In NotebookMenus.cpp
-    QAction *add(QMenu &menu, const Command &command, const std::function<void()> &run);
-    void addSeparators(QMenu &menu);
+    // In NotebookMenus.cpp; a command with an icon is in the tool bar, too
+    using Run = std::function<void()>;
+    QAction *add(QMenu *menu, const QString &text, const QKeySequence &keys, const char *icon,
+                 const Run &run);
+    void addSeparators(QMenu *menu);
     void addFileMenu();
     void addEditMenu();
     void addViewMenu();
     void addHelpMenu();
 
-    void fillCentre();
     NotePage *addPage(const QString &name);
     [[nodiscard]] NotePage *pageAt(int index) const;
+    [[nodiscard]] QPlainTextEdit &editor() const; ///< of the current note
     void newNote();
     void chooseNotes();
-    bool save(NotePage &page);
-    bool saveAs(NotePage &page);
-    bool saveTo(NotePage &page, const QString &path);
+    bool save(NotePage &page, bool elsewhere = false);
     bool mayClose(int index);
     void closeNote(int index);
-    void edit(void (QPlainTextEdit::*command)());
     void editPreferences();
     void setPreferences(const Preferences &preferences);
+    void readSwitches();
     void zoom(int points);
     void showAbout();
     void showNote();

@@ -5,7 +5,41 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSettings>
 #include <QSpinBox>
+#include <QStandardPaths>
+
+namespace {
+
+const QString fontSizeKey = QStringLiteral("fontSize");
+const QString wordWrapKey = QStringLiteral("wordWrap");
+const QString previewKey = QStringLiteral("preview");
+const QString authorKey = QStringLiteral("author");
+
+QString settingsFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)
+        + QStringLiteral("/preferences.ini");
+}
+
+} // namespace
+
+Preferences Preferences::load()
+{
+    const QSettings settings(settingsFile(), QSettings::IniFormat);
+    const int points = settings.value(fontSizeKey, usualFont).toInt();
+    return {qBound(smallestFont, points, largestFont), settings.value(wordWrapKey, true).toBool(),
+            settings.value(previewKey, true).toBool(), settings.value(authorKey).toString()};
+}
+
+void Preferences::save() const
+{
+    QSettings settings(settingsFile(), QSettings::IniFormat);
+    settings.setValue(fontSizeKey, fontSize);
+    settings.setValue(wordWrapKey, wordWrap);
+    settings.setValue(previewKey, preview);
+    settings.setValue(authorKey, author);
+}
 
 PreferencesDialog::PreferencesDialog(const Preferences &current, QWidget *parent)
     : QDialog(parent)

@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QCommandLineParser>
 
 #include <Wexel/WXLWexel.h>
 
@@ -40,19 +39,12 @@ int main(int argc, char **argv)
     QApplication::setApplicationName(QStringLiteral("wexel-demo-editor"));
     QApplication::setApplicationDisplayName(QStringLiteral("Fieldnotes"));
     QApplication::setApplicationVersion(QStringLiteral("2.1.0"));
-    QCommandLineParser parser;
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("files"), QStringLiteral("Notes to open."),
-                                 QStringLiteral("[FILE...]"));
-    parser.process(application);
-
     applyAppearance(application);
     NotebookWindow window;
     window.openNote(QStringLiteral(":/Notes/River walk.md"));
     window.openNote(QStringLiteral(":/Notes/Welcome.md"));
     window.show();
-    for (const QString &path : parser.positionalArguments())
+    for (const QString &path : QApplication::arguments().mid(1))
         window.openNote(path);
     startReporting(window);
     const int result = QApplication::exec();
