@@ -69,6 +69,7 @@ NotePage::NotePage(const QString &name, const Preferences &preferences)
 
     m_editor->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_editor->document()->setDocumentMargin(22);
+    m_editor->setPlainText({}); // the margin counts as a change of the user's, and could be undone
     m_editor->setCursorWidth(2);
     new MarkdownHighlighter(m_editor->document());
     m_typing.setSingleShot(true);

@@ -44,9 +44,9 @@ int main(int argc, char **argv)
     window.openNote(QStringLiteral(":/Notes/River walk.md"));
     window.openNote(QStringLiteral(":/Notes/Welcome.md"));
     window.show();
+    startReporting(window);
     for (const QString &path : QApplication::arguments().mid(1))
         window.openNote(path);
-    startReporting(window);
     const int result = QApplication::exec();
     WXLWexel::sharedInstance().setOnPrepareData({});
     return result;
