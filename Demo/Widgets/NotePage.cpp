@@ -50,11 +50,22 @@ protected:
     }
 };
 
+QPlainTextEdit *newEditor()
+{
+    auto *editor = new QPlainTextEdit;
+    editor->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    editor->document()->setDocumentMargin(22);
+    editor->setPlainText({}); // the margin counts as a change of the user's, and could be undone
+    editor->setCursorWidth(2);
+    new MarkdownHighlighter(editor->document());
+    return editor;
+}
+
 } // namespace
 
 NotePage::NotePage(const QString &name, const Preferences &preferences)
     : m_name(name)
-    , m_editor(new QPlainTextEdit)
+    , m_editor(newEditor())
     , m_preview(new MarkdownPreview)
 {
     auto *parts = new QSplitter;
@@ -67,11 +78,6 @@ NotePage::NotePage(const QString &name, const Preferences &preferences)
     layout->setContentsMargins({});
     layout->addWidget(parts);
 
-    m_editor->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_editor->document()->setDocumentMargin(22);
-    m_editor->setPlainText({}); // the margin counts as a change of the user's, and could be undone
-    m_editor->setCursorWidth(2);
-    new MarkdownHighlighter(m_editor->document());
     m_typing.setSingleShot(true);
     m_typing.setInterval(previewDelay);
     connect(&m_typing, &QTimer::timeout, this, &NotePage::showPreview);
