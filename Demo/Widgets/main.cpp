@@ -13,11 +13,11 @@ namespace {
 QString quickFacts(const NotebookWindow &window)
 {
     const NotePage &page = *window.currentPage();
-    return NotebookWindow::tr("Open notes: %1\nCurrent note: %2\nIts words: %3\nAuthor: %4")
-        .arg(window.noteCount())
-        .arg(page.name())
-        .arg(page.wordCount())
-        .arg(window.preferences().author);
+    const QString facts
+        = NotebookWindow::tr("Open notes: %1\nCurrent note: %2\nIts words: %3")
+              .arg(QString::number(window.noteCount()), page.name(), QString::number(page.wordCount()));
+    const QString author = window.preferences().author;
+    return author.isEmpty() ? facts : facts + NotebookWindow::tr("\nAuthor: %1").arg(author);
 }
 
 /// \param window adds its facts to the reports, so it must live until the last one
