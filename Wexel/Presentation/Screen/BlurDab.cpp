@@ -8,7 +8,7 @@ namespace wexel {
 
 namespace {
 
-constexpr double dabStep = blurDiameterSize / 2.0;
+constexpr double halfDiameter = blurDiameterSize / 2.0; // and the step from dab to dab, so that they overlap
 constexpr double standardDeviation = 1.7;
 constexpr int kernelRadius = 6; // three standard deviations
 constexpr int kernelSize = 2 * kernelRadius + 1;
@@ -22,7 +22,7 @@ using Kernel = std::array<float, kernelSize>;
 
 bool isFartherThanStep(const QPointF &distance)
 {
-    return distance.x() > dabStep || distance.y() > dabStep;
+    return distance.x() > halfDiameter || distance.y() > halfDiameter;
 }
 
 QPointF absolute(const QPointF &point)
@@ -49,8 +49,7 @@ const Kernel &gaussianKernel()
 
 QRect patchAround(const QPointF &point, const QSize &imageSize)
 {
-    constexpr double radius = blurDiameterSize / 2.0;
-    const QPointF origin(std::max(0.0, point.x() - radius), std::max(0.0, point.y() - radius));
+    const QPointF origin(std::max(0.0, point.x() - halfDiameter), std::max(0.0, point.y() - halfDiameter));
     return QRect(origin.toPoint(), QSize(blurDiameterSize, blurDiameterSize)) & QRect(QPoint(), imageSize);
 }
 
@@ -126,7 +125,7 @@ std::vector<QPointF> dabsTo(const QPointF &previous, const QPointF &point)
         QPointF dab = previous;
         for (QPointF d = absolute(point - dab); isFartherThanStep(d); d = absolute(point - dab)) {
             const double longer = std::max(d.x(), d.y());
-            dab += QPointF(signX * dabStep * (d.x() / longer), signY * dabStep * (d.y() / longer));
+            dab += QPointF(signX * halfDiameter * (d.x() / longer), signY * halfDiameter * (d.y() / longer));
             dabs.push_back(dab);
         }
     }
