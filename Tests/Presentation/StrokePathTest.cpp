@@ -66,4 +66,14 @@ TEST(StrokePath, LooksTheSameRedrawnWhereItChanged)
     EXPECT_LE(largest, 2);
 }
 
+TEST(StrokePath, CountsTheWidthOfTheLine)
+{
+    WXLCubicCurveAlgorithm algorithm;
+    const QPainterPath line = strokePath({{20, 20}, {20, 80}, {20, 140}}, algorithm);
+    EXPECT_TRUE(unsettledBounds(line).contains(QRectF(19, 19, 2, 122)));
+    EXPECT_FALSE(strokePartWithin(line, {20.9, 60, 50, 50}).isEmpty());
+    EXPECT_TRUE(strokePartWithin(line, {23, 60, 50, 50}).isEmpty());
+    EXPECT_EQ(strokePartWithin(line, {0, 100, 50, 50}).elementCount(), 4); // the second half
+}
+
 } // namespace
