@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the release preset, runs the benchmarks and prints their figures as a Markdown table.
 #
-#   Benchmarks/run.sh [startup] [save] [drain] [taps] [requests] [idle]      all of them without an argument
+#   Benchmarks/run.sh [startup] [save] [drain] [taps] [canvas] [requests] [idle]      all of them without an argument
 #
 # Environment: RUNS (20) fresh processes per start-up figure, DRAINS (3) drains, REPORTS (500) reports in each, IDLE (120)
 # seconds of doing nothing.
@@ -24,10 +24,10 @@ trap cleanup EXIT
 # An install prefix with the hosts beside the library, whose bundle names the receiver.
 install_prefix() {
     cmake --preset release >/dev/null
-    cmake --build "$build" -j2 --target wexel-receiver Wexel SaveBenchmark TapBenchmark RequestBenchmark BenchmarkCoreHost \
-        BenchmarkCoreHostWithout BenchmarkQuickHost BenchmarkQuickHostWithout >/dev/null
+    cmake --build "$build" -j2 --target wexel-receiver Wexel SaveBenchmark TapBenchmark CanvasBenchmark RequestBenchmark \
+        BenchmarkCoreHost BenchmarkCoreHostWithout BenchmarkQuickHost BenchmarkQuickHostWithout >/dev/null
     mkdir -p "$work/bin" "$work/share/wexel" "$work/$(library_folder)"
-    cp "$build"/bin/{wexel-receiver,SaveBenchmark,TapBenchmark,RequestBenchmark,Benchmark*Host*} "$work/bin/"
+    cp "$build"/bin/{wexel-receiver,SaveBenchmark,TapBenchmark,CanvasBenchmark,RequestBenchmark,Benchmark*Host*} "$work/bin/"
     cp -L "$build/$(library_folder)/libWexel.so.1" "$work/$(library_folder)/"
     cat >"$work/bin/Info.plist" <<-PLIST
 	<plist version="1.0"><dict><key>CFBundleIdentifier</key><string>org.wexel.benchmark</string>
@@ -178,6 +178,21 @@ taps() {
         "median $(divided "$(percentile 50 recorded_ns "$work/times")" 1000 %.0f) µs, p95 $(divided "$(percentile 95 recorded_ns "$work/times")" 1000 %.0f) µs"
 }
 
+canvas() {
+    "$work/bin/CanvasBenchmark" --benchmark_repetitions=9 --benchmark_format=csv 2>/dev/null \
+        | awk -F, '/_median/ { gsub(/"|_median/, "", $1); printf "%s %.1f\n", $1, $3 / 1000 }' >"$work/times"
+    local count size
+    for count in 100 1000 10000 100000; do
+        row "smoothing a stroke of $count points" "$(canvas_us "smooth/$count") µs"
+    done
+    row 'drawing a stroke of 2000 points on 390 × 844, from scratch' "$(canvas_us strokeFromScratch/2000) µs"
+    row 'the same where its last point changed it' "$(canvas_us strokeOnePointLonger/2000) µs"
+    for size in 390/844 3840/2160; do
+        row "a dab of blur on ${size/\// × }" "$(canvas_us "dab/$size") µs"
+    done
+}
+canvas_us() { percentile 50 "$1" "$work/times"; }
+
 # All hosts at once, each in a home of its own. Before that they fill the histories: taps and requests, if they can, and
 # a minute of samples.
 idle() {
@@ -209,7 +224,7 @@ idle_row() { # idle_row KIND TITLE NAME DIVISOR FORMAT
         "$(divided "$with" "$4" "$5") / $(divided "$without" "$4" "$5")"
 }
 
-[ $# -gt 0 ] || set -- startup save drain taps requests idle
+[ $# -gt 0 ] || set -- startup save drain taps canvas requests idle
 install_prefix
 printf '| What | Figure |\n|---|---|\n'
 for benchmark; do "$benchmark"; done
