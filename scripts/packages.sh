@@ -7,7 +7,7 @@
 set -euo pipefail
 
 build=(cmake ninja-build g++ ca-certificates # Qt trusts the certificates of the system when it sends over HTTPS
-    qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools qt6-sensors-dev libgl-dev
+    qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools qt6-sensors-dev qt6-svg-dev libgl-dev
     libsqlite3-dev libpoco-dev)
 demo=(xvfb xdotool openbox x11-utils imagemagick jq fonts-dejavu-core libqt6svg6
     qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-window
