@@ -40,10 +40,12 @@ TEST(ApplicationState, FollowsTheHostsWindows)
 {
     NotificationCenter center;
     QStringList heard;
+    bool resigned = false;
     center.addObserver(ApplicationWillEnterForegroundNotification,
                        [&] { heard.append(QStringLiteral("foreground")); });
     center.addObserver(ApplicationDidEnterBackgroundNotification,
                        [&] { heard.append(QStringLiteral("background")); });
+    center.addObserver(ApplicationWillResignActiveNotification, [&] { resigned = true; });
     const ApplicationState state(center);
     // What is queued has been handled when a block that was queued behind it runs.
     const auto settle = [] {
@@ -59,9 +61,12 @@ TEST(ApplicationState, FollowsTheHostsWindows)
     EXPECT_TRUE(heard.isEmpty()) << "a host that has shown nothing yet is not in the background";
     QWindow first;
     QWindow second;
+    first.setFlag(Qt::WindowDoesNotAcceptFocus); // shown before it is active, as a desktop does
     first.show();
     settle();
+    EXPECT_EQ(QGuiApplication::applicationState(), Qt::ApplicationInactive);
     EXPECT_TRUE(heard.isEmpty());
+    EXPECT_FALSE(resigned);
     second.show(); // swapped for the first one: never in the background
     first.hide();
     settle();

@@ -77,6 +77,9 @@ void ApplicationState::update()
     if (!m_hasShownAnything)
         return;
     const auto phase = applicationPhase(QGuiApplication::applicationState(), shows);
+    m_hasBeenActive = m_hasBeenActive || phase == ApplicationPhase::Active;
+    if (phase == ApplicationPhase::Inactive && !m_hasBeenActive)
+        return;
     for (const auto &name : notificationsFor(std::exchange(m_phase, phase), phase))
         m_center.post(name);
 }

@@ -19,7 +19,8 @@ enum class ApplicationPhase { Active, Inactive, Background };
 
 /// Watches the application's state and the visibility of its windows and posts the notifications of
 /// NotificationCenter on the main thread. An application counts as being in the foreground until its first window
-/// has been shown; one without a user interface always does. Main thread only.
+/// has been shown, and as active until it is so: a desktop shows a window before it activates it. One without a user
+/// interface always does. Main thread only.
 class ApplicationState final : public QObject
 {
 public:
@@ -36,6 +37,7 @@ private:
     NotificationCenter &m_center;
     ApplicationPhase m_phase = ApplicationPhase::Active;
     bool m_hasShownAnything = false;
+    bool m_hasBeenActive = false;
     bool m_updatePending = false;
 };
 
