@@ -16,14 +16,18 @@ namespace cafe {
 class OrderForm : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(int total MEMBER m_total)
+    Q_PROPERTY(Size size MEMBER m_size)
     Q_PROPERTY(QTimer *retry MEMBER m_timer)
     Q_PROPERTY(QString note MEMBER m_note)
     Q_PROPERTY(QThread *worker MEMBER m_thread)
     Q_PROPERTY(QTimer *reminder MEMBER m_timer)
 
+public:
+    enum Size { Small, Large };
+    Q_ENUM(Size)
+
 private:
-    int m_total = 0;
+    Size m_size = Small;
     QString m_note;
     QTimer *m_timer = nullptr;
     QThread *m_thread = nullptr;
@@ -74,6 +78,7 @@ TEST_F(UserEventReporterTest, PairsOwnPropertiesWithTheObjectTypedOnesByTheirPla
 {
     EXPECT_EQ(propertyOf("QThread", cafe::OrderForm::staticMetaObject), "retry");
     EXPECT_EQ(propertyOf("QTimer", cafe::OrderForm::staticMetaObject), "note") << "the last one counts";
+    EXPECT_EQ(propertyOf("cafe::OrderForm", cafe::OrderForm::staticMetaObject), "") << "not its enumeration";
     EXPECT_EQ(propertyOf("QObject", cafe::OrderForm::staticMetaObject), "") << "not what they inherit";
     EXPECT_EQ(propertyOf("QThread", cafe::CakeForm::staticMetaObject), "oven");
     EXPECT_EQ(propertyOf("QTimer", cafe::CakeForm::staticMetaObject), "") << "not the base's";

@@ -59,8 +59,9 @@ QString WXLUserEventReporter::getPropertyName(const QString &className,
     for (int i = declaring->propertyOffset(); i < declaring->propertyCount(); ++i) {
         const QMetaProperty property = declaring->property(i);
         names.append(QString::fromUtf8(property.name()));
-        if (const QMetaObject *type = property.metaType().metaObject())
-            classNames.append(hostClassName(type));
+        const QMetaType type = property.metaType(); // values, enumerations too, may have a meta-object
+        if (type.flags().testFlag(QMetaType::PointerToQObject) && type.metaObject())
+            classNames.append(hostClassName(type.metaObject()));
     }
     const auto match = classNames.lastIndexOf(className);
     return match >= 0 ? names.at(match) : QString();
