@@ -126,7 +126,7 @@ void PersistedHistory::load()
 void PersistedHistory::save()
 {
     m_savePending = false;
-    const auto archive = archiveData();
+    const auto archive = archivedData();
     if (!archive)
         return log(QStringLiteral("%1: Error archiving data, key -> %2").arg(m_owner, m_key));
     const std::lock_guard lock(m_mutex);
@@ -134,7 +134,7 @@ void PersistedHistory::save()
         m_repository.setData(*archive, m_key);
 }
 
-std::optional<QByteArray> PersistedHistory::archiveData() const
+std::optional<QByteArray> PersistedHistory::archivedData() const
 {
     std::vector<const KeyedArchiver::Element *> elements;
     elements.reserve(m_entries.size());

@@ -66,7 +66,7 @@ private:
     void load();
     void save();
     [[nodiscard]] qsizetype bytes() const;
-    [[nodiscard]] std::optional<QByteArray> archiveData() const;
+    [[nodiscard]] std::optional<QByteArray> archivedData() const;
 
     WXLAppRepository &m_repository;
     const QString m_key;

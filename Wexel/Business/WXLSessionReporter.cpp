@@ -48,10 +48,13 @@ void WXLSessionReporter::reportState(const QString &code)
 void WXLSessionReporter::reportState(const QString &code, const QString &timestamp)
 {
     m_sessionQueue.push(std::make_shared<Record>(code, timestamp));
-    // There, so that the main thread does not wait for the store when the host starts.
+    // There, so that the main thread does not wait for the store when the host starts; and in two steps, so that the push,
+    // which has itself stored in a second step, is stored by then.
     m_sessionQueue.workingQueue().async([this] {
-        if (const auto oldest = oldestSessionDate(m_repository))
-            m_prune(*oldest);
+        m_sessionQueue.workingQueue().async([this] {
+            if (const auto oldest = oldestSessionDate(m_repository))
+                m_prune(*oldest);
+        });
     });
 }
 

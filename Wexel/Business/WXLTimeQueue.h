@@ -15,8 +15,8 @@ class SerialQueue;
 class WXLAppRepository;
 
 /// A history of any number of entries, pruned by age when its owner asks for it. Only its size is limited, so that a host
-/// that runs for days pays no more, and that a report with it can be sent: beyond `maximumBytes` the oldest go. Stored whole under its key after
-/// every change, and loaded from there. Thread-safe.
+/// that runs for days pays no more, and that a report with it can be sent: beyond `maximumBytes` the oldest go. Stored
+/// whole under its key after every change, and loaded from there. Thread-safe.
 class WXLTimeQueue
 {
 public:
