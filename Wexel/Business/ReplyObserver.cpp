@@ -15,12 +15,15 @@ ReplyObserver::ReplyObserver(QNetworkReply &reply, UrlSession::Completion comple
     , m_completion(std::move(completion))
 {
     if (reply.isFinished()) { // a synchronous request, which may not signal any more
+        takeHead();
         finish();
         return;
     }
     reply.installEventFilter(this);
     m_readyRead = connect(&reply, &QIODevice::readyRead, this, [this] { noticeArrival(); });
     connect(&reply, &QNetworkReply::metaDataChanged, this, [this] { takeHead(); });
+    // The next address may never answer.
+    connect(&reply, &QNetworkReply::redirected, this, [this] { m_response.reset(); });
     connect(&reply, &QNetworkReply::finished, this, [this] { finish(); });
 }
 
@@ -40,6 +43,8 @@ bool ReplyObserver::eventFilter(QObject * /*watched*/, QEvent *event)
 /// \return false when it is in vain to look any further
 bool ReplyObserver::noticeReading()
 {
+    if (m_reply.isTransactionStarted()) // what the host reads now it may take back
+        return true;
     const qint64 unread = m_reply.bytesAvailable();
     const qint64 read = std::max<qint64>(0, m_unread - unread);
     m_unread = unread;
@@ -54,6 +59,8 @@ bool ReplyObserver::noticeReading()
 
 void ReplyObserver::noticeArrival()
 {
+    if (m_reply.isTransactionStarted())
+        return;
     m_unread = m_reply.bytesAvailable();
     if (isLookingFree())
         look();
@@ -99,7 +106,6 @@ void ReplyObserver::takeHead()
 
 void ReplyObserver::finish()
 {
-    takeHead();
     if (m_isLooking && noticeReading())
         look();
     stopLooking();
