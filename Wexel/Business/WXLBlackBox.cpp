@@ -16,22 +16,24 @@ using namespace std::chrono_literals;
 /// Storage and battery have a history that nothing fills: it only carries what an earlier version recorded.
 struct WXLBlackBox::Queues {
     explicit Queues(WXLAppRepository &repository)
-        : cpu(repository, NUMBER_OF_ELEMENTS_IN_HALF_SEC_REPORT, kWXLCpuHistoryKey)
-        , memoryUsedByApp(repository, NUMBER_OF_ELEMENTS_IN_HALF_SEC_REPORT, kWXLMemoryUsedByAppHistoryKey)
-        , memoryUsedByDevice(repository, NUMBER_OF_ELEMENTS_IN_HALF_SEC_REPORT,
-                             kWXLMemoryUsedByDeviceHistoryKey)
-        , storage(repository, NUMBER_OF_ELEMENTS_IN_HALF_SEC_REPORT, kWXLStorageHistoryKey)
-        , battery(repository, NUMBER_OF_ELEMENTS_IN_TWO_SEC_REPORT, kWXLBatteryHistoryKey)
-        , network(repository, NUMBER_OF_ELEMENTS_IN_TWO_SEC_REPORT, kWXLNetworkHistoryKey)
-        , orientation(repository, NUMBER_OF_ELEMENTS_IN_TWO_SEC_REPORT, kWXLOrientationHistoryKey)
+        : cpuQueue(repository, NUMBER_OF_ELEMENTS_IN_HALF_SEC_REPORT, kWXLCpuHistoryKey)
+        , memoryUsedByAppQueue(repository, NUMBER_OF_ELEMENTS_IN_HALF_SEC_REPORT,
+                               kWXLMemoryUsedByAppHistoryKey)
+        , memoryUsedByDeviceQueue(repository, NUMBER_OF_ELEMENTS_IN_HALF_SEC_REPORT,
+                                  kWXLMemoryUsedByDeviceHistoryKey)
+        , storageQueue(repository, NUMBER_OF_ELEMENTS_IN_HALF_SEC_REPORT, kWXLStorageHistoryKey)
+        , batteryQueue(repository, NUMBER_OF_ELEMENTS_IN_TWO_SEC_REPORT, kWXLBatteryHistoryKey)
+        , networkQueue(repository, NUMBER_OF_ELEMENTS_IN_TWO_SEC_REPORT, kWXLNetworkHistoryKey)
+        , orientationQueue(repository, NUMBER_OF_ELEMENTS_IN_TWO_SEC_REPORT, kWXLOrientationHistoryKey)
     {
     }
-    WXLQueue cpu, memoryUsedByApp, memoryUsedByDevice, storage, battery, network, orientation;
+    WXLQueue cpuQueue, memoryUsedByAppQueue, memoryUsedByDeviceQueue, storageQueue, batteryQueue,
+        networkQueue, orientationQueue;
 
     void close()
     {
-        for (WXLQueue *queue :
-             {&cpu, &memoryUsedByApp, &memoryUsedByDevice, &storage, &battery, &network, &orientation})
+        for (WXLQueue *queue : {&cpuQueue, &memoryUsedByAppQueue, &memoryUsedByDeviceQueue, &storageQueue,
+                                &batteryQueue, &networkQueue, &orientationQueue})
             queue->close();
     }
 };
@@ -99,9 +101,9 @@ void WXLBlackBox::reportDataEveryHalfSecond()
     const auto current = queues();
     if (!current)
         return;
-    current->cpu.push(m_meter.cpuUsage());
-    current->memoryUsedByApp.push(m_meter.memoryUsedByApplication());
-    current->memoryUsedByDevice.push(m_meter.memoryUsedByDevice());
+    current->cpuQueue.push(m_meter.cpuUsage());
+    current->memoryUsedByAppQueue.push(m_meter.memoryUsedByApplication());
+    current->memoryUsedByDeviceQueue.push(m_meter.memoryUsedByDevice());
 }
 
 void WXLBlackBox::reportDataEveryTwoSecond()
@@ -109,8 +111,8 @@ void WXLBlackBox::reportDataEveryTwoSecond()
     const auto current = queues();
     if (!current)
         return;
-    current->network.push(m_meter.network());
-    current->orientation.push(m_meter.orientation());
+    current->networkQueue.push(m_meter.network());
+    current->orientationQueue.push(m_meter.orientation());
 }
 
 std::shared_ptr<WXLBlackBox::Queues> WXLBlackBox::queues() const
