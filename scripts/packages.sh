@@ -6,13 +6,13 @@
 # Each purpose includes the ones before it.
 set -euo pipefail
 
-build=(cmake ninja-build g++ ca-certificates # Qt trusts the certificates of the system when it sends over HTTPS
+build=(cmake ninja-build g++ pkg-config ca-certificates # Qt trusts the certificates of the system when it sends over HTTPS
     qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools qt6-sensors-dev qt6-svg-dev libgl-dev
-    libsqlite3-dev libpoco-dev)
+    libsqlite3-dev libpoco-dev libxcb-shape0-dev)
 demo=(xvfb xdotool openbox x11-utils imagemagick jq fonts-dejavu-core libqt6svg6
     qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-window
     qml6-module-qtquick-controls qml6-module-qtquick-templates qml6-module-qtquick-layouts)
-test=(libgtest-dev libgmock-dev openssl dbus-daemon pkg-config curl liblmdb-dev libbenchmark-dev
+test=(libgtest-dev libgmock-dev openssl dbus-daemon curl liblmdb-dev libbenchmark-dev
     qt6-virtualkeyboard-plugin qml6-module-qtquick-virtualkeyboard qml6-module-qt-labs-folderlistmodel)
 ci=(git clang clang-format clang-tidy libclang-rt-14-dev)
 
