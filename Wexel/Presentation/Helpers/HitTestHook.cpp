@@ -13,6 +13,7 @@
 #include "Platform/Clock.h"
 #include "Presentation/Helpers/HitView.h"
 #include "Presentation/Helpers/HostWindows.h"
+#include "Presentation/Helpers/PointerEvents.h"
 #include "Presentation/Helpers/TopController.h"
 
 namespace wexel {
@@ -72,15 +73,6 @@ bool isOffscreen(QWindow &window)
 {
     auto *quick = qobject_cast<QQuickWindow *>(&window);
     return quick != nullptr && QQuickRenderControl::renderWindowFor(quick) != nullptr;
-}
-
-// Made by Qt of a touch or a pen that nobody took: the press itself has come already.
-bool isMadeOfAnother(const QEvent &event)
-{
-    if (event.type() != QEvent::MouseButtonPress)
-        return false;
-    const auto source = static_cast<const QMouseEvent &>(event).source();
-    return source == Qt::MouseEventSynthesizedByQt || source == Qt::MouseEventSynthesizedByApplication;
 }
 
 void install()

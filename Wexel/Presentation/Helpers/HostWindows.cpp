@@ -37,12 +37,12 @@ const QWindow *mainWindowOf(const QWindow *window)
     return window;
 }
 
-bool isOfHost(const QWindow *window)
-{
-    return !isMarked(window, clickableWindowProperty) && !isMarked(window, displayWindowProperty);
-}
-
 } // namespace
+
+bool isOwn(const QWindow *window)
+{
+    return isMarked(window, clickableWindowProperty) || isMarked(window, displayWindowProperty);
+}
 
 bool isMarked(const QWindow *window, const char *property)
 {
@@ -106,7 +106,7 @@ QWindow *hostMainWindow()
     QWindow *main = nullptr;
     const QWindow *activeMain = mainWindowOf(QGuiApplication::focusWindow());
     for (QWindow *window : windowsBackToFront()) {
-        if (!isOfHost(window) || isPopup(window) || window->transientParent() != nullptr)
+        if (isOwn(window) || isPopup(window) || window->transientParent() != nullptr)
             continue;
         if (main == nullptr || window == activeMain)
             main = window;
@@ -117,9 +117,9 @@ QWindow *hostMainWindow()
 QWindow *hostKeyWindow()
 {
     QWindow *window = QGuiApplication::focusWindow();
-    while (window != nullptr && (isPopup(window) || !isOfHost(window)))
+    while (window != nullptr && (isPopup(window) || isOwn(window)))
         window = window->transientParent();
-    return window != nullptr && isOfHost(window) ? window : hostMainWindow();
+    return window != nullptr && !isOwn(window) ? window : hostMainWindow();
 }
 
 } // namespace wexel

@@ -20,6 +20,9 @@ inline constexpr char displayWindowProperty[] = "WXLDisplayWindow";
 /// True when the window, or the widget that it belongs to, carries the property.
 [[nodiscard]] bool isMarked(const QWindow *window, const char *property);
 
+/// True for the library's own windows.
+[[nodiscard]] bool isOwn(const QWindow *window);
+
 /// The window itself, or the one that it is embedded in or was opened from, that carries the property; null when none
 /// does.
 [[nodiscard]] const QWindow *markedWindowBelow(const QWindow *window, const char *property);
