@@ -1,0 +1,84 @@
+#include "Presentation/Button/WXLFloatingButtonView.h"
+
+#include <QCoreApplication>
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include "Presentation/Fonts/Fonts.h"
+#include "Presentation/Helpers/Artwork.h"
+#include "Presentation/Helpers/Colors.h"
+#include "Presentation/Helpers/Shadow.h"
+
+namespace wexel {
+
+namespace {
+
+constexpr double iconSize = 24;
+constexpr double gap = 9; // between icon and title
+constexpr double padding = 13;
+constexpr double titleSize = 18;
+constexpr double shadowBlur = 5;
+const QColor shadowColor = QColor::fromRgbF(93 / 255.0F, 130 / 255.0F, 170 / 255.0F, 0.14F);
+
+void paintShadow(QPainter &painter, const QRectF &button, double offset)
+{
+    const double ratio = painter.device()->devicePixelRatioF();
+    const double margin = shadowMargin(shadowBlur);
+    painter.drawImage(
+        button.topLeft() - QPointF(margin, margin - offset),
+        shadow(button.size(), WXLFloatingButtonView::cornerRadius, shadowBlur, shadowColor, ratio));
+}
+
+/// Some languages need more letters than the button has room for.
+QFont fittingFont(const QString &title, double width)
+{
+    const QFont font = Fonts::fontSemiBoldOfSize(titleSize);
+    const double needed = QFontMetricsF(font).horizontalAdvance(title);
+    return needed <= width ? font : Fonts::fontSemiBoldOfSize(titleSize * width / needed);
+}
+
+void paintContent(QPainter &painter, const QRectF &button)
+{
+    const QString title = QCoreApplication::translate("Wexel", "Bug");
+    const QFont font = fittingFont(title, button.width() - 2 * padding - iconSize - gap);
+    const double titleWidth = QFontMetricsF(font).horizontalAdvance(title);
+    const double left = button.center().x() - (iconSize + gap + titleWidth) / 2;
+    painter.drawImage(QPointF(left, button.center().y() - iconSize / 2),
+                      artwork(QStringLiteral("plus"), QSize(int(iconSize), int(iconSize)),
+                              painter.device()->devicePixelRatioF()));
+    painter.setFont(font);
+    painter.setPen(Colors::blackColor());
+    painter.drawText(QRectF(left + iconSize + gap, button.top(), titleWidth + 1, button.height()),
+                     Qt::AlignVCenter | Qt::AlignLeft, title);
+}
+
+} // namespace
+
+QPointF WXLFloatingButtonView::initialPosition(double stageHeight)
+{
+    return {margin, stageHeight - size.width() - margin}; // the width on purpose
+}
+
+QPainterPath WXLFloatingButtonView::outline(const QRectF &button)
+{
+    QPainterPath path;
+    path.addRoundedRect(button, cornerRadius, cornerRadius);
+    return path;
+}
+
+void WXLFloatingButtonView::paint(QPainter &painter, const QRectF &button, bool isLifted, bool isBlended)
+{
+    constexpr double offset = 5;
+    constexpr double liftedOffset = 15;
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    if (isBlended)
+        paintShadow(painter, button, isLifted ? liftedOffset : offset);
+    else
+        painter.fillRect(button,
+                         Colors::inactiveGreyColor()); // cut out along the outline: a line around the button
+    const double line = isBlended ? 0 : 1;
+    painter.fillPath(outline(button.adjusted(line, line, -line, -line)), Colors::whiteColor());
+    paintContent(painter, button);
+}
+
+} // namespace wexel

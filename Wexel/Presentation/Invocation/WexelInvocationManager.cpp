@@ -1,0 +1,89 @@
+#include "Presentation/Invocation/WexelInvocationManager.h"
+
+#include <utility>
+
+#include <QGuiApplication>
+
+#include <Wexel/WXLWexel.h>
+
+#include "Business/TouchRecord.h"
+#include "Business/WXLUserEventReporter.h"
+#include "Platform/NotificationCenter.h"
+#include "Presentation/Button/WXLFloatingButtonVC.h"
+#include "Presentation/Fonts/Fonts.h"
+#include "Presentation/Invocation/MotionListener.h"
+#include "Presentation/Invocation/ScreenshotListener.h"
+#include "Presentation/Invocation/WexelEdgePanRecognizer.h"
+
+namespace wexel {
+
+WexelInvocationManager::WexelInvocationManager(Collaborators collaborators) : m_with(std::move(collaborators))
+{
+    m_edgeSwipeHandler.edgeSwipHandlerShouldInvokeStart = [this] { invokeWexel(); };
+}
+
+WexelInvocationManager::~WexelInvocationManager() = default;
+
+void WexelInvocationManager::closeWindows()
+{
+    m_floatingWindows.clear();
+}
+
+void WexelInvocationManager::start()
+{
+    auto *application = qobject_cast<QGuiApplication *>(QCoreApplication::instance());
+    if (application == nullptr)
+        return;
+    Fonts::registerFonts();
+    setupInvocationEnvironment(application);
+}
+
+void WexelInvocationManager::setupInvocationEnvironment(QObject *application)
+{
+    // Once: the bit is tested at each shake.
+    if (containsWexelInvocationEvent(WexelInvocationEventMotion) && !std::exchange(m_listensToMotion, true))
+        new MotionListener(application, [this] { motionBegan(); });
+    if (containsWexelInvocationEvent(WexelInvocationEventButton))
+        setupFloatingButton();
+    if (containsWexelInvocationEvent(WexelInvocationEventScreenshot))
+        setupScreenshotTrigger(application);
+    if (containsWexelInvocationEvent(WexelInvocationEventRightEdgePan))
+        setupEdgeTrigger(application);
+    // WexelInvocationEventReserved installs nothing.
+}
+
+void WexelInvocationManager::setupFloatingButton()
+{
+    auto viewModel = std::make_shared<WXLFloatingButtonVM>();
+    viewModel->wexelFloatingButtonInvocationCallback = [this] { invokeWexel(); };
+    auto &window = m_floatingWindows.emplace_back(
+        std::make_unique<WXLFloatingButtonVC>(std::move(viewModel), m_with.appRepository));
+    window->present();
+}
+
+void WexelInvocationManager::setupScreenshotTrigger(QObject *application)
+{
+    m_with.notifications.addObserver(ApplicationUserDidTakeScreenshotNotification, [this] { invokeWexel(); });
+    new ScreenshotListener(application, m_with.notifications, ScreenshotListener::screenshotFolders());
+}
+
+void WexelInvocationManager::setupEdgeTrigger(QObject *application)
+{
+    new WexelEdgePanRecognizer(application,
+                               [this](PanGesture &gesture) { m_edgeSwipeHandler.swiped(gesture); });
+}
+
+void WexelInvocationManager::motionBegan() const
+{
+    if (containsWexelInvocationEvent(WexelInvocationEventMotion))
+        m_with.display();
+}
+
+void WexelInvocationManager::invokeWexel()
+{
+    m_with.userEventReporter.reportTouch(
+        std::make_shared<TouchRecord>(QString(), QStringLiteral("Wexel"), QString(), m_with.timestamp()));
+    m_with.display();
+}
+
+} // namespace wexel
