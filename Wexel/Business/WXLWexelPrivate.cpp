@@ -1,5 +1,7 @@
 #include "Business/WXLWexelPrivate.h"
 
+#include <utility>
+
 #include <QImage>
 
 #include "Business/Flow.h"
@@ -19,15 +21,26 @@ WXLWexelPrivate::WXLWexelPrivate(Collaborators collaborators) : m_with(std::move
 
 WXLWexelPrivate::~WXLWexelPrivate() = default;
 
-void WXLWexelPrivate::startWithInvocationEvents(unsigned)
+void WXLWexelPrivate::startWithInvocationEvents(unsigned events)
 {
     WXLGlobalCache::shared().setTopWindowLevel(m_with.flow.topWindowLevel());
+    m_with.flow.startInvocation(events, [this] { display(); });
     if (!m_starter)
         m_starter = std::make_unique<WXLStarter>(m_with.api, m_with.infoPlist);
     addObservers();
     authorizeWexel();
     m_with.blackBox.startRecording();
     m_with.startSessions();
+}
+
+void WXLWexelPrivate::display()
+{
+    if (std::exchange(m_isFlowOpen, true))
+        return;
+    m_with.flow.open({.uploader = uploader(),
+                      .appRepository = m_with.appRepository,
+                      .prepareReportData = [this] { return preparedReportData(); }},
+                     [this] { m_isFlowOpen = false; });
 }
 
 void WXLWexelPrivate::setBlackBoxEnabled(bool enabled)

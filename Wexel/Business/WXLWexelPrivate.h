@@ -57,6 +57,8 @@ public:
     WXLWexelPrivate &operator=(const WXLWexelPrivate &) = delete;
 
     void startWithInvocationEvents(unsigned events);
+    /// Opens the reporting flow unless it is open.
+    void display();
     void setBlackBoxEnabled(bool enabled);
     void autoReport(bool attachScreenshot, const std::optional<QString> &description);
 
@@ -87,6 +89,7 @@ private:
     [[nodiscard]] std::shared_ptr<WXLWexelFile> screenshotFile(bool attach) const;
 
     Collaborators m_with;
+    bool m_isFlowOpen = false;
     std::unique_ptr<WXLStarter> m_starter;
     std::once_flag m_fileManagerOnce;
     std::unique_ptr<WXLFileManager> m_fileManager;

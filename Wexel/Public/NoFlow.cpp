@@ -1,5 +1,7 @@
 #include "Business/Flow.h"
 
+#include "Platform/Log.h"
+
 namespace wexel {
 
 namespace {
@@ -8,6 +10,12 @@ namespace {
 class NoFlow final : public Flow
 {
 public:
+    void startInvocation(unsigned, std::function<void()>) override { }
+    void open(const FlowServices &, std::function<void()> onFinish) override
+    {
+        log(QStringLiteral("WXLWexel: This build has no screens to report with"));
+        onFinish();
+    }
     double topWindowLevel() const override { return 0; }
     QImage takeScreenshot() const override { return {}; }
     std::optional<QString> topViewControllerName() const override { return {}; }

@@ -3,7 +3,6 @@
 #include "Business/Composition.h"
 #include "Business/Flow.h"
 #include "Business/WXLWexelPrivate.h"
-#include "Platform/Log.h"
 
 namespace wexel {
 
@@ -37,7 +36,7 @@ void WXLWexel::startWithInvocationEvents(unsigned events)
 
 void WXLWexel::manualStart()
 {
-    log(QStringLiteral("WXLWexel: The reporting flow is not part of this version"));
+    sharedInstance().d->display();
 }
 
 void WXLWexel::setBlackBoxEnabled(bool enabled)

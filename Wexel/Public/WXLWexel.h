@@ -50,11 +50,12 @@ public:
 
     /// Starts with shaking as the only invocation.
     static void start();
-    /// Starts the library: authorises with the backend, sends what earlier runs left, and records the black box and the
-    /// application's states from now on.
+    /// Starts the library: installs the triggers of the reporting flow, authorises with the backend, sends what earlier
+    /// runs left, and records the black box and the application's states from now on.
     /// \param events any combination of `WexelInvocationEvent`
     static void startWithInvocationEvents(unsigned events);
-    /// Opens the reporting flow now. Does nothing while a flow is open. This version has no flow yet: it only logs.
+    /// Opens the reporting flow now. Does nothing while a flow is open, or while the host shows no
+    /// window.
     static void manualStart();
     /// Switches the black box on or off: the last minute of CPU and memory use, network and orientation, which reports
     /// carry. It is on from `start`, unless it was switched off before. Off also deletes what it recorded. Taps, requests

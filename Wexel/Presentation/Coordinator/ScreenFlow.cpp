@@ -1,6 +1,18 @@
+#include <utility>
+
+#include <QCoreApplication>
+
 #include "Business/Flow.h"
+#include "Business/WXLAppRepository.h"
+#include "Business/WXLDateProvider.h"
+#include "Business/WXLUserEventReporter.h"
+#include "Platform/ApplicationEnd.h"
+#include "Platform/NotificationCenter.h"
+#include "Presentation/Coordinator/WXLCoordinator.h"
 #include "Presentation/Coordinator/WXLScreenshotService.h"
 #include "Presentation/Helpers/TopController.h"
+#include "Presentation/Helpers/WXLBrandingService.h"
+#include "Presentation/Invocation/WexelInvocationManager.h"
 
 namespace wexel {
 
@@ -10,6 +22,26 @@ namespace {
 class ScreenFlow final : public Flow
 {
 public:
+    void startInvocation(unsigned events, std::function<void()> display) override
+    {
+        if (!m_invocationManager)
+            m_invocationManager = makeInvocationManager(std::move(display));
+        m_invocationManager->setInvocationEvents(events);
+        m_invocationManager->start();
+    }
+
+    void open(const FlowServices &services, std::function<void()> onFinish) override
+    {
+        m_brandingService.start();
+        m_coordinator = std::make_shared<WXLCoordinator>(services, m_brandingService.branding());
+        m_coordinator->onCoordinatorFinish = [this, onFinish = std::move(onFinish)] {
+            endCoordinator();
+            onFinish();
+        };
+        const auto coordinator = m_coordinator; // it may finish while it starts
+        coordinator->start();
+    }
+
     double topWindowLevel() const override { return 0; } // Qt gives every ordinary window the same level
 
     QImage takeScreenshot() const override { return WXLScreenshotService::sharedInstance().takeScreenshot(); }
@@ -19,6 +51,32 @@ public:
         const QString name = topControllerName();
         return name.isEmpty() ? std::nullopt : std::optional(name);
     }
+
+private:
+    std::unique_ptr<WexelInvocationManager> makeInvocationManager(std::function<void()> display)
+    {
+        // Its windows go while there still is an application for them.
+        ApplicationEnd::perform(ApplicationEnd::Phase::MainThread,
+                                [this] { m_invocationManager->closeWindows(); });
+        return std::make_unique<WexelInvocationManager>(WexelInvocationManager::Collaborators{
+            .appRepository = WXLAppRepository::sharedInstance(),
+            .userEventReporter = WXLUserEventReporter::shared(),
+            .notifications = NotificationCenter::defaultCenter(),
+            .timestamp = [] { return WXLDateProvider::sharedInstance().timestamp(); },
+            .display = std::move(display),
+        });
+    }
+
+    void endCoordinator()
+    {
+        // The coordinator is what is calling.
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(), [ended = std::move(m_coordinator)] {}, Qt::QueuedConnection);
+    }
+
+    WXLBrandingService m_brandingService;
+    std::unique_ptr<WexelInvocationManager> m_invocationManager;
+    std::shared_ptr<WXLCoordinator> m_coordinator;
 };
 
 } // namespace

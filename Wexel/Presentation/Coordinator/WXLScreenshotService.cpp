@@ -40,6 +40,23 @@ void drawWindow(QPainter &painter, QWindow *window, const QWindow *stage)
     }
 }
 
+QImage pictureOfStage(const QList<QWindow *> &windows)
+{
+    const QWindow *stage = hostMainWindow();
+    if (stage == nullptr || stage->size().isEmpty())
+        return {};
+    const qreal ratio = stage->devicePixelRatio();
+    QImage image((QSizeF(stage->size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    for (QWindow *window : windows) {
+        painter.setOpacity(window->opacity());
+        drawWindow(painter, window, stage);
+    }
+    return image;
+}
+
 } // namespace
 
 WXLScreenshotService &WXLScreenshotService::sharedInstance()
@@ -50,19 +67,14 @@ WXLScreenshotService &WXLScreenshotService::sharedInstance()
 
 QImage WXLScreenshotService::takeScreenshot() const
 {
-    const QWindow *stage = hostMainWindow();
-    if (stage == nullptr || stage->size().isEmpty())
-        return {};
-    const qreal ratio = stage->devicePixelRatio();
-    QImage image((QSizeF(stage->size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    for (QWindow *window : windowsBackToFront()) {
-        painter.setOpacity(window->opacity());
-        drawWindow(painter, window, stage);
-    }
-    return image;
+    return pictureOfStage(windowsBackToFront());
+}
+
+QImage WXLScreenshotService::takePictureOfHost() const
+{
+    QList<QWindow *> windows = windowsBackToFront();
+    windows.removeIf(isOwn);
+    return pictureOfStage(windows);
 }
 
 QByteArray WXLScreenshotService::getImageData(const QImage &image) const

@@ -17,6 +17,9 @@ public:
     /// A null image when there is nothing to draw.
     [[nodiscard]] QImage takeScreenshot() const;
 
+    /// The same without the reporting flow.
+    [[nodiscard]] QImage takePictureOfHost() const;
+
     /// The image as JPEG of quality 0.7; empty for a null image.
     [[nodiscard]] QByteArray getImageData(const QImage &image) const;
 

@@ -1,0 +1,103 @@
+#include "Presentation/Coordinator/WXLDisplayWindow.h"
+
+#include <QGuiApplication>
+#include <QQmlComponent>
+
+#include "Platform/Log.h"
+#include "Presentation/Coordinator/FlowView.h"
+#include "Presentation/Helpers/HostWindows.h"
+#include "Presentation/Helpers/Stage.h"
+
+namespace wexel {
+
+namespace {
+
+const QString module = QStringLiteral("qrc:/wexel/qml/Wexel/Screens/");
+
+void fill(QQuickItem &item, const QQuickItem &parent)
+{
+    const auto resize = [&item, &parent] { item.setSize(parent.size()); };
+    resize();
+    QObject::connect(&parent, &QQuickItem::widthChanged, &item, resize);
+    QObject::connect(&parent, &QQuickItem::heightChanged, &item, resize);
+}
+
+} // namespace
+
+WXLDisplayWindow::WXLDisplayWindow()
+{
+    setProperty(displayWindowProperty, true);
+    setTitle(QGuiApplication::applicationDisplayName());
+    setFlags(Qt::Dialog | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+    setModality(Qt::ApplicationModal);
+    setGeometry(Stage::shared().geometry());
+    contentItem()->setSize(size()); // the screens want to know before the window is shown
+    m_engine.addImportPath(QStringLiteral(":/wexel/qml"));
+    m_view = static_cast<FlowView *>(make("Flow.qml", contentItem()));
+    connect(&Stage::shared(), &Stage::changed, this, &WXLDisplayWindow::followStage);
+}
+
+WXLDisplayWindow::~WXLDisplayWindow()
+{
+    delete m_view; // before the engine that it uses
+}
+
+// The documents are part of the library, but Qt Quick's own module may be missing where the host runs.
+QQuickItem *WXLDisplayWindow::make(const char *document, QQuickItem *parent)
+{
+    QQmlComponent component(&m_engine, QUrl(module + QString::fromUtf8(document)));
+    QObject *object = component.beginCreate(m_engine.rootContext());
+    auto *item = qobject_cast<QQuickItem *>(object);
+    if (item == nullptr) {
+        log(QStringLiteral("WXLDisplayWindow: %1").arg(component.errorString().trimmed()));
+        delete object;
+        return nullptr;
+    }
+    item->setParentItem(parent);
+    item->setParent(parent);
+    fill(*item, *parent);
+    component.completeCreate();
+    return item;
+}
+
+QQuickItem *WXLDisplayWindow::makeScreen(const char *document)
+{
+    return m_view != nullptr ? make(document, m_view->screens()) : nullptr;
+}
+
+void WXLDisplayWindow::makeKeyAndVisible()
+{
+    followStage();
+    raise();
+    requestActivate();
+}
+
+void WXLDisplayWindow::followStage()
+{
+    const Stage &stage = Stage::shared();
+    if (stage.window() == nullptr) {
+        hide();
+        if (onStageLost)
+            onStageLost();
+        return;
+    }
+    if (!stage.isShown())
+        return hide();
+    if (!isVisible())
+        setTransientParent(stage.topWindow());
+    setGeometry(stage.geometry());
+    show();
+}
+
+bool WXLDisplayWindow::event(QEvent *event)
+{
+    if (event->type() == QEvent::Close) {
+        event->ignore(); // the flow closes by itself, after its animation
+        if (onCloseRequest)
+            onCloseRequest();
+        return true;
+    }
+    return QQuickWindow::event(event);
+}
+
+} // namespace wexel

@@ -1,0 +1,30 @@
+import QtQuick
+import Wexel.Screens
+
+// A picture to tap in the bar; most of what can be tapped lies to its right.
+Tappable {
+    id: control
+
+    property string image
+    readonly property real offset: 6
+
+    implicitWidth: 4 + 18 + 30
+    implicitHeight: 44
+
+    Artwork {
+        x: 4
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.verticalCenterOffset: control.offset
+        width: 18
+        height: 18
+        name: control.image
+        tint: Theme.white
+        opacity: control.pressed ? 0.5 : 1
+
+        FocusFrame {
+            control: control
+            anchors.margins: -5
+            border.color: Theme.white
+        }
+    }
+}

@@ -1,0 +1,24 @@
+import QtQuick
+import Wexel.Screens
+
+// The title of a screen, a little below the middle of its bar.
+Item {
+    id: view
+
+    property string title
+    readonly property real offset: 6
+
+    Text {
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.verticalCenterOffset: view.offset
+        width: Math.min(implicitWidth, view.width)
+        text: view.title
+        textFormat: Text.PlainText
+        elide: Text.ElideRight
+        font: Theme.semiBold(26)
+        color: Theme.white
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+}
