@@ -10,6 +10,7 @@
 #include "Platform/NotificationCenter.h"
 #include "Presentation/Coordinator/WXLCoordinator.h"
 #include "Presentation/Coordinator/WXLScreenshotService.h"
+#include "Presentation/Fonts/Fonts.h"
 #include "Presentation/Helpers/TopController.h"
 #include "Presentation/Helpers/WXLBrandingService.h"
 #include "Presentation/Invocation/WexelInvocationManager.h"
@@ -22,6 +23,16 @@ namespace {
 class ScreenFlow final : public Flow
 {
 public:
+    ScreenFlow()
+    {
+        // The library's windows go while there still is an application for them.
+        ApplicationEnd::perform(ApplicationEnd::Phase::MainThread, [this] {
+            m_coordinator.reset();
+            if (m_invocationManager)
+                m_invocationManager->closeWindows();
+        });
+    }
+
     void startInvocation(unsigned events, std::function<void()> display) override
     {
         if (!m_invocationManager)
@@ -32,6 +43,7 @@ public:
 
     void open(const FlowServices &services, std::function<void()> onFinish) override
     {
+        Fonts::registerFonts(); // the host may not have got to its event loop yet
         m_brandingService.start();
         m_coordinator = std::make_shared<WXLCoordinator>(services, m_brandingService.branding());
         m_coordinator->onCoordinatorFinish = [this, onFinish = std::move(onFinish)] {
@@ -55,9 +67,6 @@ public:
 private:
     std::unique_ptr<WexelInvocationManager> makeInvocationManager(std::function<void()> display)
     {
-        // Its windows go while there still is an application for them.
-        ApplicationEnd::perform(ApplicationEnd::Phase::MainThread,
-                                [this] { m_invocationManager->closeWindows(); });
         return std::make_unique<WexelInvocationManager>(WexelInvocationManager::Collaborators{
             .appRepository = WXLAppRepository::sharedInstance(),
             .userEventReporter = WXLUserEventReporter::shared(),

@@ -34,7 +34,8 @@ void WexelInvocationManager::start()
     auto *application = qobject_cast<QGuiApplication *>(QCoreApplication::instance());
     if (application == nullptr)
         return;
-    Fonts::registerFonts();
+    // Not now: looking into the platform's typefaces for the first time takes several milliseconds.
+    QMetaObject::invokeMethod(application, Fonts::registerFonts, Qt::QueuedConnection);
     setupInvocationEnvironment(application);
 }
 
@@ -44,7 +45,8 @@ void WexelInvocationManager::setupInvocationEnvironment(QObject *application)
     if (containsWexelInvocationEvent(WexelInvocationEventMotion) && !std::exchange(m_listensToMotion, true))
         new MotionListener(application, [this] { motionBegan(); });
     if (containsWexelInvocationEvent(WexelInvocationEventButton))
-        setupFloatingButton();
+        QMetaObject::invokeMethod(
+            application, [this] { setupFloatingButton(); }, Qt::QueuedConnection);
     if (containsWexelInvocationEvent(WexelInvocationEventScreenshot))
         setupScreenshotTrigger(application);
     if (containsWexelInvocationEvent(WexelInvocationEventRightEdgePan))

@@ -58,7 +58,7 @@ QImage WXLScreenshotView::bakedImage() const
 
 void WXLScreenshotView::touchesBegan(const QPointF &point)
 {
-    m_isTouched = true;
+    m_touch = m_isBlurringEnabled ? Touch::Blurs : Touch::Draws;
     if (m_isBlurringEnabled)
         beginBlurring(point);
     else
@@ -67,26 +67,22 @@ void WXLScreenshotView::touchesBegan(const QPointF &point)
 
 void WXLScreenshotView::touchesMoved(const QPointF &point)
 {
-    if (m_isBlurringEnabled)
+    if (m_touch == Touch::Blurs)
         continueBlurring(point);
     else
         m_overlayView->touchesMoved(point - m_imageFrame.topLeft());
 }
 
+// However it ends, also when the system takes the finger away or another one has changed the tool: a stroke is never left
+// half-drawn.
 void WXLScreenshotView::touchesEnded()
 {
-    if (!m_isBlurringEnabled)
-        m_overlayView->touchesEnded();
-    else if (NeedScreenshotBlock)
-        NeedScreenshotBlock();
-}
-
-// However it ends, also when the system takes the finger away: a stroke is never left half-drawn.
-void WXLScreenshotView::endTouch()
-{
     m_finger.reset();
-    if (std::exchange(m_isTouched, false))
-        touchesEnded();
+    const Touch touch = std::exchange(m_touch, Touch::None);
+    if (touch == Touch::Draws)
+        m_overlayView->touchesEnded();
+    else if (touch == Touch::Blurs && NeedScreenshotBlock)
+        NeedScreenshotBlock();
 }
 
 void WXLScreenshotView::beginBlurring(const QPointF &point)
@@ -126,7 +122,7 @@ QPointF WXLScreenshotView::getCurrentPointFrom(const QPointF &point) const
 void WXLScreenshotView::touchEvent(QTouchEvent *event)
 {
     for (const QEventPoint &point : event->points()) {
-        if (point.state() == QEventPoint::Pressed && !m_isTouched) {
+        if (point.state() == QEventPoint::Pressed && m_touch == Touch::None) {
             m_finger = point.id();
             touchesBegan(point.position());
         } else if (point.id() != m_finger) {
@@ -134,38 +130,38 @@ void WXLScreenshotView::touchEvent(QTouchEvent *event)
         } else if (point.state() == QEventPoint::Updated) {
             touchesMoved(point.position());
         } else if (point.state() == QEventPoint::Released) {
-            endTouch();
+            touchesEnded();
         }
     }
 }
 
 void WXLScreenshotView::touchUngrabEvent()
 {
-    endTouch();
+    touchesEnded();
 }
 
 void WXLScreenshotView::mousePressEvent(QMouseEvent *event)
 {
-    if (!m_isTouched)
+    if (m_touch == Touch::None)
         touchesBegan(event->position());
 }
 
 void WXLScreenshotView::mouseMoveEvent(QMouseEvent *event)
 {
-    if (m_isTouched && !m_finger)
+    if (m_touch != Touch::None && !m_finger)
         touchesMoved(event->position());
 }
 
 void WXLScreenshotView::mouseReleaseEvent(QMouseEvent * /*event*/)
 {
     if (!m_finger)
-        endTouch();
+        touchesEnded();
 }
 
 void WXLScreenshotView::mouseUngrabEvent()
 {
     if (!m_finger)
-        endTouch();
+        touchesEnded();
 }
 
 } // namespace wexel

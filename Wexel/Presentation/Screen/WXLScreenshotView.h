@@ -49,11 +49,12 @@ protected:
     void mouseUngrabEvent() override;
 
 private:
+    enum class Touch { None, Draws, Blurs };
+
     // Points are in the coordinates of the canvas.
     void touchesBegan(const QPointF &point);
     void touchesMoved(const QPointF &point);
     void touchesEnded();
-    void endTouch();
     void beginBlurring(const QPointF &point);
     void continueBlurring(const QPointF &point);
     void dab(const QPointF &pixel);
@@ -63,7 +64,7 @@ private:
     WXLOverlayView *m_overlayView;
     QRectF m_imageFrame;
     bool m_isBlurringEnabled = false;
-    bool m_isTouched = false;
+    Touch m_touch = Touch::None;
     std::optional<int> m_finger;
     QPointF m_previousTouchedPoint; ///< the last blurred one, in pixels of the image
     double m_screenshotImageViewRatioWidth
