@@ -49,10 +49,9 @@ QImage WXLScreenshotView::bakedImage() const
     if (image.size() != size)
         image = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     image.setDevicePixelRatio(ratio);
-    if (!m_isBlurringEnabled) {
-        QPainter painter(&image);
-        m_overlayView->drawStroke(painter);
-    }
+    QPainter painter(&image);
+    m_overlayView->drawStroke(painter);
+    painter.end();
     return image;
 }
 
