@@ -31,12 +31,14 @@ QByteArray hostPropertyList()
 
 } // namespace
 
-InstalledHost::InstalledHost(const QString &backendUrl)
+InstalledHost::InstalledHost(const QString &backendUrl) : InstalledHost(backendUrl, builtHost) { }
+
+InstalledHost::InstalledHost(const QString &backendUrl, QString program) : m_program(std::move(program))
 {
     // The host finds the library at the same place relative to itself as in the build tree.
-    const QString libraryFolder = QDir(QFileInfo(builtHost).path() + QStringLiteral("/.."))
+    const QString libraryFolder = QDir(QFileInfo(m_program).path() + QStringLiteral("/.."))
                                       .relativeFilePath(QFileInfo(builtLibrary).path());
-    install(builtHost, QStringLiteral("bin"));
+    install(m_program, QStringLiteral("bin"));
     install(builtLibrary, libraryFolder);
     install(builtBundle, QStringLiteral("share/wexel"));
     QFile list(m_folder.filePath(QStringLiteral("bin/Info.plist")));
@@ -57,10 +59,12 @@ void InstalledHost::pointTo(const QString &backendUrl) const
     pointToBackend(m_folder.path(), backendUrl);
 }
 
-std::unique_ptr<HostProcess> InstalledHost::run(const QStringList &arguments) const
+std::unique_ptr<HostProcess> InstalledHost::run(const QStringList &arguments,
+                                                const QProcessEnvironment &extra) const
 {
-    return std::make_unique<HostProcess>(m_folder.filePath(QStringLiteral("home")),
-                                         m_folder.filePath(QStringLiteral("bin/EndToEndHost")), arguments);
+    return std::make_unique<HostProcess>(
+        m_folder.filePath(QStringLiteral("home")),
+        m_folder.filePath(QStringLiteral("bin/") + QFileInfo(m_program).fileName()), arguments, extra);
 }
 
 void InstalledHost::authorize() const
@@ -94,8 +98,8 @@ std::shared_ptr<UserDefaults> InstalledHost::userDefaults() const
 
 QString InstalledHost::dataFolder() const
 {
-    return HostProcess::dataFolder(m_folder.filePath(QStringLiteral("home")))
-        + QStringLiteral("/EndToEndHost");
+    return HostProcess::dataFolder(m_folder.filePath(QStringLiteral("home"))) + u'/'
+        + QFileInfo(m_program).fileName();
 }
 
 } // namespace wexel

@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QProcessEnvironment>
-
 #include "Support/Wait.h"
 
 namespace wexel {
 
-HostProcess::HostProcess(const QString &home, const QString &program, const QStringList &arguments)
+HostProcess::HostProcess(const QString &home, const QString &program, const QStringList &arguments,
+                         const QProcessEnvironment &extra)
 {
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("HOME"), home);
@@ -16,6 +15,7 @@ HostProcess::HostProcess(const QString &home, const QString &program, const QStr
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home + QStringLiteral("/config"));
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     environment.insert(QStringLiteral("QT_FORCE_STDERR_LOGGING"), QStringLiteral("1"));
+    environment.insert(extra);
     m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     QObject::connect(&m_process, &QProcess::readyRead, &m_process,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 
@@ -11,7 +12,9 @@ namespace wexel {
 class HostProcess
 {
 public:
-    HostProcess(const QString &home, const QString &program, const QStringList &arguments);
+    /// \param extra added to the environment of the test
+    HostProcess(const QString &home, const QString &program, const QStringList &arguments,
+                const QProcessEnvironment &extra = {});
     ~HostProcess();
     HostProcess(const HostProcess &) = delete;
     HostProcess &operator=(const HostProcess &) = delete;

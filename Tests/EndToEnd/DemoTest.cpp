@@ -1,0 +1,257 @@
+#include "DemoTest.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QJsonObject>
+#include <QProcessEnvironment>
+
+#include "Platform/PropertyList.h"
+#include "Support/Wait.h"
+
+namespace wexel {
+
+namespace {
+
+const QColor flowBlue(0x11, 0x44, 0xf1);
+constexpr int shadowReach = 26; // of the button's window beyond the button
+constexpr int barHeight = 64;
+
+QStringList clientOf(const Demo &demo)
+{
+    QString error;
+    const auto keys
+        = readPropertyList(demo.propertyList, error).value_or(QVariantMap()).value(QStringLiteral("Wexel"));
+    const auto key = [&keys](const char *name) { return keys.toMap().value(QLatin1String(name)).toString(); };
+    return {QStringLiteral("--client"), key("APIClientID") + u':' + key("APIClientSecret")};
+}
+
+bool isLike(QRgb pixel, const QColor &color)
+{
+    constexpr int tolerance = 8;
+    return std::abs(qRed(pixel) - color.red()) <= tolerance
+        && std::abs(qGreen(pixel) - color.green()) <= tolerance
+        && std::abs(qBlue(pixel) - color.blue()) <= tolerance;
+}
+
+} // namespace
+
+Demo cafe()
+{
+    return {"Cafe",     QStringLiteral(DEMO_CAFE), QStringLiteral(DEMO_CAFE_PROPERTY_LIST),
+            {110, 230}, "Page: Flat white",        {195, 60},
+            {370, 600}};
+}
+
+Demo editor()
+{
+    return {"Editor",  QStringLiteral(DEMO_EDITOR), QStringLiteral(DEMO_EDITOR_PROPERTY_LIST),
+            {48, 97},  "Note: River walk",          {900, 620},
+            {560, 400}};
+}
+
+void PrintTo(const Demo &demo, std::ostream *stream)
+{
+    *stream << demo.name;
+}
+
+std::string DemoTest::nameOf(const testing::TestParamInfo<ParamType> &info)
+{
+    return std::get<0>(info.param).name + std::string(std::get<1>(info.param) ? "Composited" : "");
+}
+
+DemoTest::DemoTest()
+    : receiver(folder.filePath(QStringLiteral("data")), clientOf(demo()))
+    , desktop(std::get<1>(GetParam()))
+    , installation(receiver.url(), demo().program)
+{
+    if (!isEditor())
+        startMenu();
+}
+
+void DemoTest::startMenu()
+{
+    m_menu = std::make_unique<ChildProcess>(QStringLiteral(CAFE_MENU_SERVICE),
+                                            QStringList{QStringLiteral("--listen=127.0.0.1:0")});
+    const QByteArray url = m_menu->readLine().replace("Listening on ", "").replace("127.0.0.1", "localhost");
+    m_arguments = {QStringLiteral("--menu"), QString::fromUtf8(url)};
+}
+
+void DemoTest::open()
+{
+    QProcessEnvironment extra;
+    extra.insert(QStringLiteral("DISPLAY"), desktop.display());
+    extra.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    extra.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
+    m_host = installation.run(m_arguments, extra);
+    EXPECT_TRUE(m_host->waitForOutput("Authentication succeeded")) << m_host->output().constData();
+    EXPECT_TRUE(isEditor() || m_host->waitForOutput("Menu: ready"));
+    mainWindow = 0;
+    EXPECT_TRUE(spinUntil([this] {
+        mainWindow = desktop.activeWindow();
+        return mainWindow != 0 && !button().isNull();
+    })) << m_host->output().constData();
+    desktop.settle(stage());
+}
+
+void DemoTest::quit()
+{
+    EXPECT_TRUE(spinUntil([this] { return desktop.activeWindow() == mainWindow; }));
+    desktop.xdotool(QStringLiteral("key alt+F4"));
+    EXPECT_TRUE(m_host->waitForEnd() && m_host->leftCleanly()) << m_host->output().constData();
+}
+
+bool DemoTest::answers() const
+{
+    const auto before = m_host->output().count(demo().answer);
+    desktop.click(onScreen(demo().spot));
+    return spinUntil([&] { return m_host->output().count(demo().answer) > before; });
+}
+
+QRect DemoTest::stage() const
+{
+    for (const auto &window : desktop.windows()) {
+        if (window.id == mainWindow)
+            return window.geometry;
+    }
+    return {};
+}
+
+std::optional<Desktop::Window> DemoTest::windowTitled(const QString &title) const
+{
+    for (const auto &window : desktop.windows()) {
+        if (window.title.startsWith(title) && window.id != mainWindow)
+            return window;
+    }
+    return {};
+}
+
+std::optional<Desktop::Window> DemoTest::flow() const
+{
+    for (const auto &window : desktop.windows()) {
+        if (window.geometry == stage() && window.id != mainWindow)
+            return window;
+    }
+    return {};
+}
+
+std::optional<Desktop::Window> DemoTest::buttonWindow() const
+{
+    constexpr QSize largest(170, 110);
+    for (const auto &window : desktop.windows()) {
+        const QSize size = window.geometry.size();
+        if (window.id != mainWindow && size.boundedTo(largest) == size)
+            return window;
+    }
+    return {};
+}
+
+QRect DemoTest::button() const
+{
+    const auto window = buttonWindow();
+    return window ? window->geometry.adjusted(shadowReach, shadowReach, -shadowReach, -shadowReach)
+                        .translated(-stage().topLeft())
+                  : QRect();
+}
+
+void DemoTest::dropButtonAt(const QPoint &place) const
+{
+    const QPoint hand = onScreen(button().center());
+    desktop.drag({hand, hand + place - button().topLeft()});
+}
+
+bool DemoTest::flowOpens() const
+{
+    return spinUntil([this] {
+        const auto window = flow();
+        const QRgb corner = desktop.picture({onScreen({2, 2}), QSize(1, 1)}).pixel(0, 0);
+        return window && desktop.windows().last() == *window && desktop.activeWindow() == window->id
+            && QColor(corner) == flowBlue;
+    });
+}
+
+bool DemoTest::flowGivesBackTo(quint32 window) const
+{
+    return spinUntil([this, window] { return !flow() && desktop.activeWindow() == window; });
+}
+
+QRect DemoTest::toolOnScreen(Tool tool) const
+{
+    constexpr int widest = 520;
+    constexpr int tools = 4;
+    const QRect below = stage();
+    const int width = std::min(below.width(), widest);
+    return {below.center().x() - width / 2 + int(tool) * width / tools, below.bottom() - barHeight + 1,
+            width / tools, barHeight};
+}
+
+std::optional<QPoint> DemoTest::find(const QColor &color, const QRect &area) const
+{
+    constexpr int enough = 10; // pixels
+    const QImage picture = desktop.picture(area);
+    QPoint sum;
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (isLike(picture.pixel(x, y), color)) {
+                sum += QPoint(x, y);
+                ++count;
+            }
+        }
+    }
+    return count < enough ? std::nullopt : std::optional(area.topLeft() + sum / count);
+}
+
+bool DemoTest::isSelected(Tool tool, const QColor &color) const
+{
+    return spinUntil([&] { return find(color, toolOnScreen(tool)).has_value(); });
+}
+
+void DemoTest::select(Tool tool, const QColor &color) const
+{
+    desktop.click(toolOnScreen(tool).center());
+    EXPECT_TRUE(isSelected(tool, color));
+}
+
+void DemoTest::chooseColor(const QColor &color) const
+{
+    const QRect toolbar = toolOnScreen(Tool::Clear) | toolOnScreen(Tool::Palette);
+    const QColor purple(0x65, 0x52, 0xff); // shown by the open palette only
+    desktop.click(toolOnScreen(Tool::Palette).center());
+    ASSERT_TRUE(spinUntil([&] { return find(purple, toolbar) && find(color, toolbar); })) << "no palette";
+    desktop.settle(toolbar);
+    desktop.click(*find(color, toolbar));
+    EXPECT_TRUE(spinUntil([&] { return !find(purple, toolbar); })) << "the palette does not close";
+    EXPECT_TRUE(isSelected(Tool::Draw, color));
+}
+
+QRect DemoTest::imageOnScreen() const
+{
+    constexpr int titleHeight = 50;
+    const QRect between = stage().adjusted(0, titleHeight, 0, -barHeight);
+    desktop.settle(between); // the blue is there a moment before the picture is in its place
+    const QImage picture = desktop.picture(between);
+    QRect image;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (QColor(picture.pixel(x, y)) != flowBlue)
+                image |= QRect(x, y, 1, 1);
+        }
+    }
+    return image.translated(between.topLeft());
+}
+
+QImage DemoTest::receivedScreenshot(int number) const
+{
+    QJsonArray reports;
+    EXPECT_TRUE(spinUntil([&] {
+        reports = receiver.reports();
+        return reports.size() > number;
+    })) << "no report arrives";
+    EXPECT_EQ(reports.size(), number + 1);
+    const QJsonObject screenshot = reports.last().toObject().value(u"screenshot").toObject();
+    EXPECT_EQ(screenshot.value(u"name").toString(), QStringLiteral("screenshot.jpg"));
+    return QImage(screenshot.value(u"path").toString()).convertToFormat(QImage::Format_RGB32);
+}
+
+} // namespace wexel
