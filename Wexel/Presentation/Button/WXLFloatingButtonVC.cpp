@@ -60,9 +60,8 @@ void WXLFloatingButtonVC::setFrame(const QRectF &frame)
 
 QRectF WXLFloatingButtonVC::buttonInWindow() const
 {
-    // The window lies on whole pixels.
-    const QPointF origin = position() - Stage::shared().geometry().topLeft();
-    return m_frame.translated(-origin);
+    constexpr double reach = View::shadowReach;
+    return {frameOffset() + QPointF(reach, reach), m_frame.size()};
 }
 
 void WXLFloatingButtonVC::paintEvent(QPaintEvent * /*event*/)

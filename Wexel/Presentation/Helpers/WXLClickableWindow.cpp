@@ -1,13 +1,32 @@
 #include "Presentation/Helpers/WXLClickableWindow.h"
 
+#include <QBitmap>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QPainter>
 
 #include "Platform/WindowSystem.h"
 #include "Presentation/Helpers/HostWindows.h"
 #include "Presentation/Helpers/Stage.h"
 
 namespace wexel {
+
+namespace {
+
+/// Those whose centre is inside.
+QRegion pixelsWithin(const QPainterPath &shape, const QSize &size)
+{
+    if (size.isEmpty())
+        return {};
+    QBitmap bitmap(size);
+    bitmap.clear();
+    QPainter painter(&bitmap);
+    painter.fillPath(shape, Qt::color1);
+    painter.end();
+    return QRegion(bitmap);
+}
+
+} // namespace
 
 WXLClickableWindow::WXLClickableWindow()
 {
@@ -21,11 +40,11 @@ WXLClickableWindow::WXLClickableWindow()
 
 void WXLClickableWindow::setContent(const QRectF &frame, const QPainterPath &shape)
 {
-    const bool isSameShape = shape == m_shape && frame.size() == m_frame.size();
+    const QPainterPath before = m_shape.translated(frameOffset());
     m_frame = frame;
     m_shape = shape;
     place();
-    if (!isSameShape)
+    if (m_shape.translated(frameOffset()) != before)
         cutOut();
     update();
 }
@@ -50,6 +69,8 @@ void WXLClickableWindow::followStage()
     place();
     if (!isVisible())
         show();
+    if (below != stage.window())
+        raise(); // a dialog is put above what was opened from it whenever its own window is touched
 }
 
 void WXLClickableWindow::place()
@@ -57,11 +78,16 @@ void WXLClickableWindow::place()
     setGeometry(m_frame.translated(Stage::shared().geometry().topLeft()).toAlignedRect());
 }
 
+QPointF WXLClickableWindow::frameOffset() const
+{
+    return m_frame.topLeft() - QPointF(m_frame.toAlignedRect().topLeft());
+}
+
 void WXLClickableWindow::cutOut()
 {
     if (!handle())
         return;
-    const QRegion region(m_shape.toFillPolygon().toPolygon());
+    const QRegion region = pixelsWithin(m_shape.translated(frameOffset()), size());
     m_isBlended = isComposited();
     setMask(m_isBlended ? QRegion() : region);
     setInputRegion(*this, region);

@@ -23,6 +23,8 @@ public:
     /// From now on it is shown whenever the stage is.
     void present();
     [[nodiscard]] bool isBlended() const { return m_isBlended; }
+    /// Where in the window, which lies on whole points, the frame begins.
+    [[nodiscard]] QPointF frameOffset() const;
 
 protected:
     bool event(QEvent *event) override;
