@@ -19,7 +19,7 @@ bool ShakeDetector::moved(Time now, double value)
         m_swings.pop_front();
     if (m_swings.size() < swings)
         return false;
-    *this = ShakeDetector(m_amplitude);
+    m_swings.clear(); // what is left of this swing is none of the next shake's
     return true;
 }
 

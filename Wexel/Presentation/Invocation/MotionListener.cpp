@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include <QEvent>
+#include <QMoveEvent>
 
 #include "Platform/Accelerometer.h"
 #include "Platform/BackgroundThread.h"
@@ -60,17 +60,17 @@ void MotionListener::watchDevice()
 bool MotionListener::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Move && watched->isWindowType())
-        windowMoved(static_cast<QWindow *>(watched));
+        windowMoved(static_cast<QWindow *>(watched), static_cast<QMoveEvent *>(event)->pos().x());
     return false;
 }
 
-void MotionListener::windowMoved(QWindow *window)
+void MotionListener::windowMoved(QWindow *window, int x)
 {
     if (!window->isTopLevel() || isPopup(window) || isOwn(window))
         return;
     if (std::exchange(m_window, window) != window)
         m_detector = ShakeDetector(windowAmplitude);
-    if (m_detector.moved(ShakeDetector::Time(m_time.elapsed()), window->x()))
+    if (m_detector.moved(ShakeDetector::Time(m_time.elapsed()), x))
         m_shaken();
 }
 

@@ -23,7 +23,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void windowMoved(QWindow *window);
+    void windowMoved(QWindow *window, int x);
     void watchDevice();
 
     const std::function<void()> m_shaken;

@@ -49,6 +49,9 @@ bool WexelEdgePanRecognizer::eventFilter(QObject *watched, QEvent *event)
         setState(GestureState::Cancelled);
         return false;
     }
+    if (event->type() == QEvent::MouseButtonPress
+        && static_cast<QMouseEvent *>(event)->button() != Qt::LeftButton)
+        return false;
     for (const QEventPoint &point : static_cast<const QPointerEvent *>(event)->points()) {
         if (point.state() == QEventPoint::Pressed)
             pressed(static_cast<QWindow *>(watched), point);

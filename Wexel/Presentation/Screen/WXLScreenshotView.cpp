@@ -120,6 +120,8 @@ QPointF WXLScreenshotView::getCurrentPointFrom(const QPointF &point) const
 
 void WXLScreenshotView::touchEvent(QTouchEvent *event)
 {
+    if (event->type() == QEvent::TouchCancel) // comes without an ungrab
+        return touchesEnded();
     for (const QEventPoint &point : event->points()) {
         if (point.state() == QEventPoint::Pressed && m_touch == Touch::None) {
             m_finger = point.id();
@@ -151,9 +153,9 @@ void WXLScreenshotView::mouseMoveEvent(QMouseEvent *event)
         touchesMoved(event->position());
 }
 
-void WXLScreenshotView::mouseReleaseEvent(QMouseEvent * /*event*/)
+void WXLScreenshotView::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (!m_finger)
+    if (!m_finger && event->button() == Qt::LeftButton)
         touchesEnded();
 }
 
