@@ -6,20 +6,16 @@ Item {
     id: fan
 
     required property WXLToolbarContainerView container
-    readonly property int count: container.paletteColors.length
-    readonly property real slot: width / (count + 1) // the last one is the closing button's
-    property bool shown: false
-    property real colorsOpacity: 0
+    readonly property real slot: grey.slot
     readonly property int duration: container.colorAnimationMilliseconds
+    property bool shown: false
 
     function show() {
-        for (let i = 0; i < count; ++i)
-            buttons.itemAt(i).grown = 0;
         hiding.stop();
-        colorsOpacity = 1;
+        colors.opacity = 1;
         shown = true;
-        for (let i = 0; i < count; ++i)
-            buttons.itemAt(i).pop();
+        for (const button of [grey, yellow, green, blue, purple, red])
+            button.pop();
     }
     function hide() {
         shown = false;
@@ -30,99 +26,62 @@ Item {
 
     NumberAnimation {
         id: hiding
-        target: fan
-        property: "colorsOpacity"
+        target: colors
+        property: "opacity"
         to: 0
         duration: fan.duration
     }
+    Item {
+        id: colors
+        anchors.fill: parent
+        enabled: fan.shown
+        opacity: 0
 
-    Repeater {
-        id: buttons
-        model: fan.container.paletteColors
-
-        Tappable {
-            id: button
-
-            required property int index
-            required property color modelData
-            property real grown: 0 // 0 to 1
-            readonly property bool isCurrent: index === fan.container.currentDrawingColorIndex
-
-            function pop() {
-                popping.restart();
-            }
-
-            name: qsTranslate("Wexel", "Colour %1").arg(index + 1)
-            x: fan.width - (index + 2) * fan.slot
-            width: fan.slot
-            height: fan.height
-            enabled: fan.shown
-            opacity: grown * fan.colorsOpacity
-            onTapped: fan.container.colorButtonPressed(index)
-
-            SequentialAnimation {
-                id: popping
-                PauseAnimation { duration: button.index * 1000 / 15 / fan.count }
-                NumberAnimation {
-                    target: button
-                    property: "grown"
-                    to: 1
-                    duration: fan.duration
-                    easing.type: Easing.OutQuad
-                }
-            }
-            Rectangle {
-                id: disc
-                readonly property real full: fan.container.paletteButtonSize / 2
-                readonly property real target: button.isCurrent ? fan.container.selectedColorBorderWidth : full
-                property real ring // a border as wide as the radius fills the disc
-
-                onTargetChanged: {
-                    if (fan.shown)
-                        selecting.restart();
-                    else
-                        ring = target;
-                }
-                Component.onCompleted: ring = target
-
-                anchors.centerIn: parent
-                width: fan.container.paletteButtonSize * button.grown
-                height: width
-                radius: width / 2
-                color: ring < full ? "transparent" : button.modelData
-                border.color: button.modelData
-                border.width: ring
-
-                NumberAnimation {
-                    id: selecting
-                    target: disc
-                    property: "ring"
-                    to: disc.target
-                    duration: fan.container.colorBorderAnimationMilliseconds
-                    onFinished: {
-                        if (button.isCurrent)
-                            fan.container.colorSelected();
-                    }
-                }
-            }
-            FocusFrame {
-                control: button
-                anchors.margins: 4
-            }
+        PaletteButton {
+            id: red
+            container: fan.container
+            index: 5
+        }
+        PaletteButton {
+            id: purple
+            container: fan.container
+            index: 4
+        }
+        PaletteButton {
+            id: blue
+            container: fan.container
+            index: 3
+        }
+        PaletteButton {
+            id: green
+            container: fan.container
+            index: 2
+        }
+        PaletteButton {
+            id: yellow
+            container: fan.container
+            index: 1
+        }
+        PaletteButton {
+            id: grey
+            container: fan.container
+            index: 0
         }
     }
     Tappable {
         id: closeButton
         name: qsTranslate("Wexel", "Close palette")
-        x: fan.width - fan.slot
+        anchors.right: parent.right
         width: fan.slot
-        height: fan.height
+        height: parent.height
         enabled: fan.shown
         opacity: fan.shown ? 1 : 0
         onTapped: fan.container.clearPaletteButtonPressed()
 
         Behavior on opacity {
-            NumberAnimation { duration: fan.duration }
+            NumberAnimation {
+                duration: fan.duration
+            }
         }
         Artwork {
             anchors.centerIn: parent
@@ -133,7 +92,9 @@ Item {
             rotation: fan.shown ? 90 : 0
 
             Behavior on rotation {
-                NumberAnimation { duration: fan.duration }
+                NumberAnimation {
+                    duration: fan.duration
+                }
             }
         }
         FocusFrame {

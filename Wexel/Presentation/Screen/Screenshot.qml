@@ -10,6 +10,7 @@ WXLScreenshotVC {
     screenshotView: canvas
     toolbar: tools
     navigationBarBottom: bar.y + bar.height
+    Keys.onEscapePressed: screen.closeButtonTapped()
 
     Rectangle {
         anchors.fill: parent

@@ -8,7 +8,7 @@ WXLToolbarContainerView {
     property real spaceBelow: 0
     readonly property int fadeMilliseconds: 100
 
-    implicitHeight: 64
+    implicitHeight: Math.max(64, toolbarStack.implicitHeight + 12)
 
     Item { // white down to the edge of the screen, so that only the upper corners are round
         anchors.top: parent.top
@@ -25,33 +25,33 @@ WXLToolbarContainerView {
     }
     Row {
         id: toolbarStack
-        anchors.fill: parent
+        anchors.verticalCenter: parent.verticalCenter
+        width: parent.width
         visible: opacity > 0
 
-        Repeater {
-            model: [
-                { tool: WXLToolbarContainerView.Clear, title: qsTranslate("Wexel", "CLEAR"), image: "clear" },
-                { tool: WXLToolbarContainerView.Blur, title: qsTranslate("Wexel", "BLUR"), image: "blur" },
-                { tool: WXLToolbarContainerView.Draw, title: qsTranslate("Wexel", "DRAW"), image: "draw" },
-                { tool: WXLToolbarContainerView.Palette, title: qsTranslate("Wexel", "PALETTE"), image: "palette" }
-            ]
-
-            Item {
-                id: place
-                required property var modelData
-                width: toolbarStack.width / 4
-                height: toolbarStack.height
-
-                WXLToolbarControl {
-                    anchors.verticalCenter: parent.verticalCenter
-                    width: parent.width
-                    title: place.modelData.title
-                    image: place.modelData.image
-                    selected: toolbar.selectedTool === place.modelData.tool
-                    selectionColor: toolbar.selectionColor
-                    onTapped: toolbar.toolPressed(place.modelData.tool)
-                }
-            }
+        WXLToolbarControl {
+            container: toolbar
+            tool: WXLToolbarContainerView.Clear
+            title: qsTranslate("Wexel", "CLEAR")
+            image: "clear"
+        }
+        WXLToolbarControl {
+            container: toolbar
+            tool: WXLToolbarContainerView.Blur
+            title: qsTranslate("Wexel", "BLUR")
+            image: "blur"
+        }
+        WXLToolbarControl {
+            container: toolbar
+            tool: WXLToolbarContainerView.Draw
+            title: qsTranslate("Wexel", "DRAW")
+            image: "draw"
+        }
+        WXLToolbarControl {
+            container: toolbar
+            tool: WXLToolbarContainerView.Palette
+            title: qsTranslate("Wexel", "PALETTE")
+            image: "palette"
         }
     }
     Palette {

@@ -15,6 +15,7 @@ using Toolbar = WXLToolbarContainerView;
 
 WXLScreenshotVC::WXLScreenshotVC(QQuickItem *parent) : QQuickItem(parent)
 {
+    setFlag(ItemIsFocusScope);
     connect(this, &WXLScreenshotVC::layoutChanged, this, &WXLScreenshotVC::layOutImage);
 }
 

@@ -5,15 +5,18 @@ import Wexel.Screens
 Tappable {
     id: control
 
-    property string title
-    property string image
-    property bool selected
-    property color selectionColor
+    required property WXLToolbarContainerView container
+    required property int tool
+    required property string title
+    required property string image
+    readonly property bool selected: container.selectedTool === tool
+    readonly property color selectionColor: container.selectionColor
 
     name: title
+    onTapped: container.toolPressed(tool)
     Accessible.checkable: true
     Accessible.checked: selected
-    implicitWidth: stack.implicitWidth
+    width: container.width / 4
     implicitHeight: stack.implicitHeight + stack.anchors.topMargin
 
     Column {
@@ -31,10 +34,13 @@ Tappable {
             name: control.image
             tint: control.selected ? control.selectionColor : Theme.inactiveGrey
         }
-        Text {
+        Label {
             anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.min(implicitWidth, control.width - 4)
+            fontSizeMode: Text.HorizontalFit
+            horizontalAlignment: Text.AlignHCenter
+            minimumPixelSize: 8
             text: control.title
-            textFormat: Text.PlainText
             font: Theme.bold(10)
             color: control.selected ? control.selectionColor : Theme.coolGrey
         }
