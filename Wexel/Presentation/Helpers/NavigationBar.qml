@@ -14,7 +14,8 @@ Item {
 
     Item {
         id: left
-        x: bar.sideMargin
+        anchors.left: parent.left
+        anchors.leftMargin: bar.sideMargin
         width: childrenRect.width
         height: parent.height
     }

@@ -31,7 +31,16 @@ void PictureItem::paint(QPainter *painter)
         outline.addRoundedRect(boundingRect(), m_cornerRadius, m_cornerRadius);
         painter->setClipPath(outline, Qt::IntersectClip);
     }
-    painter->drawImage(boundingRect(), m_image, QRectF(m_image.rect()));
+    painter->drawImage(boundingRect(), m_image, source());
+}
+
+QRectF PictureItem::source() const
+{
+    QRectF part = m_image.rect();
+    if (m_fills)
+        part.setSize(size().scaled(part.size(), Qt::KeepAspectRatio));
+    part.moveCenter(QRectF(m_image.rect()).center());
+    return part;
 }
 
 } // namespace wexel

@@ -5,12 +5,20 @@
 
 namespace wexel {
 
-/// An image, drawn as large as the item.
+/// Lets QML know the type of images.
+struct ImageForQml {
+    Q_GADGET
+    QML_FOREIGN(QImage)
+    QML_ANONYMOUS
+};
+
+/// An image, drawn as large as the item. One that `fills` it keeps its proportions, and what is too much is cut off.
 class PictureItem : public QQuickPaintedItem
 {
     Q_OBJECT
     QML_NAMED_ELEMENT(Picture)
     Q_PROPERTY(QImage image READ image WRITE setImage NOTIFY imageChanged)
+    Q_PROPERTY(bool fills MEMBER m_fills NOTIFY imageChanged)
     Q_PROPERTY(double cornerRadius MEMBER m_cornerRadius NOTIFY imageChanged)
 
 public:
@@ -35,7 +43,10 @@ Q_SIGNALS:
 private:
     void updatePixels(const QRect &pixels);
 
+    [[nodiscard]] QRectF source() const;
+
     QImage m_image;
+    bool m_fills = false;
     double m_cornerRadius = 0;
 };
 

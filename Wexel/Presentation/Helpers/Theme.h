@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QGuiApplication>
 #include <QObject>
 #include <qqml.h>
 
@@ -16,17 +17,46 @@ class Theme : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
+    Q_PROPERTY(bool isRightToLeft READ isRightToLeft CONSTANT)
     Q_PROPERTY(QColor white READ white CONSTANT)
+    Q_PROPERTY(QColor black READ black CONSTANT)
+    Q_PROPERTY(QColor shadow READ shadow CONSTANT)
+    Q_PROPERTY(QColor buttonShadow READ buttonShadow CONSTANT)
+    Q_PROPERTY(QColor regularGrey READ regularGrey CONSTANT)
+    Q_PROPERTY(QColor paleGrey READ paleGrey CONSTANT)
+    Q_PROPERTY(QColor lightBlue READ lightBlue CONSTANT)
     Q_PROPERTY(QColor coolGrey READ coolGrey CONSTANT)
     Q_PROPERTY(QColor inactiveGrey READ inactiveGrey CONSTANT)
+    Q_PROPERTY(QColor slate READ slate CONSTANT)
+    Q_PROPERTY(QColor gunmetal READ gunmetal CONSTANT)
+    Q_PROPERTY(QColor silver READ silver CONSTANT)
 
 public:
+    [[nodiscard]] static bool isRightToLeft() { return QGuiApplication::isRightToLeft(); }
     [[nodiscard]] static QColor white() { return Colors::whiteColor(); }
+    [[nodiscard]] static QColor black() { return Colors::blackColor(); }
+    [[nodiscard]] static QColor shadow() { return Colors::shadowColor(); }
+    [[nodiscard]] static QColor buttonShadow() { return Colors::buttonShadowColor(); }
+    [[nodiscard]] static QColor regularGrey() { return Colors::regularGrayColor(); }
+    [[nodiscard]] static QColor paleGrey() { return Colors::paleGrayColor(); }
+    [[nodiscard]] static QColor lightBlue() { return Colors::defaultLightBlueColor(); }
+    [[nodiscard]] static QColor slate() { return Colors::slateColor(); }
+    [[nodiscard]] static QColor gunmetal() { return Colors::gunmetalColor(); }
+    [[nodiscard]] static QColor silver() { return Colors::silverColor(); }
     [[nodiscard]] static QColor coolGrey() { return Colors::coolGreyColor(); }
     [[nodiscard]] static QColor inactiveGrey() { return Colors::inactiveGreyColor(); }
 
-    Q_INVOKABLE [[nodiscard]] static QFont bold(double size) { return Fonts::fontBoldOfSize(size); }
-    Q_INVOKABLE [[nodiscard]] static QFont semiBold(double size) { return Fonts::fontSemiBoldOfSize(size); }
+    // Larger where the user has the system's texts large, up to twice the size.
+    Q_INVOKABLE [[nodiscard]] static QFont bold(double size) { return Fonts::fontBoldOfSize(scaled(size)); }
+    Q_INVOKABLE [[nodiscard]] static QFont regular(double size)
+    {
+        return Fonts::fontRegularOfSize(scaled(size));
+    }
+    Q_INVOKABLE [[nodiscard]] static QFont semiBold(double size)
+    {
+        return Fonts::fontSemiBoldOfSize(scaled(size));
+    }
+    Q_INVOKABLE [[nodiscard]] static double scaled(double size);
 };
 
 } // namespace wexel

@@ -12,13 +12,15 @@ Tappable {
     implicitHeight: 44
 
     Artwork {
-        x: 4
+        anchors.left: parent.left
+        anchors.leftMargin: 4
         anchors.verticalCenter: parent.verticalCenter
         anchors.verticalCenterOffset: control.offset
         width: 18
         height: 18
         name: control.image
         tint: Theme.white
+        rotation: control.LayoutMirroring.enabled ? 180 : 0 // arrows point the other way
         opacity: control.pressed ? 0.5 : 1
 
         FocusFrame {

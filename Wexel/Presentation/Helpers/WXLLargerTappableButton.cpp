@@ -1,6 +1,7 @@
 #include "Presentation/Helpers/WXLLargerTappableButton.h"
 
 #include <cmath>
+#include <utility>
 
 #include <QMouseEvent>
 
@@ -25,15 +26,31 @@ bool WXLLargerTappableButton::contains(const QPointF &point) const
     return isPointInside(point, boundingRect(), horizontalClickableInset, verticalClickableInset);
 }
 
+void WXLLargerTappableButton::setHighlighted(bool highlighted)
+{
+    if (std::exchange(m_isHighlighted, highlighted) != highlighted)
+        Q_EMIT highlightedChanged();
+}
+
 void WXLLargerTappableButton::mousePressEvent(QMouseEvent * /*event*/)
 {
-    // Accepted, so that the release comes here.
+    setHighlighted(true);
+}
+
+void WXLLargerTappableButton::mouseMoveEvent(QMouseEvent *event)
+{
+    setHighlighted(contains(event->position()));
 }
 
 void WXLLargerTappableButton::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (contains(event->position()))
+    if (contains(event->position())) // stays highlighted: what it belongs to is about to go
         Q_EMIT tapped();
+}
+
+void WXLLargerTappableButton::mouseUngrabEvent()
+{
+    setHighlighted(false);
 }
 
 } // namespace wexel

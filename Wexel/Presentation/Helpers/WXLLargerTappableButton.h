@@ -9,6 +9,7 @@ class WXLLargerTappableButton : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
+    Q_PROPERTY(bool highlighted READ isHighlighted NOTIFY highlightedChanged)
     Q_PROPERTY(int horizontalClickableInset MEMBER horizontalClickableInset NOTIFY insetChanged)
     Q_PROPERTY(int verticalClickableInset MEMBER verticalClickableInset NOTIFY insetChanged)
 
@@ -22,15 +23,25 @@ public:
     /// cut, not rounded.
     [[nodiscard]] static bool isPointInside(const QPointF &point, const QRectF &bounds,
                                             qint32 horizontalInset, qint32 verticalInset);
+    /// While a finger is down on it, and after a tap.
+    [[nodiscard]] bool isHighlighted() const { return m_isHighlighted; }
     [[nodiscard]] bool contains(const QPointF &point) const override;
 
 Q_SIGNALS:
+    void highlightedChanged();
     void insetChanged();
     void tapped();
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseUngrabEvent() override;
+
+private:
+    void setHighlighted(bool highlighted);
+
+    bool m_isHighlighted = false;
 };
 
 } // namespace wexel

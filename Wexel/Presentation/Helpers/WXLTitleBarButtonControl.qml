@@ -12,14 +12,13 @@ Tappable {
     implicitWidth: label.implicitWidth + 25 + 4
     implicitHeight: 44
 
-    Text {
+    Label {
         id: label
         anchors.right: parent.right
         anchors.rightMargin: 4
         anchors.verticalCenter: parent.verticalCenter
         anchors.verticalCenterOffset: control.offset
         text: control.title
-        textFormat: Text.PlainText
         font: Theme.semiBold(16)
         color: Theme.white
         opacity: control.pressed ? 0.5 : 1

@@ -8,14 +8,17 @@ Item {
     property string title
     readonly property real offset: 6
 
-    Text {
+    Label {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.verticalCenter: parent.verticalCenter
         anchors.verticalCenterOffset: view.offset
         width: Math.min(implicitWidth, view.width)
         text: view.title
-        textFormat: Text.PlainText
+        fontSizeMode: Text.HorizontalFit // a long one rather gets smaller than shorter
+        minimumPixelSize: 14
         elide: Text.ElideRight
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
         font: Theme.semiBold(26)
         color: Theme.white
         Accessible.role: Accessible.Heading
