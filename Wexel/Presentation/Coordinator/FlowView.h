@@ -3,6 +3,8 @@
 #include <QImage>
 #include <QQuickItem>
 
+#include "Presentation/Coordinator/NavigationController.h"
+
 namespace wexel {
 
 /// The root of the flow's window: the screens over a picture of the application, from which they fade in and to which they
@@ -13,13 +15,13 @@ class FlowView : public QQuickItem
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QImage backdrop MEMBER m_backdrop NOTIFY backdropChanged)
-    Q_PROPERTY(QQuickItem *screens MEMBER m_screens NOTIFY screensChanged REQUIRED)
+    Q_PROPERTY(wexel::NavigationController *navigationController MEMBER m_navigationController NOTIFY
+                   navigationControllerChanged REQUIRED)
 
 public:
     using QQuickItem::QQuickItem;
 
-    /// What the screens are put into.
-    [[nodiscard]] QQuickItem *screens() const { return m_screens; }
+    [[nodiscard]] NavigationController &navigationController() const { return *m_navigationController; }
     void setBackdrop(const QImage &picture);
     /// Both begin an animation.
     void open() { Q_EMIT opening(); }
@@ -27,14 +29,14 @@ public:
 
 Q_SIGNALS:
     void backdropChanged();
-    void screensChanged();
+    void navigationControllerChanged();
     void opening();
     void closing();
     void closed(); ///< the closing animation has ended
 
 private:
     QImage m_backdrop;
-    QQuickItem *m_screens = nullptr;
+    NavigationController *m_navigationController = nullptr;
 };
 
 } // namespace wexel

@@ -7,7 +7,9 @@
 #include "Business/WXLDateProvider.h"
 #include "Business/WXLUserEventReporter.h"
 #include "Platform/ApplicationEnd.h"
+#include "Platform/MainScheduler.h"
 #include "Platform/NotificationCenter.h"
+#include "Presentation/Banner/WXLMessageBannerManager.h"
 #include "Presentation/Coordinator/WXLCoordinator.h"
 #include "Presentation/Coordinator/WXLScreenshotService.h"
 #include "Presentation/Fonts/Fonts.h"
@@ -28,6 +30,7 @@ public:
         // The library's windows go while there still is an application for them.
         ApplicationEnd::perform(ApplicationEnd::Phase::MainThread, [this] {
             m_coordinator.reset();
+            m_bannerManager.closeWindows();
             if (m_invocationManager)
                 m_invocationManager->closeWindows();
         });
@@ -45,7 +48,8 @@ public:
     {
         Fonts::registerFonts(); // the host may not have got to its event loop yet
         m_brandingService.start();
-        m_coordinator = std::make_shared<WXLCoordinator>(services, m_brandingService.branding());
+        m_coordinator
+            = std::make_shared<WXLCoordinator>(services, m_brandingService.branding(), m_bannerManager);
         m_coordinator->onCoordinatorFinish = [this, onFinish = std::move(onFinish)] {
             endCoordinator();
             onFinish();
@@ -84,6 +88,7 @@ private:
     }
 
     WXLBrandingService m_brandingService;
+    WXLMessageBannerManager m_bannerManager{MainScheduler::shared()};
     std::unique_ptr<WexelInvocationManager> m_invocationManager;
     std::shared_ptr<WXLCoordinator> m_coordinator;
 };

@@ -8,19 +8,26 @@
 #include "Business/WXLAppRepository.h"
 #include "OfflineManager/WXLUploader.h"
 #include "Platform/Log.h"
+#include "Presentation/Banner/WXLMessageBannerManager.h"
 #include "Presentation/Coordinator/FlowView.h"
 #include "Presentation/Coordinator/WXLDisplayWindow.h"
 #include "Presentation/Coordinator/WXLScreenshotService.h"
 #include "Presentation/Helpers/HostWindows.h"
 #include "Presentation/Helpers/WXLBranding.h"
+#include "Presentation/InspectBug/WXLInspectBugVC.h"
+#include "Presentation/ReportCompose/WXLReportComposeViewController.h"
+#include "Presentation/ReportCompose/WXLReportComposeViewModel.h"
+#include "Presentation/ReportingDisabled/WXLReportingDisabledPopupVC.h"
 #include "Presentation/Screen/WXLScreenshotVC.h"
 #include "Presentation/Screen/WXLScreenshotVM.h"
 
 namespace wexel {
 
-WXLCoordinator::WXLCoordinator(FlowServices services, std::shared_ptr<WXLBranding> branding)
+WXLCoordinator::WXLCoordinator(FlowServices services, std::shared_ptr<WXLBranding> branding,
+                               WXLMessageBannerManager &bannerManager)
     : m_services(std::move(services))
     , m_branding(std::move(branding))
+    , m_bannerManager(bannerManager)
 {
 }
 
@@ -41,14 +48,17 @@ void WXLCoordinator::pushEditImageScreen()
         return finish();
     }
     m_displayWindow = std::make_unique<WXLDisplayWindow>();
-    auto *editor = m_displayWindow->pushScreen<WXLScreenshotVC>("Screenshot.qml");
+    auto *editor = m_displayWindow->screen<WXLScreenshotVC>("Screenshot.qml");
     if (editor == nullptr)
         return finish();
     auto viewModel = std::make_shared<WXLScreenshotVM>(screenshot, m_reportData);
     viewModel->onDidPressNextButton = [this](const auto &reportData) { nextPressed(reportData); };
     viewModel->onDidPressCloseButton = [this] { dismiss(); };
     editor->viewDidLoad(std::move(viewModel), *m_branding, m_services.appRepository);
+    m_displayWindow->view().navigationController().pushViewController(editor, false);
     openWindow(screenshot);
+    if (!m_services.appRepository.applicationActive())
+        pushReportingDisabledPopup();
 }
 
 void WXLCoordinator::openWindow(const QImage &screenshot)
@@ -56,7 +66,7 @@ void WXLCoordinator::openWindow(const QImage &screenshot)
     m_displayWindow->onCloseRequest = [this] { dismiss(); };
     m_displayWindow->onStageLost = [this] { finish(); };
     m_displayWindow->view().setBackdrop(screenshot);
-    QObject::connect(&m_displayWindow->view(), &FlowView::closed, m_displayWindow.get(),
+    m_closed = QObject::connect(&m_displayWindow->view(), &FlowView::closed, m_displayWindow.get(),
                      [this] { finish(); });
     m_displayWindow->makeKeyAndVisible();
     m_displayWindow->view().open();
@@ -71,13 +81,75 @@ void WXLCoordinator::nextPressed(const std::shared_ptr<WXLWexelReportData> &repo
         m_userRemovedFile = nullptr;
         m_reportData = reportData;
     }
-    submit();
+    pushReportComposeScreen();
 }
 
-void WXLCoordinator::submit()
+void WXLCoordinator::pushReportingDisabledPopup()
 {
-    m_services.uploader.uploadData(m_reportData);
+    auto *popup = m_displayWindow->screen<WXLReportingDisabledPopupVC>("ReportingDisabledPopup.qml");
+    if (popup == nullptr)
+        return dismiss();
+    auto viewModel = std::make_shared<WXLReportingDisabledPopupVM>();
+    viewModel->dismissCallback = [this] { dismiss(); };
+    popup->viewDidLoad(std::move(viewModel));
+    m_displayWindow->view().navigationController().presentViewController(popup);
+}
+
+void WXLCoordinator::pushReportComposeScreen()
+{
+    auto *screen = m_displayWindow->screen<WXLReportComposeViewController>("ReportCompose.qml");
+    if (screen == nullptr)
+        return;
+    screen->viewDidLoad(composeViewModel());
+    m_firstTimeOnReportCompose = false;
+    NavigationController &navigation = m_displayWindow->view().navigationController();
+    QObject::connect(screen, &WXLReportComposeViewController::popped, screen, [this] { pop(); });
+    QObject::connect(&navigation, &NavigationController::appeared, screen, [screen](const QQuickItem *top) {
+        if (top == screen)
+            screen->viewDidAppear();
+    });
+    navigation.pushViewController(screen, true);
+}
+
+std::shared_ptr<WXLReportComposeViewModel> WXLCoordinator::composeViewModel()
+{
+    auto viewModel = std::make_shared<WXLReportComposeViewModel>(m_reportData);
+    viewModel->submitButtonPressed
+        = [this](const auto &reportData, const auto &email) { submit(reportData, email); };
+    viewModel->onDidPressDeleteAttachment = [this](const auto &file) { m_userRemovedFile = file; };
+    viewModel->onDidPressInspectButton = [this] { showInspectBugScreen(); };
+    viewModel->backButtonPressed = [this](const auto &description) { m_enteredBugDescription = description; };
+    viewModel->bugDescription = m_enteredBugDescription;
+    viewModel->emailAddress = m_services.appRepository.emailAddress();
+    viewModel->shownFirstTime = m_firstTimeOnReportCompose;
+    return viewModel;
+}
+
+void WXLCoordinator::showInspectBugScreen()
+{
+    auto *screen = m_displayWindow->screen<WXLInspectBugVC>("InspectBug.qml");
+    if (screen == nullptr)
+        return;
+    screen->viewDidLoad(std::make_unique<WXLInspectBugVM>(m_reportData), *m_branding);
+    QObject::connect(screen, &WXLInspectBugVC::popped, screen, [this] { pop(); });
+    m_displayWindow->view().navigationController().pushViewController(screen, true);
+}
+
+void WXLCoordinator::pop()
+{
+    m_displayWindow->view().navigationController().popViewController();
+}
+
+void WXLCoordinator::submit(const std::shared_ptr<WXLWexelReportData> &reportData,
+                            const std::optional<QString> &email)
+{
+    if (m_isClosing)
+        return;
+    if (email)
+        m_services.appRepository.setEmailAddress(email);
+    m_services.uploader.uploadData(reportData);
     dismiss();
+    m_bannerManager.showBanner();
 }
 
 void WXLCoordinator::dismiss()
@@ -94,6 +166,8 @@ void WXLCoordinator::finish()
 {
     if (m_displayWindow) {
         m_displayWindow->onStageLost = {};
+        m_displayWindow->onCloseRequest = {};
+        QObject::disconnect(m_closed);
         m_displayWindow->hide();
         m_displayWindow.release()->deleteLater(); // one of its own signals may have come here
     }

@@ -15,17 +15,21 @@ namespace wexel {
 
 class WXLBranding;
 class WXLDisplayWindow;
+class WXLMessageBannerManager;
+class WXLReportComposeViewModel;
 class WXLWexelFile;
 
 /// Runs one reporting flow, from the invocation to the submission or the cancellation.
 ///
-/// Not started -> editing the screenshot -> closing (the report handed on, or not) -> finished. The owner keeps it until
-/// `onCoordinatorFinish`. Main thread only.
+/// Not started -> editing the screenshot <-> composing <-> inspecting; from editing or composing -> closing (the report
+/// handed on, or not) -> finished. While the backend takes no reports of the application, a popup over the editor leads
+/// to closing, too. The owner keeps it until `onCoordinatorFinish`. Main thread only.
 class WXLCoordinator
 {
 public:
     /// \param services outlive the coordinator
-    WXLCoordinator(FlowServices services, std::shared_ptr<WXLBranding> branding);
+    WXLCoordinator(FlowServices services, std::shared_ptr<WXLBranding> branding,
+                   WXLMessageBannerManager &bannerManager);
     ~WXLCoordinator();
     WXLCoordinator(const WXLCoordinator &) = delete;
     WXLCoordinator &operator=(const WXLCoordinator &) = delete;
@@ -39,17 +43,25 @@ public:
 private:
     void pushEditImageScreen();
     void openWindow(const QImage &screenshot);
+    void pushReportingDisabledPopup();
     void nextPressed(const std::shared_ptr<WXLWexelReportData> &reportData);
-    void submit();
+    void pushReportComposeScreen();
+    [[nodiscard]] std::shared_ptr<WXLReportComposeViewModel> composeViewModel();
+    void showInspectBugScreen();
+    void submit(const std::shared_ptr<WXLWexelReportData> &reportData, const std::optional<QString> &email);
+    void pop();
     void finish();
 
     FlowServices m_services;
     std::shared_ptr<WXLBranding> m_branding;
+    WXLMessageBannerManager &m_bannerManager;
     std::shared_ptr<WXLWexelReportData> m_reportData;
     std::unique_ptr<WXLDisplayWindow> m_displayWindow;
+    QMetaObject::Connection m_closed; ///< to the window's closing animation
     QPointer<QWindow> m_applicationKeyWindow;
-    std::shared_ptr<WXLWexelFile> m_userRemovedFile;
-    std::optional<QString> m_enteredBugDescription;
+    bool m_firstTimeOnReportCompose = true;
+    std::shared_ptr<WXLWexelFile> m_userRemovedFile; ///< the last attachment that the tester removed
+    std::optional<QString> m_enteredBugDescription; ///< kept while the tester goes back
     bool m_isClosing = false;
 };
 

@@ -33,7 +33,7 @@ WXLDisplayWindow::WXLDisplayWindow()
     setGeometry(Stage::shared().geometry());
     contentItem()->setSize(size()); // the screens want to know before the window is shown
     m_engine.addImportPath(QStringLiteral(":/wexel/qml"));
-    m_view = static_cast<FlowView *>(make("Flow.qml", contentItem()));
+    m_view = static_cast<FlowView *>(make("FlowScreen.qml", contentItem()));
     connect(&Stage::shared(), &Stage::changed, this, &WXLDisplayWindow::followStage);
 }
 
@@ -62,7 +62,7 @@ QQuickItem *WXLDisplayWindow::make(const char *document, QQuickItem *parent)
 
 QQuickItem *WXLDisplayWindow::makeScreen(const char *document)
 {
-    return m_view != nullptr ? make(document, m_view->screens()) : nullptr;
+    return m_view != nullptr ? make(document, &m_view->navigationController()) : nullptr;
 }
 
 void WXLDisplayWindow::makeKeyAndVisible()

@@ -23,12 +23,12 @@ public:
     std::function<void()> onCloseRequest;
     std::function<void()> onStageLost;
 
-    /// There once a screen was pushed.
+    /// There once a screen could be made.
     [[nodiscard]] FlowView &view() const { return *m_view; }
-    /// Makes a screen of its document and puts it on top of the others, as large as the window. Null, and a line in the log,
-    /// when Qt Quick cannot make it.
+    /// Makes a screen of its document, for the navigation controller to show. Null, and a line in the log, when Qt Quick
+    /// cannot make it.
     template <typename Controller>
-    Controller *pushScreen(const char *document)
+    Controller *screen(const char *document)
     {
         return static_cast<Controller *>(makeScreen(document));
     }

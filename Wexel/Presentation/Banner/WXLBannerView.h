@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QPainterPath>
+#include <QRectF>
+
+class QPainter;
+
+namespace wexel {
+
+/// How the banner looks: a white card that rises from the lower edge, with a green check and a message. Main thread only.
+class WXLBannerView
+{
+public:
+    static constexpr double cornerRadius = 15;
+    static constexpr double shadowReach = 24; ///< of the drawing above the card
+
+    /// Of the card above the edge, of which the lower corners lie below it.
+    /// \param safeBottom what the system covers there
+    [[nodiscard]] static double bannerViewHeight(double safeBottom);
+    [[nodiscard]] static QPainterPath outline(const QRectF &card);
+    /// What the card says, for those who hear it.
+    [[nodiscard]] static QString getMessage();
+    /// \param isBlended whether the shadow can be seen; where it can't, a thin line sets the card off
+    static void paint(QPainter &painter, const QRectF &card, bool isBlended);
+};
+
+} // namespace wexel

@@ -1,0 +1,157 @@
+import QtQuick
+import Wexel.Screens
+
+// What the report will carry.
+WXLInspectBugVC {
+    id: screen
+
+    function middle(view: Item): real {
+        return view.mapToItem(screen, 0, view.height / 2).y;
+    }
+    function updateHeader() {
+        header.text = headerText([middle(strip.titleView), middle(permissions.titleView), middle(facts.titleView)],
+                                 middle(top));
+    }
+
+    Keys.onEscapePressed: screen.popped()
+
+    Rectangle {
+        anchors.fill: parent
+        color: screen.backgroundColor
+    }
+    NavigationBar {
+        id: bar
+        width: parent.width
+        title: qsTranslate("Wexel", "Inspect bug")
+        leftItem: WXLImageBarButtonControl {
+            image: "back-arrow"
+            name: qsTranslate("Wexel", "Back")
+            onTapped: screen.popped()
+        }
+    }
+    RoundedPanel {
+        anchors.top: bar.bottom
+        anchors.topMargin: 12
+        anchors.bottom: parent.bottom
+        width: parent.width
+
+        ShadowView {
+            id: top
+            z: 1
+            width: parent.width
+            height: header.implicitHeight
+
+            SectionHeaderView {
+                id: header
+                width: parent.width
+                height: parent.height
+                text: qsTranslate("Wexel", "Essentials")
+            }
+        }
+        Flickable {
+            id: scroll
+            anchors.top: top.bottom
+            anchors.bottom: parent.bottom
+            width: parent.width
+            contentHeight: column.height
+            clip: true
+            boundsBehavior: Flickable.StopAtBounds
+            activeFocusOnTab: true
+            Keys.onUpPressed: contentY = Math.max(0, contentY - 60)
+            Keys.onDownPressed: contentY = Math.max(0, Math.min(contentHeight - height, contentY + 60))
+            onContentYChanged: {
+                top.scrollViewDidScroll(contentY);
+                screen.updateHeader();
+            }
+
+            Column {
+                id: column
+                width: parent.width
+
+                Item {
+                    width: 1
+                    height: 6
+                }
+                Column {
+                    width: parent.width
+                    spacing: 20
+
+                    TitledLabelView {
+                        title: "OS"
+                        detail: screen.os
+                    }
+                    TitledLabelView {
+                        title: qsTranslate("Wexel", "DEVICE")
+                        detail: screen.device
+                    }
+                    TitledLabelView {
+                        title: qsTranslate("Wexel", "APP VERSION")
+                        detail: screen.appVersion
+                    }
+                    TitledLabelView {
+                        title: qsTranslate("Wexel", "NETWORK")
+                        detail: screen.network
+                        detailColor: screen.hasNetwork ? Theme.gunmetal : Theme.silver
+                    }
+                    TitledLabelView {
+                        title: qsTranslate("Wexel", "CURRENT VIEW")
+                        detail: screen.currentView
+                        separatorStyle: TitledLabelView.Inset
+                    }
+                    TitledLabelView {
+                        title: qsTranslate("Wexel", "LOCALE")
+                        detail: screen.locale
+                        separatorStyle: TitledLabelView.Inset
+                    }
+                    TitledLabelView {
+                        title: qsTranslate("Wexel", "AVAILABLE MEMORY")
+                        detail: screen.availableMemory
+                    }
+                    TitledLabelView {
+                        title: qsTranslate("Wexel", "AVAILABLE STORAGE")
+                        detail: screen.availableStorage
+                        separatorStyle: TitledLabelView.Inset
+                    }
+                    TitledLabelView {
+                        title: qsTranslate("Wexel", "RESOLUTION")
+                        detail: screen.resolution
+                        separatorStyle: TitledLabelView.Inset
+                    }
+                    TitledLabelView {
+                        title: qsTranslate("Wexel", "WEXEL SDK VERSION")
+                        detail: screen.sdkVersion
+                        separatorStyle: TitledLabelView.Full
+                    }
+                }
+                Item {
+                    width: 1
+                    height: 10
+                }
+                AttachmentCollectionView {
+                    id: strip
+                    width: parent.width
+                    images: screen.attachments
+                }
+                Item {
+                    width: 1
+                    height: 28
+                }
+                GrantedPermissionsView {
+                    id: permissions
+                    width: parent.width
+                    grantedPermissions: screen.grantedPermissions
+                    permissionsDescription: screen.permissionsDescription
+                }
+                QuickFactsView {
+                    id: facts
+                    width: parent.width
+                    quickFacts: screen.quickFacts
+                }
+                Item {
+                    width: 1
+                    height: 40
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,41 @@
+import QtQuick
+import Wexel.Screens
+
+// A permission that is granted.
+Item {
+    id: view
+
+    property string permission
+
+    width: parent ? parent.width : 0
+    implicitHeight: Math.max(name.implicitHeight, 24)
+    Accessible.role: Accessible.StaticText
+    Accessible.name: permission
+
+    Item {
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: parent.width * 13 / 15
+        height: parent.height
+
+        Label {
+            id: name
+            anchors.left: parent.left
+            anchors.right: picture.left
+            anchors.rightMargin: 8
+            anchors.verticalCenter: parent.verticalCenter
+            text: view.permission
+            wrapMode: Text.Wrap
+            font: Theme.semiBold(18)
+            color: Theme.gunmetal
+            Accessible.ignored: true
+        }
+        Artwork {
+            id: picture
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            width: 24
+            height: 24
+            name: "switchOn"
+        }
+    }
+}

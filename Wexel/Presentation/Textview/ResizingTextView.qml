@@ -1,0 +1,95 @@
+import QtQuick
+import Wexel.Screens
+
+WXLResizingTextView {
+    id: view
+
+    readonly property real inset: 8 // above and below the text
+    readonly property real sideInset: 5
+
+    function measure() {
+        const fitted = Math.max(edit.implicitHeight, isPlaceholderShown ? hint.implicitHeight + 2 * inset : 0);
+        textViewDidChange(fitted, 2 * inset, metrics.height);
+    }
+
+    implicitHeight: 20 + fieldHeight + 20
+    onTextChanged: {
+        if (edit.text !== text)
+            edit.text = text;
+        measuring.start();
+    }
+    onWidthChanged: measuring.start()
+    onFocusWanted: {
+        edit.forceActiveFocus();
+        edit.cursorPosition = edit.length;
+    }
+    Component.onCompleted: measure()
+
+    Timer { // once the text is laid out
+        id: measuring
+        interval: 0
+        onTriggered: view.measure()
+    }
+    FontMetrics {
+        id: metrics
+        font: edit.font
+    }
+    Flickable {
+        id: field
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.horizontalCenterOffset: -2.5
+        y: 20
+        width: parent.width * 13 / 15
+        height: view.fieldHeight
+        contentHeight: edit.height
+        interactive: view.isScrollEnabled
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+
+        TextEdit {
+            id: edit
+
+            function showCaret() {
+                const top = cursorRectangle.y - view.inset;
+                const bottom = cursorRectangle.y + cursorRectangle.height + view.inset;
+                if (field.contentY > top)
+                    field.contentY = Math.max(0, top);
+                else if (field.contentY + field.height < bottom)
+                    field.contentY = bottom - field.height;
+            }
+
+            width: field.width
+            height: Math.max(implicitHeight, field.height)
+            topPadding: view.inset
+            bottomPadding: view.inset
+            leftPadding: view.sideInset
+            rightPadding: view.sideInset
+            wrapMode: TextEdit.Wrap
+            textFormat: TextEdit.PlainText
+            selectByMouse: true
+            selectionColor: Theme.lightBlue
+            font: Theme.regular(18)
+            color: Theme.black
+            Accessible.role: Accessible.EditableText
+            Accessible.name: view.placeholder
+            Accessible.multiLine: true
+            Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+
+            onTextChanged: view.text = text
+            onCursorRectangleChanged: showCaret()
+        }
+        Label {
+            id: hint
+            x: view.sideInset
+            y: view.inset
+            width: field.width - 2 * view.sideInset
+            visible: view.isPlaceholderShown && edit.preeditText.length === 0
+            text: view.placeholder
+            wrapMode: Text.Wrap
+            font: edit.font
+            color: Theme.slate
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,36 @@
+#include "Presentation/Textview/WXLResizingTextView.h"
+
+#include <cmath>
+
+namespace wexel {
+
+namespace {
+
+constexpr int mostLines = 3;
+double threeLinesHeight = 0.0; // of the last text that had exactly three; a long paste takes it as it is
+
+} // namespace
+
+void WXLResizingTextView::setPlaceholder(const QString &placeholder)
+{
+    m_placeholder = placeholder;
+    Q_EMIT textChanged();
+}
+
+void WXLResizingTextView::setText(const QString &text)
+{
+    m_text = text;
+    Q_EMIT textChanged();
+}
+
+void WXLResizingTextView::textViewDidChange(double fittedHeight, double insets, double lineHeight)
+{
+    const int lines = static_cast<int>(std::floor((fittedHeight - insets) / lineHeight));
+    if (lines == mostLines)
+        threeLinesHeight = fittedHeight;
+    m_isScrollEnabled = lines > mostLines;
+    m_fieldHeight = lines >= mostLines ? threeLinesHeight : fittedHeight;
+    Q_EMIT measured();
+}
+
+} // namespace wexel
