@@ -4,7 +4,8 @@ include(CMakePackageConfigHelpers)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Wexel)
 install(TARGETS Wexel EXPORT WexelTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(DIRECTORY Public/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/Wexel FILES_MATCHING PATTERN "*.h")
-install(FILES ${PROJECT_BINARY_DIR}/share/wexel/Info.plist DESTINATION ${WEXEL_BUNDLE_DIR})
+install(FILES ${PROJECT_BINARY_DIR}/share/wexel/Info.plist ${PROJECT_SOURCE_DIR}/Docs/better-bug-reports.html
+        DESTINATION ${WEXEL_BUNDLE_DIR})
 install(EXPORT WexelTargets NAMESPACE Wexel:: DESTINATION ${package_dir})
 
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/WexelConfig.cmake.in
