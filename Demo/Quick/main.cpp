@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
+#include <QTranslator>
 
 #include <Wexel/WXLNetworkAccessManagerFactory.h>
 #include <Wexel/WXLWexel.h>
@@ -40,6 +41,11 @@ int main(int argc, char **argv)
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("wexel-demo-cafe"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Linden Café"));
+
+    QTranslator flow; // the library's screens in the user's language, where there is a translation
+    if (flow.load(QLocale(), QStringLiteral("wexel"), QStringLiteral("_"),
+                  QCoreApplication::applicationDirPath() + QStringLiteral("/../share/wexel/translations")))
+        QCoreApplication::installTranslator(&flow);
 
     const std::optional<QUrl> address = menuAddress(application);
     if (!address)
