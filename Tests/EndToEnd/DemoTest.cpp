@@ -175,6 +175,15 @@ bool DemoTest::flowGivesBackTo(quint32 window) const
     return spinUntil([this, window] { return !flow() && desktop.activeWindow() == window; });
 }
 
+void DemoTest::describe(const char *words) const
+{
+    tapNext();
+    const QRect paper(onScreen({20, 120}), QSize(1, 1));
+    EXPECT_TRUE(spinUntil([&] { return QColor(desktop.picture(paper).pixel(0, 0)) == QColor(Qt::white); }));
+    desktop.settle(stage().adjusted(0, 150, 0, 0)); // the caret blinks above
+    desktop.xdotool(QStringLiteral("type --delay 15 ") + QLatin1String(words));
+}
+
 QRect DemoTest::toolOnScreen(Tool tool) const
 {
     constexpr int widest = 520;

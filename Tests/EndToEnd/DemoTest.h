@@ -70,6 +70,9 @@ struct DemoTest : testing::TestWithParam<std::tuple<Demo, bool>> {
     /// True once the flow is gone and that window has the keyboard again.
     [[nodiscard]] bool flowGivesBackTo(quint32 window) const;
     void tapClose() const { desktop.click(onScreen({25, 28})); }
+    /// Goes on to the second screen and types there.
+    void describe(const char *words) const;
+    void tapSubmit() const { tapNext(); } ///< is in the same place
     void tapNext() const { desktop.click(onScreen({stage().width() - 32, 28})); }
     /// True once the tool shows that colour.
     [[nodiscard]] bool isSelected(Tool tool, const QColor &color) const;

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QJsonObject>
+
 #include "DemoTest.h"
 #include "Support/Wait.h"
 
@@ -160,7 +162,8 @@ TEST_P(MarkingTest, WhatIsMarkedIsInTheScreenshotAndNothingElse)
     ASSERT_TRUE(flowOpens());
     const QRect image = imageOnScreen();
     desktop.click(image.center()); // a tap draws nothing, but makes the picture as it is shown the screenshot
-    tapNext();
+    describe("plain");
+    tapSubmit();
     ASSERT_TRUE(flowGivesBackTo(mainWindow));
     const QImage plain = receivedScreenshot(0);
     ASSERT_LE(std::abs(plain.width() - image.width()), 2);
@@ -179,7 +182,8 @@ TEST_P(MarkingTest, WhatIsMarkedIsInTheScreenshotAndNothingElse)
     desktop.drag(second.onScreen(image));
     select(Tool::Blur, green);
     desktop.drag(blur.onScreen(image));
-    tapNext();
+    describe("marked");
+    tapSubmit();
     ASSERT_TRUE(flowGivesBackTo(mainWindow));
     const QImage marked = receivedScreenshot(1);
 
@@ -188,6 +192,8 @@ TEST_P(MarkingTest, WhatIsMarkedIsInTheScreenshotAndNothingElse)
     EXPECT_LT(coverage(plain, first, red), 0.1);
     EXPECT_GT(coverage(marked, second, green), 0.95);
     EXPECT_LT(coverage(plain, second, green), 0.1);
+    const QJsonObject report = receiver.reports().last().toObject().value(u"report").toObject();
+    EXPECT_EQ(report.value(u"description"), QStringLiteral("marked"));
     const double before = detail(plain, blur.area(12));
     EXPECT_GT(before, 2000) << "nothing there to blur";
     EXPECT_LT(detail(marked, blur.area(12)), 0.7 * before);
