@@ -1,11 +1,14 @@
 # Sourced by demo.sh: a tester who uses the café app with real mouse and keyboard events under a display of its own,
-# sends a report, sends another while the receiver is away, and shows what the receiver got.
+# marks a bug and reports it, reports another while the receiver is away, and shows what the receiver got.
 # shellcheck shell=bash disable=SC2154,SC2016
 
 # Where the app has what the tester presses, in its window of 390 x 844.
 declare -A spots=(
     [first_item]="110 230" [add_to_cart]="275 812" [cart_tab]="195 812" [profile_tab]="325 812"
-    [developer_row]="195 428" [description]="195 137" [report_with_screenshot]="195 197")
+    [developer_row]="195 428" [description]="195 137" [report_with_screenshot]="195 197"
+    # of the reporting flow, which lies over the window
+    [bug]="65 754" [next]="350 28" [blur]="146 812" [palette]="341 812" [purple]="84 812" [inspect]="130 568"
+    [submit]="345 28")
 width=390 height=844
 
 # A home of its own, so that nothing of the user's is read or written.
@@ -54,6 +57,18 @@ press() { # press SPOT EXPECTED: clicks, then waits for the app to say so
     read -r x y <<<"${spots[$1]}"
     xdotool mousemove --window "$window" "$x" "$y" click 1
     [ $# -lt 2 ] || expect 10 "$2"
+}
+
+drag() { # drag X Y X Y...: presses at the first place and draws through the others
+    local x=$1 y=$2 steps=12 i
+    xdotool mousemove --window "$window" "$x" "$y" mousedown 1
+    while shift 2 && [ $# -ge 2 ]; do
+        for ((i = 1; i <= steps; i++)); do
+            xdotool mousemove --window "$window" $((x + ($1 - x) * i / steps)) $((y + ($2 - y) * i / steps))
+        done
+        x=$1 y=$2
+    done
+    xdotool mouseup 1
 }
 
 settle() { # until two pictures in a row are the same: nothing moves any more
@@ -105,15 +120,22 @@ has_report() { [ "$(received --arg text "$1" 'map(select(.report.description == 
 has_histories() { # has_histories TEXT: what the tester did before shows in the report
     received -e --arg text "$1" '.[] | select(.report.description == $text) | .report as $r |
         ($r.blackbox.cpu_usage_history | length > 1) and ($r.blackbox.network_usage_history | length > 0) and
-        ($r.sessions | length > 0) and ($r.log.user_taps | length > 4) and
+        ($r.sessions | length > 0) and ($r.log.user_taps | any(.view == "Wexel")) and ($r.log.user_taps | length > 2) and
         ($r.log.network_requests | any(.statuc_code == "200" and (.url | endswith("/menu.json"))))' >"$data/histories"
 }
 stored() { find "$reports_folder" -name '*.wexelreportfile' 2>/dev/null | wc -l; }
 stored_is() { [ "$(stored)" = "$1" ]; }
 
+# The banner's green check is at the lower edge.
+banner_shows() {
+    local share
+    share=$(picture - | convert png:- -crop 390x50+0+794 -fill black +opaque '#00C274' -format '%[fx:mean*w*h]' info:)
+    [ "${share%.*}" -gt 20 ]
+}
+
 show_report() { # show_report TEXT
     received --arg text "$1" '.[] | select(.report.description == $text) | .report as $r |
-        "  description   \($r.description)",
+        "  description   \($r.description)\(if $r.tester_email then ", by " + $r.tester_email else "" end)",
         "  received      \(.received) from \(.bundle_id)",
         "  reported      \($r.issue_reported_time) (\($r.timezone))",
         "  device        \($r.device), \($r.os_version)",
@@ -137,6 +159,7 @@ save_screenshot() { # save_screenshot TEXT FILE
 
 run_auto() {
     local first="The total is wrong after a second flat white" second="This one was sent while offline" port
+    local tester="ada@example.org"
     step "Opening the app"
     open_app
     picture "$data/1-menu.png"
@@ -148,15 +171,47 @@ run_auto() {
     press add_to_cart "Cart: 1 items"
     settle
 
-    step "Sending a report from the developer page"
-    to_developer_page
-    describe "$first"
-    picture "$data/3-developer.png"
-    report "$first"
+    step "Marking the bug: the floating button, a stroke, another in purple, a blurred price"
+    press bug
+    settle
+    drag 120 420 250 400 270 450 140 470 118 425
+    press palette
+    settle
+    picture "$data/3-palette.png"
+    press purple
+    settle
+    drag 100 560 180 540 260 565
+    press blur
+    drag 250 345 330 345
+    settle
+    picture "$data/4-marked.png"
+
+    step "Describing it"
+    press next
+    settle
+    xdotool type --delay 12 "$first"
+    xdotool key Tab
+    xdotool type --delay 12 "$tester"
+    settle
+    picture "$data/5-compose.png"
+    press inspect
+    settle
+    picture "$data/6-inspect.png"
+    xdotool key Escape
+    settle
+
+    step "Submitting it"
+    press submit
+    expect 10 "Got request to upload data"
+    wait_until 5 banner_shows || fail "No banner confirms the report"
+    picture "$data/7-banner.png"
     wait_until 30 has_report "$first" || fail "The receiver has no such report after 30 s"
     wait_until 15 stored_is 0 || fail "The report was received, but its file is still in $reports_folder"
     say "  The receiver has it:"
     show_report "$first"
+    received -e --arg text "$first" --arg tester "$tester" \
+        '.[] | select(.report.description == $text) | .report.tester_email == $tester' >/dev/null ||
+        fail "The report lacks the tester's e-mail address"
     has_histories "$first" || fail "The report lacks taps, requests, sessions or samples"
     save_screenshot "$first" "$data/received-screenshot.jpg"
 
@@ -164,6 +219,7 @@ run_auto() {
     port=${receiver_url%/}
     port=${port##*:}
     stop receiver
+    to_developer_page
     describe "$second"
     report "$second"
     expect 30 "Upload failed, not removing"
@@ -181,6 +237,6 @@ run_auto() {
 
     say "Done: two reports sent, two received."
     say "The received screenshot:   $data/received-screenshot.jpg"
-    say "Pictures of the app:       $data/1-menu.png 2-item.png 3-developer.png"
+    say "Pictures of every screen:  $data/1-menu.png to 7-banner.png"
     say "The receiver's folder:     $data/receiver (wexel-receiver reports --data $data/receiver)"
 }
