@@ -133,6 +133,8 @@ banner_shows() {
     [ "${share%.*}" -gt 20 ]
 }
 
+banner_is_gone() { ! banner_shows; }
+
 show_report() { # show_report TEXT
     received --arg text "$1" '.[] | select(.report.description == $text) | .report as $r |
         "  description   \($r.description)\(if $r.tester_email then ", by " + $r.tester_email else "" end)",
@@ -214,6 +216,8 @@ run_auto() {
         fail "The report lacks the tester's e-mail address"
     has_histories "$first" || fail "The report lacks taps, requests, sessions or samples"
     save_screenshot "$first" "$data/received-screenshot.jpg"
+
+    wait_until 10 banner_is_gone || fail "The banner does not go" # it lies over the tabs
 
     step "Sending a report while the receiver is away"
     port=${receiver_url%/}
