@@ -40,7 +40,7 @@ void smooth(benchmark::State &state)
 {
     const auto points = handwriting(state.range(0));
     WXLCubicCurveAlgorithm algorithm;
-    for (auto _ : state)
+    for ([[maybe_unused]] const auto &_ : state)
         benchmark::DoNotOptimize(algorithm.segmentsFromPoints(points).data());
 }
 BENCHMARK(smooth)->RangeMultiplier(10)->Range(100, 100'000);
@@ -61,7 +61,7 @@ void strokeFromScratch(benchmark::State &state)
     const auto points = handwriting(state.range(0));
     WXLCubicCurveAlgorithm algorithm;
     QImage overlay(390, 844, QImage::Format_ARGB32_Premultiplied);
-    for (auto _ : state)
+    for ([[maybe_unused]] const auto &_ : state)
         draw(overlay, overlay.rect(), strokePath(points, algorithm));
 }
 BENCHMARK(strokeFromScratch)->Arg(2'000);
@@ -75,7 +75,7 @@ void strokeOnePointLonger(benchmark::State &state)
     const QPointF last = points.back();
     points.pop_back();
     const QRectF before = unsettledBounds(strokePath(points, algorithm));
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto &_ : state) {
         points.push_back(last);
         const QPainterPath path = strokePath(points, algorithm);
         draw(overlay, (before | unsettledBounds(path)).toAlignedRect(), path);
@@ -88,7 +88,7 @@ void dab(benchmark::State &state)
 {
     QImage image = screenshot(state.range(0), state.range(1));
     const QPointF middle(static_cast<double>(state.range(0)) / 2, static_cast<double>(state.range(1)) / 2);
-    for (auto _ : state)
+    for ([[maybe_unused]] const auto &_ : state)
         benchmark::DoNotOptimize(blurCircleInImageViewAtPoint(image, middle));
 }
 BENCHMARK(dab)->Args({390, 844})->Args({3840, 2160});

@@ -5,8 +5,13 @@
 //   flow_mb N       resident memory with the flow open
 //   closed_mb N     the same after it was closed
 //
-// and once: closed_mb of the host before the first flow, screenshot_us N, the picture of the host, and bake_us N, taking
-// a stroke of 200 points into the image.
+// and once: closed_mb of the host before the first flow; screenshot_us N, the picture of the host; bake_us N, taking a
+// stroke of 200 points into the image; then through all screens:
+//
+//   compose_ms N    from Next to the first frame with the compose screen
+//   submit_ms N     from Submit to the window gone, its animation of 400 ms included
+//   late N, frames N   frames that took longer than 16 ms to prepare and to draw, and all of them, with ACTION: animating
+//                   (the screens that come and go), typing (a character a frame), scrolling (the inspect screen)
 
 #include <cstdio>
 
@@ -22,9 +27,12 @@
 
 #include <Wexel/WXLWexel.h>
 
+#include "Presentation/Coordinator/NavigationController.h"
 #include "Presentation/Coordinator/WXLScreenshotService.h"
 #include "Presentation/Helpers/HostWindows.h"
+#include "Presentation/ReportCompose/WXLReportComposeViewController.h"
 #include "Presentation/Screen/WXLOverlayView.h"
+#include "Presentation/Screen/WXLScreenshotVC.h"
 #include "Presentation/Screen/WXLScreenshotView.h"
 
 using namespace wexel;
@@ -112,6 +120,109 @@ void measureBake(const QQuickWindow &window)
     print("bake_us", static_cast<double>(timer.nsecsElapsed()) / 1000);
 }
 
+/// Counts the frames of a window and those that kept the main thread for longer than a frame may last.
+class FrameCounter
+{
+public:
+    FrameCounter(QQuickWindow &window, const char *action) : m_action(action)
+    {
+        QObject::connect(
+            &window, &QQuickWindow::beforeSynchronizing, &m_context, [this] { m_timer.start(); },
+            Qt::DirectConnection);
+        QObject::connect(
+            &window, &QQuickWindow::frameSwapped, &m_context,
+            [this] {
+                constexpr qint64 frame = 16;
+                ++m_frames;
+                m_late += m_timer.isValid() && m_timer.elapsed() > frame ? 1 : 0;
+            },
+            Qt::DirectConnection);
+    }
+    ~FrameCounter() { std::printf("late %d, frames %d %s\n", m_late, m_frames, m_action); }
+    [[nodiscard]] int frames() const { return m_frames; }
+
+private:
+    QObject m_context;
+    const char *m_action;
+    QElapsedTimer m_timer;
+    int m_frames = 0;
+    int m_late = 0;
+};
+
+NavigationController &navigationOf(const QQuickWindow &window)
+{
+    return *window.contentItem()->findChild<NavigationController *>();
+}
+
+void waitForScreen(const QQuickWindow &window, const char *className)
+{
+    const NavigationController &navigation = navigationOf(window);
+    waitUntil([&] { return navigation.isEnabled() && navigation.topViewController()->inherits(className); });
+}
+
+void type(QQuickWindow &window)
+{
+    const FrameCounter counter(window, "typing");
+    for (int letter = 0; letter < 200; ++letter) {
+        const int before = counter.frames();
+        const QString text = letter % 8 == 7 ? QStringLiteral(" ") : QStringLiteral("w");
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_W, {}, text);
+        QCoreApplication::sendEvent(&window, &press);
+        waitUntil([&] { return counter.frames() > before; });
+    }
+}
+
+QQuickItem *scrollableOf(QQuickItem *item)
+{
+    if (item->inherits("QQuickFlickable") && item->property("contentHeight").toDouble() > item->height())
+        return item;
+    for (QQuickItem *child : item->childItems()) {
+        if (QQuickItem *found = scrollableOf(child))
+            return found;
+    }
+    return nullptr;
+}
+
+void scroll(QQuickWindow &window)
+{
+    QQuickItem *list = scrollableOf(navigationOf(window).topViewController());
+    const FrameCounter counter(window, "scrolling");
+    const double most = list->property("contentHeight").toDouble() - list->height();
+    for (int way = 0; way < 400; way += 4) {
+        const int before = counter.frames();
+        list->setProperty("contentY", most * (way % 200) / 200);
+        waitUntil([&] { return counter.frames() > before; });
+    }
+}
+
+void runThroughAllScreens()
+{
+    WXLWexel::manualStart();
+    QPointer<QQuickWindow> window = displayWindow();
+    waitUntil([&] { return window->isExposed(); });
+    QElapsedTimer timer;
+    {
+        const FrameCounter counter(*window, "animating");
+        timer.start();
+        const int before = counter.frames();
+        QMetaObject::invokeMethod(window->contentItem()->findChild<WXLScreenshotVC *>(), "nextButtonTapped");
+        waitUntil([&] { return counter.frames() > before; });
+        print("compose_ms", static_cast<double>(timer.nsecsElapsed()) / nanosecondsInAMillisecond);
+        waitForScreen(*window, "wexel::WXLReportComposeViewController");
+    }
+    type(*window);
+    auto *compose = window->contentItem()->findChild<WXLReportComposeViewController *>();
+    compose->inspectButtonPressed();
+    waitForScreen(*window, "wexel::WXLInspectBugVC");
+    scroll(*window);
+    navigationOf(*window).popViewController();
+    waitForScreen(*window, "wexel::WXLReportComposeViewController");
+    timer.start();
+    compose->submitButtonPressed();
+    waitUntil([&] { return !window || !window->isVisible(); });
+    print("submit_ms", static_cast<double>(timer.nsecsElapsed()) / nanosecondsInAMillisecond);
+}
+
 void runFlow(bool isFirst)
 {
     bool hasFrame = false;
@@ -147,5 +258,6 @@ int main(int argc, char **argv)
     const int flows = std::max(1, application.arguments().value(2, QStringLiteral("10")).toInt());
     for (int flow = 0; flow < flows; ++flow)
         runFlow(flow == 0);
+    runThroughAllScreens();
     return 0;
 }

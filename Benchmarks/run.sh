@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the release preset, runs the benchmarks and prints their figures as a Markdown table.
 #
-#   Benchmarks/run.sh [startup] [save] [drain] [taps] [canvas] [requests] [idle]      all of them without an argument
+#   Benchmarks/run.sh [startup] [save] [drain] [taps] [canvas] [flow] [requests] [idle]      all of them without an argument
 #
 # Environment: RUNS (20) fresh processes per start-up figure, DRAINS (3) drains, REPORTS (500) reports in each, IDLE (120)
 # seconds of doing nothing.
@@ -24,10 +24,10 @@ trap cleanup EXIT
 # An install prefix with the hosts beside the library, whose bundle names the receiver.
 install_prefix() {
     cmake --preset release >/dev/null
-    cmake --build "$build" -j2 --target wexel-receiver Wexel SaveBenchmark TapBenchmark CanvasBenchmark RequestBenchmark \
+    cmake --build "$build" -j2 --target wexel-receiver Wexel SaveBenchmark TapBenchmark CanvasBenchmark FlowBenchmark RequestBenchmark \
         BenchmarkCoreHost BenchmarkCoreHostWithout BenchmarkQuickHost BenchmarkQuickHostWithout >/dev/null
     mkdir -p "$work/bin" "$work/share/wexel" "$work/$(library_folder)"
-    cp "$build"/bin/{wexel-receiver,SaveBenchmark,TapBenchmark,CanvasBenchmark,RequestBenchmark,Benchmark*Host*} "$work/bin/"
+    cp "$build"/bin/{wexel-receiver,SaveBenchmark,TapBenchmark,CanvasBenchmark,FlowBenchmark,RequestBenchmark,Benchmark*Host*} "$work/bin/"
     cp -L "$build/$(library_folder)/libWexel.so.1" "$work/$(library_folder)/"
     cat >"$work/bin/Info.plist" <<-PLIST
 	<plist version="1.0"><dict><key>CFBundleIdentifier</key><string>org.wexel.benchmark</string>
@@ -193,6 +193,38 @@ canvas() {
 }
 canvas_us() { percentile 50 "$1" "$work/times"; }
 
+# The first flow of a process and the tenth; ten processes for the times.
+flow() {
+    local kind title i
+    for kind in quick widgets; do
+        title=$([ $kind = quick ] && echo 'Quick host' || echo 'Widgets host')
+        for i in $(seq 10); do
+            fresh_home
+            QT_LOGGING_RULES='' host FlowBenchmark $kind 10
+        done >"$work/times"
+        row "$title: picture of its window" "$(percentile 50 screenshot_us "$work/times") µs"
+        row "$title: invocation to the editor's first frame, the first flow" \
+            "median $(flow_first open_ms 50) ms, p95 $(flow_first open_ms 95) ms"
+        row "$title: the same for later flows" "median $(percentile 50 open_ms "$work/times") ms"
+        row "$title: taking a stroke of 200 points into the image" "$(percentile 50 bake_us "$work/times") µs"
+        row "$title: resident memory before, with the first flow, after it, after the third and after the tenth" \
+            "$(flow_memory) MB"
+        row "$title: Next to the compose screen's first frame" "median $(percentile 50 compose_ms "$work/times") ms, p95 $(percentile 95 compose_ms "$work/times") ms"
+        row "$title: Submit to the window gone, 400 ms of it an animation" "median $(percentile 50 submit_ms "$work/times") ms"
+        for i in animating typing scrolling; do
+            row "$title: frames over 16 ms, $i" "$(awk -v a=$i '$NF == a { late += $2; all += $4 } END { print late " of " all }' "$work/times")"
+        done
+    done
+}
+flow_first() { # flow_first NAME PERCENTILE: of the first of that name in each process
+    awk -v name="$1" '$1 == "screenshot_us" { seen = 0 } $1 == name && !seen++ { print }' "$work/times" >"$work/first"
+    percentile "$2" "$1" "$work/first"
+}
+flow_memory() { # of the last process
+    tac "$work/times" | sed '/^screenshot_us/q' | tac | awk '$1 == "closed_mb" { closed[n++] = $2 } $1 == "flow_mb" && !open { open = $2 }
+        END { printf "%.1f / %.1f / %.1f / %.1f / %.1f", closed[0], open, closed[1], closed[3], closed[10] }'
+}
+
 # All hosts at once, each in a home of its own. Before that they fill the histories: taps and requests, if they can, and
 # a minute of samples.
 idle() {
@@ -224,7 +256,7 @@ idle_row() { # idle_row KIND TITLE NAME DIVISOR FORMAT
         "$(divided "$with" "$4" "$5") / $(divided "$without" "$4" "$5")"
 }
 
-[ $# -gt 0 ] || set -- startup save drain taps canvas requests idle
+[ $# -gt 0 ] || set -- startup save drain taps canvas flow requests idle
 install_prefix
 printf '| What | Figure |\n|---|---|\n'
 for benchmark; do "$benchmark"; done
