@@ -59,8 +59,14 @@ press() { # press SPOT EXPECTED: clicks, then waits for the app to say so
     [ $# -lt 2 ] || expect 10 "$2"
 }
 
+around() { # around X Y WIDTH HEIGHT: the places of a circle as a hand draws one
+    awk -v x="$1" -v y="$2" -v w="$3" -v h="$4" 'BEGIN {
+        for (i = 0; i <= 40; i++) { a = -1.2 + i * 6.6 / 40; r = 1 + 0.06 * sin(2 * a) + i * 0.002
+            printf "%d %d ", x + w / 2 * r * cos(a), y + h / 2 * r * sin(a) } }'
+}
+
 drag() { # drag X Y X Y...: presses at the first place and draws through the others
-    local x=$1 y=$2 steps=12 i
+    local x=$1 y=$2 steps=${steps:-12} i
     xdotool mousemove --window "$window" "$x" "$y" mousedown 1
     while shift 2 && [ $# -ge 2 ]; do
         for ((i = 1; i <= steps; i++)); do
@@ -176,13 +182,15 @@ run_auto() {
     step "Marking the bug: the floating button, a stroke, another in purple, a blurred price"
     press bug
     settle
-    drag 120 420 250 400 270 450 140 470 118 425
+    # shellcheck disable=SC2046
+    steps=1 drag $(around 197 722 70 44) # the cart's badge
     press palette
     settle
     picture "$data/3-palette.png"
     press purple
     settle
-    drag 100 560 180 540 260 565
+    # shellcheck disable=SC2046
+    steps=1 drag $(around 95 380 70 34) # a price
     press blur
     drag 250 345 330 345
     settle
