@@ -4,6 +4,7 @@
 
 #include "Business/Flow.h"
 #include "Business/ReportAssembly.h"
+#include "Business/ReportKeys.h"
 #include "Business/RetryState.h"
 #include "Business/WXLBlackBox.h"
 #include "Business/WXLSessionReporter.h"
@@ -27,6 +28,16 @@ using Request = ScriptedServer::Request;
 
 /// A host with one window of one red pixel.
 struct OnePixelFlow final : Flow {
+    void startInvocation(unsigned events, std::function<void()> display) override
+    {
+        chosen = events;
+        gesture = std::move(display);
+    }
+    void open(const FlowServices &services, std::function<void()> onFinish) override
+    {
+        reports.push_back(services.prepareReportData());
+        finish = std::move(onFinish);
+    }
     double topWindowLevel() const override { return 0; }
     QImage takeScreenshot() const override
     {
@@ -35,6 +46,11 @@ struct OnePixelFlow final : Flow {
         return image;
     }
     std::optional<QString> topViewControllerName() const override { return QStringLiteral("PixelPage"); }
+
+    unsigned chosen = 0;
+    std::function<void()> gesture;
+    std::function<void()> finish;
+    std::vector<std::shared_ptr<WXLWexelReportData>> reports; ///< of the flows that were opened
 };
 
 /// The entry's inside, around a world. Never destroyed: see World.
@@ -77,6 +93,27 @@ struct AuthorizationTest : testing::Test {
 
 const QString failed = QStringLiteral("Authentication failed: ");
 const QString started = QStringLiteral("WXLWexel - Started authorization procces");
+
+TEST_F(AuthorizationTest, OneFlowIsOpenAtATime)
+{
+    World &world = World::make(server.url());
+    Entry &entry = makeEntry(world);
+    entry.wexel.onPrepareData = [](const auto &report) {
+        report->quickFacts = QStringLiteral("3 notes");
+        return report;
+    };
+    entry.wexel.startWithInvocationEvents(6);
+    EXPECT_EQ(entry.flow.chosen, 6U);
+    entry.flow.gesture();
+    entry.flow.gesture();
+    entry.wexel.display();
+    ASSERT_EQ(entry.flow.reports.size(), 1U);
+    EXPECT_EQ(entry.flow.reports[0]->quickFacts, QStringLiteral("3 notes"));
+    EXPECT_TRUE(entry.flow.reports[0]->gatheredDataDict->contains(kWXLModelName));
+    entry.flow.finish();
+    entry.wexel.display();
+    EXPECT_EQ(entry.flow.reports.size(), 2U);
+}
 
 TEST_F(AuthorizationTest, RetriesAfter10And20And40SecondsWhenConnected)
 {

@@ -15,6 +15,8 @@ using namespace wexel;
 namespace {
 
 struct NoScreens final : Flow {
+    void startInvocation(unsigned, std::function<void()>) override { }
+    void open(const FlowServices &, std::function<void()>) override { }
     double topWindowLevel() const override { return 0; }
     QImage takeScreenshot() const override { return {}; }
     std::optional<QString> topViewControllerName() const override { return {}; }

@@ -89,9 +89,19 @@ void DemoTest::open()
     mainWindow = 0;
     EXPECT_TRUE(spinUntil([this] {
         mainWindow = desktop.activeWindow();
-        return mainWindow != 0 && !button().isNull();
+        // The window manager may still name one of a demo that was killed.
+        const QList<Desktop::Window> windows = desktop.windows();
+        return std::any_of(windows.begin(), windows.end(),
+                           [this](const Desktop::Window &window) { return window.id == mainWindow; })
+            && !button().isNull();
     })) << m_host->output().constData();
     desktop.settle(stage());
+}
+
+void DemoTest::kill()
+{
+    m_host.reset();
+    EXPECT_TRUE(spinUntil([this] { return desktop.windows().isEmpty(); }));
 }
 
 void DemoTest::quit()

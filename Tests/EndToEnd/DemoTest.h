@@ -47,6 +47,8 @@ struct DemoTest : testing::TestWithParam<std::tuple<Demo, bool>> {
 
     /// Starts the demo, until it can be used and knows its receiver.
     void open();
+    /// Ends it in the middle of whatever it does.
+    void kill();
     /// Closes its window as its user does, and expects it to leave in good order.
     void quit();
     /// Presses its spot. True once it has printed the answer.

@@ -83,6 +83,23 @@ TEST_P(FlowTest, CloseGivesTheApplicationBackAndSendsNothing)
     EXPECT_TRUE(receiver.reports().isEmpty());
 }
 
+TEST_P(FlowTest, WhatIsSubmittedOfflineArrivesAfterACrashAndARestart)
+{
+    open();
+    receiver.kill();
+    tapButton();
+    ASSERT_TRUE(flowOpens());
+    describe("late");
+    tapSubmit();
+    ASSERT_TRUE(spinUntil([this] { return installation.storedReports().size() == 1; }));
+    kill();
+    receiver.start();
+    open();
+    EXPECT_TRUE(spinUntil([this] { return installation.storedReports().isEmpty(); }));
+    EXPECT_EQ(receiver.descriptions(), QStringList(QStringLiteral("late")));
+    quit();
+}
+
 INSTANTIATE_TEST_SUITE_P(Demos, FlowTest,
                          testing::Values(std::tuple(cafe(), true), std::tuple(editor(), false)),
                          DemoTest::nameOf);

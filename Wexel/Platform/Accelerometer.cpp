@@ -29,7 +29,7 @@ std::unique_ptr<QAccelerometer> startedAccelerometer(Moved moved)
 
 } // namespace
 
-void watchAccelerometer(BackgroundThread &background, Moved moved)
+void watchAccelerometer(BackgroundThread &background, const Moved &moved)
 {
     const auto sensor = std::make_shared<std::unique_ptr<QAccelerometer>>();
     background.perform([=] { *sensor = startedAccelerometer(moved); });

@@ -27,14 +27,15 @@ void NavigationController::popViewController()
         return;
     QQuickItem *screen = m_screens.takeLast();
     m_leaving.append(screen);
-    topViewController()->setVisible(true);
+    QQuickItem *below = m_screens.last();
+    below->setVisible(true);
     setEnabled(false);
-    Q_EMIT popped(screen, topViewController());
+    Q_EMIT popped(screen, below);
 }
 
 void NavigationController::presentViewController(QQuickItem *popup)
 {
-    topViewController()->setEnabled(false);
+    m_screens.last()->setEnabled(false);
     popup->forceActiveFocus();
 }
 
@@ -43,10 +44,11 @@ void NavigationController::transitionEnded()
     setEnabled(true);
     for (QQuickItem *screen : std::exchange(m_leaving, {}))
         screen->deleteLater();
+    QQuickItem *top = m_screens.last();
     for (QQuickItem *screen : std::as_const(m_screens))
-        screen->setVisible(screen == topViewController());
-    topViewController()->forceActiveFocus();
-    Q_EMIT appeared(topViewController());
+        screen->setVisible(screen == top);
+    top->forceActiveFocus();
+    Q_EMIT appeared(top);
 }
 
 } // namespace wexel

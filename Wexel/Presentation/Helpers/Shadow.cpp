@@ -13,14 +13,15 @@ namespace {
 void meanOfRows(QImage &image, int reach)
 {
     std::vector<uchar> row(static_cast<size_t>(image.width()));
+    const uchar *from = row.data();
     const int width = image.width();
     for (int y = 0; y < image.height(); ++y) {
         uchar *line = image.scanLine(y);
         std::copy_n(line, width, row.begin());
         int sum = 0;
         for (int x = -reach; x < width; ++x) {
-            sum += x + reach < width ? row[static_cast<size_t>(x + reach)] : 0;
-            sum -= x - reach - 1 >= 0 ? row[static_cast<size_t>(x - reach - 1)] : 0;
+            sum += x + reach < width ? from[x + reach] : 0;
+            sum -= x - reach - 1 >= 0 ? from[x - reach - 1] : 0;
             if (x >= 0)
                 line[x] = static_cast<uchar>(sum / (2 * reach + 1));
         }
