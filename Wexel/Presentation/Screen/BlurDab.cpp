@@ -102,7 +102,7 @@ QRgb composed(const float *above, float covered, QRgb below)
     QRgb result = 0;
     for (int channel = 0; channel < channels; ++channel) {
         const auto value = static_cast<float>((below >> 8 * channel) & 0xFF);
-        result |= static_cast<QRgb>(covered * above[channel] + kept * value + 0.5F) << 8 * channel;
+        result |= static_cast<QRgb>(qRound(covered * above[channel] + kept * value)) << 8 * channel;
     }
     return result;
 }
