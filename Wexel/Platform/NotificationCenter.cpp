@@ -8,10 +8,17 @@ NotificationCenter &NotificationCenter::defaultCenter()
     return *instance;
 }
 
-void NotificationCenter::addObserver(const QString &name, std::function<void()> block)
+int NotificationCenter::addObserver(const QString &name, std::function<void()> block)
 {
     const std::lock_guard lock(m_mutex);
-    m_observers.push_back({name, std::move(block)});
+    m_observers.push_back({++m_lastNumber, name, std::move(block)});
+    return m_lastNumber;
+}
+
+void NotificationCenter::removeObserver(int observer)
+{
+    const std::lock_guard lock(m_mutex);
+    std::erase_if(m_observers, [observer](const Observer &known) { return known.number == observer; });
 }
 
 void NotificationCenter::post(const QString &name) const
