@@ -5,8 +5,6 @@
 
 #include <QApplication>
 #include <QPointerEvent>
-#include <QQuickRenderControl>
-#include <QQuickWindow>
 #include <QWindow>
 
 #include "Business/WXLUserEventReporter.h"
@@ -68,13 +66,6 @@ bool isInside(const QWindow &window, const QPointF &position)
     return !closesPopup && QRectF(QPointF(), QSizeF(window.size())).contains(position);
 }
 
-// A scene within a widget gets its press from the widget's window, which was hit tested as a whole.
-bool isOffscreen(QWindow &window)
-{
-    auto *quick = qobject_cast<QQuickWindow *>(&window);
-    return quick != nullptr && QQuickRenderControl::renderWindowFor(quick) != nullptr;
-}
-
 void install()
 {
     auto *application = qobject_cast<QGuiApplication *>(QCoreApplication::instance());
@@ -122,9 +113,10 @@ bool HitTestHook::eventFilter(QObject *watched, QEvent *event)
     return false;
 }
 
+// A scene within a widget gets its press from the widget's window, which was hit tested as a whole.
 void HitTestHook::wxl_hitTest(QWindow &window, const QPointF &position)
 {
-    if (isOffscreen(window) || !isRecorded(window) || !isInside(window, position))
+    if (isOffscreen(&window) || !isRecorded(window) || !isInside(window, position))
         return;
     const QDateTime now = m_clock.now();
     const auto latest = std::exchange(m_latestHitTestDate, now);

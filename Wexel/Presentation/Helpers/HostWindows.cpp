@@ -5,6 +5,8 @@
 
 #include <QApplication>
 #include <QGuiApplication>
+#include <QQuickRenderControl>
+#include <QQuickWindow>
 #include <QWidget>
 #include <QWindow>
 
@@ -69,6 +71,12 @@ QWidget *widgetOf(const QWindow *window)
     return hasWidgets && window->handle() != nullptr ? QWidget::find(window->winId()) : nullptr;
 }
 
+bool isOffscreen(QWindow *window)
+{
+    auto *scene = qobject_cast<QQuickWindow *>(window);
+    return scene != nullptr && QQuickRenderControl::renderWindowFor(scene) != nullptr;
+}
+
 bool isPopup(const QWindow *window)
 {
     return window->type() == Qt::Popup || window->type() == Qt::ToolTip;
@@ -86,8 +94,8 @@ QList<QWindow *> windowsBackToFront()
     QList<QWindow *> windows;
     if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()) != nullptr)
         windows = QGuiApplication::topLevelWindows();
-    windows.removeIf([](const QWindow *window) {
-        return !window->isVisible() || window->type() == Qt::Desktop
+    windows.removeIf([](QWindow *window) {
+        return !window->isVisible() || window->type() == Qt::Desktop || isOffscreen(window)
             || isMarked(window, clickableWindowProperty);
     });
     const QWindow *active = QGuiApplication::focusWindow();
@@ -106,7 +114,8 @@ QWindow *hostMainWindow()
     QWindow *main = nullptr;
     const QWindow *activeMain = mainWindowOf(QGuiApplication::focusWindow());
     for (QWindow *window : windowsBackToFront()) {
-        if (isOwn(window) || isPopup(window) || window->transientParent() != nullptr)
+        const bool isDialog = layer(window) > 0; // also one that nobody said whose it is
+        if (isOwn(window) || isPopup(window) || window->transientParent() != nullptr || (main && isDialog))
             continue;
         if (main == nullptr || window == activeMain)
             main = window;

@@ -36,11 +36,14 @@ inline constexpr char displayWindowProperty[] = "WXLDisplayWindow";
 [[nodiscard]] QList<QWindow *> windowsBackToFront();
 
 /// The window that the stage lies over: the main window that the active window belongs to, else the first
-/// visible one. Null when the host shows none. Never a window of the library's.
+/// visible one. A dialog only where there is no other window. Null when the host shows none. Never a window of the library's.
 [[nodiscard]] QWindow *hostMainWindow();
 
 /// The host's window that has the keyboard, a dialog for example; else its main window. Null as above.
 [[nodiscard]] QWindow *hostKeyWindow();
+
+/// True for a scene that is drawn into a widget: it gets no events of its own and shows as part of the widget.
+[[nodiscard]] bool isOffscreen(QWindow *window);
 
 /// True for menus, lists and tool tips, which close by themselves.
 [[nodiscard]] bool isPopup(const QWindow *window);

@@ -37,8 +37,11 @@ bool Stage::isShown() const
 QWindow *Stage::topWindow() const
 {
     const QList<QWindow *> windows = windowsBackToFront();
-    const auto modal = std::find_if(windows.rbegin(), windows.rend(), [](const QWindow *window) {
-        return window->modality() != Qt::NonModal && !isOwn(window);
+    const auto modal = std::find_if(windows.rbegin(), windows.rend(), [this](const QWindow *window) {
+        return !isOwn(window)
+            && (window->modality() == Qt::ApplicationModal
+                || (window->modality() == Qt::WindowModal && m_window
+                    && m_window->isAncestorOf(window, QWindow::IncludeTransients)));
     });
     return modal != windows.rend() ? *modal : window();
 }
@@ -79,7 +82,10 @@ void Stage::followLater()
 void Stage::follow()
 {
     m_followPending = false;
-    m_window = hostMainWindow();
+    // While another application is the active one, nothing tells which window the user means.
+    const bool isKnown = m_window && m_window->isVisible() && QGuiApplication::focusWindow() == nullptr;
+    if (!isKnown)
+        m_window = hostMainWindow();
     Q_EMIT changed();
 }
 

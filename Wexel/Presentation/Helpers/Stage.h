@@ -19,6 +19,8 @@ public:
 
     /// The host's main window; null while it shows none.
     [[nodiscard]] QWindow *window() const { return m_window; }
+    /// Looks at the host's windows now, and not once it has got to its event loop.
+    void update() { follow(); }
     /// In global coordinates; empty without a window.
     [[nodiscard]] QRect geometry() const;
     /// False without a window, and while it is minimised.
