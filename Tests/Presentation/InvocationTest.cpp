@@ -151,32 +151,39 @@ TEST_F(InvocationTest, onlyShakingFollowsAMaskThatChangesLaterAndIsInstalledOnce
 
 TEST(ScreenshotListenerTest, aNewPictureInTheUsersFolderCountsWhileTheApplicationIsActive)
 {
-    const QTemporaryDir folder;
-    const auto add = [&folder](const char *name) {
+    const QTemporaryDir pictures;
+    const auto add = [&pictures](const QString &folder, const char *name) {
         // Comes after the listener's, which therefore has been told when this one has.
-        QFileSystemWatcher watcher({folder.path()});
+        QFileSystemWatcher watcher({pictures.filePath(folder)});
         bool changed = false;
         QObject::connect(&watcher, &QFileSystemWatcher::directoryChanged, [&changed] { changed = true; });
-        QFile file(folder.filePath(QString::fromUtf8(name)));
+        QFile file(pictures.filePath(folder + QLatin1Char('/') + QString::fromUtf8(name)));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         EXPECT_TRUE(waitUntil([&changed] { return changed; }));
         QCoreApplication::processEvents();
     };
-    add("old.png");
+    const QString general = QStringLiteral(".");
+    const QString screenshots = QStringLiteral("Screenshots");
+    add(general, "Screenshot old.png");
     NotificationCenter notifications;
-    int pictures = 0;
-    notifications.addObserver(ApplicationUserDidTakeScreenshotNotification, [&pictures] { ++pictures; });
-    const ScreenshotListener listener(qApp, notifications,
-                                      {folder.path(), folder.filePath(QStringLiteral("none"))});
+    int taken = 0;
+    notifications.addObserver(ApplicationUserDidTakeScreenshotNotification, [&taken] { ++taken; });
+    const ScreenshotListener listener(qApp, notifications, pictures.path());
+    QCoreApplication::processEvents(); // it does not hold up the host's start
     // Only in a process of its own, since nothing takes the activity away from one that nobody sees.
     const int early = QGuiApplication::applicationState() == Qt::ApplicationActive ? 1 : 0;
-    add("another application's.jpg");
-    EXPECT_EQ(pictures, early);
+    add(general, "Screenshot of another application.jpg");
+    EXPECT_EQ(taken, early);
     QRasterWindow host;
     host.show();
     EXPECT_TRUE(waitUntil([] { return QGuiApplication::applicationState() == Qt::ApplicationActive; }));
-    add("notes.txt");
-    EXPECT_EQ(pictures, early) << "neither a text nor the pictures that were there";
-    add("Screenshot from today.PNG");
-    EXPECT_EQ(pictures, early + 1);
+    add(general, "saved by the host.png");
+    add(general, "Screenshot.txt");
+    EXPECT_EQ(taken, early) << "neither a text nor another picture nor those that were there";
+    add(general, "Screenshot from today.PNG");
+    EXPECT_EQ(taken, early + 1);
+    EXPECT_TRUE(QDir(pictures.path()).mkdir(screenshots));
+    add(general, "to be told of the new folder.txt");
+    add(screenshots, "1.png");
+    EXPECT_EQ(taken, early + 2);
 }

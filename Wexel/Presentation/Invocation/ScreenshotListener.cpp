@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QStandardPaths>
 
 #include "Platform/NotificationCenter.h"
 
@@ -13,35 +12,39 @@ namespace wexel {
 
 namespace {
 
-QSet<QString> picturesIn(const QString &folder)
+const QString screenshots = QStringLiteral("Screenshots");
+
+/// Among the user's pictures in general only what is named as a screenshot is one.
+QSet<QString> screenshotsIn(const QString &folder)
 {
-    const QStringList names = QDir(folder).entryList({QStringLiteral("*.png"), QStringLiteral("*.jpg"),
-                                                      QStringLiteral("*.jpeg"), QStringLiteral("*.webp")},
-                                                     QDir::Files);
+    const bool areAll = QDir(folder).dirName() == screenshots;
+    QStringList patterns;
+    for (const QLatin1String suffix :
+         {QLatin1String("png"), QLatin1String("jpg"), QLatin1String("jpeg"), QLatin1String("webp")})
+        patterns.append((areAll ? QStringLiteral("*.") : QStringLiteral("Screenshot*.")) + suffix);
+    const QStringList names = QDir(folder).entryList(patterns, QDir::Files, QDir::NoSort);
     return {names.begin(), names.end()};
 }
 
 } // namespace
 
-ScreenshotListener::ScreenshotListener(QObject *application, NotificationCenter &center,
-                                       const QStringList &folders)
+ScreenshotListener::ScreenshotListener(QObject *application, NotificationCenter &center, QString pictures)
     : QObject(application)
     , m_center(center)
+    , m_pictures(std::move(pictures))
 {
     application->installEventFilter(this);
-    for (const QString &folder : folders) {
-        if (m_watcher.addPath(folder))
-            m_pictures.insert(folder, picturesIn(folder));
-    }
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &ScreenshotListener::folderChanged);
+    // Not now: the host is about to start, and a folder may be large.
+    QMetaObject::invokeMethod(this, &ScreenshotListener::watch, Qt::QueuedConnection);
 }
 
-QStringList ScreenshotListener::screenshotFolders()
+void ScreenshotListener::watch()
 {
-    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
-    QStringList folders{pictures, pictures + QStringLiteral("/Screenshots")};
-    folders.removeIf([](const QString &folder) { return !QFileInfo(folder).isDir(); });
-    return folders;
+    for (const QString &folder : {m_pictures, m_pictures + QLatin1Char('/') + screenshots}) {
+        if (!m_known.contains(folder) && QDir(folder).exists() && m_watcher.addPath(folder))
+            m_known.insert(folder, screenshotsIn(folder));
+    }
 }
 
 bool ScreenshotListener::eventFilter(QObject *watched, QEvent *event)
@@ -56,8 +59,9 @@ bool ScreenshotListener::eventFilter(QObject *watched, QEvent *event)
 
 void ScreenshotListener::folderChanged(const QString &folder)
 {
-    const QSet<QString> now = picturesIn(folder);
-    const QSet<QString> before = std::exchange(m_pictures[folder], now);
+    watch(); // the folder for screenshots may be made with the first of them
+    const QSet<QString> now = screenshotsIn(folder);
+    const QSet<QString> before = std::exchange(m_known[folder], now);
     // A picture of another application is none of the tester's reports.
     const bool isActive = QGuiApplication::applicationState() == Qt::ApplicationActive;
     if (isActive && !(now - before).isEmpty())

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include <QGuiApplication>
+#include <QStandardPaths>
 
 #include <Wexel/WXLWexel.h>
 
@@ -66,7 +67,9 @@ void WexelInvocationManager::setupFloatingButton()
 void WexelInvocationManager::setupScreenshotTrigger(QObject *application)
 {
     m_with.notifications.addObserver(ApplicationUserDidTakeScreenshotNotification, [this] { invokeWexel(); });
-    new ScreenshotListener(application, m_with.notifications, ScreenshotListener::screenshotFolders());
+    if (!std::exchange(m_listensToScreenshots, true))
+        new ScreenshotListener(application, m_with.notifications,
+                               QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
 }
 
 void WexelInvocationManager::setupEdgeTrigger(QObject *application)

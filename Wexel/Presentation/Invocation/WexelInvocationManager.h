@@ -59,6 +59,7 @@ private:
     std::vector<std::unique_ptr<WXLClickableWindow>> m_floatingWindows;
     WXLEdgeSwipeHandler m_edgeSwipeHandler;
     bool m_listensToMotion = false;
+    bool m_listensToScreenshots = false;
 };
 
 } // namespace wexel
