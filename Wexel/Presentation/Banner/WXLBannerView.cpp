@@ -2,14 +2,15 @@
 
 #include <algorithm>
 
-#include <QCoreApplication>
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QPainter>
 
 #include "Presentation/Fonts/Fonts.h"
 #include "Presentation/Helpers/Artwork.h"
 #include "Presentation/Helpers/Colors.h"
 #include "Presentation/Helpers/Shadow.h"
+#include "Presentation/Helpers/Theme.h"
 
 namespace wexel {
 
@@ -47,30 +48,34 @@ void paintShadow(QPainter &painter, const QRectF &card)
         shadow(card.size(), WXLBannerView::cornerRadius, blur, color, painter.device()->devicePixelRatioF()));
 }
 
-double paintPiece(QPainter &painter, const Piece &piece, double left, const QRectF &line)
+void paintPiece(QPainter &painter, const Piece &piece, double left, const QRectF &line)
 {
     painter.setFont(piece.font);
     painter.setPen(piece.color);
     painter.drawText(QRectF(left, line.top(), piece.width() + 1, line.height()),
                      Qt::AlignVCenter | Qt::AlignLeft, piece.text);
-    return left + piece.width();
 }
 
 void paintContent(QPainter &painter, const QRectF &card)
 {
-    auto [done, submitted] = message(fontSize);
+    auto [done, submitted] = message(Theme::scaled(fontSize));
     const double room = widestPart * card.width() - iconSize - spacing;
     const double needed = done.width() + submitted.width();
     if (needed > room) // some languages need more letters
-        std::tie(done, submitted) = message(std::max(1.0, fontSize * room / needed));
+        std::tie(done, submitted) = message(std::max(1.0, Theme::scaled(fontSize) * room / needed));
     const double height = std::max<double>(iconSize, QFontMetricsF(submitted.font).height());
     const QRectF line(card.left(), card.top() + topInset, card.width(), height);
-    double left = card.center().x() - (iconSize + spacing + done.width() + submitted.width()) / 2;
-    painter.drawImage(QPointF(left, line.center().y() - iconSize / 2.0),
+    const double width = iconSize + spacing + done.width() + submitted.width();
+    const double left = card.center().x() - width / 2;
+    // Where one reads from the right, everything is placed from there.
+    const bool isMirrored = QGuiApplication::isRightToLeft();
+    const auto place
+        = [=](double from, double wide) { return isMirrored ? left + width - from - wide : left + from; };
+    painter.drawImage(QPointF(place(0, iconSize), line.center().y() - iconSize / 2.0),
                       artwork(QStringLiteral("check-circle"), QSize(iconSize, iconSize),
                               painter.device()->devicePixelRatioF()));
-    left = paintPiece(painter, done, left + iconSize + spacing, line);
-    paintPiece(painter, submitted, left, line);
+    paintPiece(painter, done, place(iconSize + spacing, done.width()), line);
+    paintPiece(painter, submitted, place(iconSize + spacing + done.width(), submitted.width()), line);
 }
 
 } // namespace
@@ -90,7 +95,7 @@ QPainterPath WXLBannerView::outline(const QRectF &card)
 
 QString WXLBannerView::getMessage()
 {
-    const auto [done, submitted] = message(fontSize);
+    const auto [done, submitted] = message(Theme::scaled(fontSize));
     return done.text + submitted.text;
 }
 

@@ -18,7 +18,7 @@ public:
     /// \param safeBottom what the system covers there
     [[nodiscard]] static double bannerViewHeight(double safeBottom);
     [[nodiscard]] static QPainterPath outline(const QRectF &card);
-    /// What the card says, for those who hear it.
+    /// What the card says.
     [[nodiscard]] static QString getMessage();
     /// \param isBlended whether the shadow can be seen; where it can't, a thin line sets the card off
     static void paint(QPainter &painter, const QRectF &card, bool isBlended);

@@ -104,7 +104,8 @@ void WXLMessageBannerVC::paintEvent(QPaintEvent * /*event*/)
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillRect(QRect(QPoint(), size()), Qt::transparent);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    View::paint(painter, QRectF(0, frameOffset().y() + View::shadowReach, width(), cardHeight() + View::cornerRadius),
+    View::paint(painter,
+                QRectF(0, frameOffset().y() + View::shadowReach, width(), cardHeight() + View::cornerRadius),
                 isBlended());
 }
 

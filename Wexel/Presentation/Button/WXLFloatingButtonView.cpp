@@ -1,13 +1,14 @@
 #include "Presentation/Button/WXLFloatingButtonView.h"
 
-#include <QCoreApplication>
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QPainter>
 
 #include "Presentation/Fonts/Fonts.h"
 #include "Presentation/Helpers/Artwork.h"
 #include "Presentation/Helpers/Colors.h"
 #include "Presentation/Helpers/Shadow.h"
+#include "Presentation/Helpers/Theme.h"
 
 namespace wexel {
 
@@ -32,9 +33,9 @@ void paintShadow(QPainter &painter, const QRectF &button, double offset)
 /// Some languages need more letters than the button has room for.
 QFont fittingFont(const QString &title, double width)
 {
-    const QFont font = Fonts::fontSemiBoldOfSize(titleSize);
+    const QFont font = Fonts::fontSemiBoldOfSize(Theme::scaled(titleSize));
     const double needed = QFontMetricsF(font).horizontalAdvance(title);
-    return needed <= width ? font : Fonts::fontSemiBoldOfSize(titleSize * width / needed);
+    return needed <= width ? font : Fonts::fontSemiBoldOfSize(Theme::scaled(titleSize) * width / needed);
 }
 
 void paintContent(QPainter &painter, const QRectF &button)
@@ -42,13 +43,17 @@ void paintContent(QPainter &painter, const QRectF &button)
     const QString title = QCoreApplication::translate("Wexel", "Bug");
     const QFont font = fittingFont(title, button.width() - 2 * padding - iconSize - gap);
     const double titleWidth = QFontMetricsF(font).horizontalAdvance(title);
-    const double left = button.center().x() - (iconSize + gap + titleWidth) / 2;
-    painter.drawImage(QPointF(left, button.center().y() - iconSize / 2),
+    const double width = iconSize + gap + titleWidth;
+    const double left = button.center().x() - width / 2;
+    const bool isMirrored = QGuiApplication::isRightToLeft();
+    const QPointF icon(isMirrored ? left + width - iconSize : left, button.center().y() - iconSize / 2);
+    painter.drawImage(icon,
                       artwork(QStringLiteral("plus"), QSize(int(iconSize), int(iconSize)),
                               painter.device()->devicePixelRatioF()));
+    const double textLeft = isMirrored ? left : left + iconSize + gap;
     painter.setFont(font);
     painter.setPen(Colors::blackColor());
-    painter.drawText(QRectF(left + iconSize + gap, button.top(), titleWidth + 1, button.height()),
+    painter.drawText(QRectF(textLeft, button.top(), titleWidth + 1, button.height()),
                      Qt::AlignVCenter | Qt::AlignLeft, title);
 }
 

@@ -10,6 +10,7 @@ Item {
     property alias rightItem: right.data
     readonly property real sideMargin: 16
 
+    y: Theme.safeTop()
     implicitHeight: 44
 
     Item {

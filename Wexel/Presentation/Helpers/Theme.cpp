@@ -5,6 +5,9 @@
 #include <QFontDatabase>
 #include <QFontInfo>
 
+#include "Presentation/Helpers/SafeArea.h"
+#include "Presentation/Helpers/Stage.h"
+
 namespace wexel {
 
 double Theme::scaled(double size)
@@ -13,6 +16,11 @@ double Theme::scaled(double size)
     constexpr double most = 2;
     const double system = QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).pixelSize();
     return size * std::clamp(system / usual, 1.0, most);
+}
+
+double Theme::safeTop()
+{
+    return safeAreaMargins(Stage::shared().window()).top();
 }
 
 } // namespace wexel

@@ -57,6 +57,8 @@ public:
         return Fonts::fontSemiBoldOfSize(scaled(size));
     }
     Q_INVOKABLE [[nodiscard]] static double scaled(double size);
+    /// What the system covers of the upper edge, in points.
+    Q_INVOKABLE [[nodiscard]] static double safeTop();
 };
 
 } // namespace wexel
