@@ -31,7 +31,7 @@ FlowView {
     onOpening: openAnimation.start()
     onClosing: {
         openAnimation.stop();
-        content.enabled = false;
+        flow.enabled = false;
         closeAnimation.start();
     }
 

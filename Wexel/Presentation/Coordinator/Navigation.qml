@@ -19,6 +19,8 @@ NavigationController {
     function run(upper, lower, from, to) {
         above = upper;
         below = lower;
+        progress = from;
+        place();
         transition.from = from;
         transition.to = to;
         transition.restart();

@@ -1,6 +1,6 @@
 #include <utility>
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include "Business/Flow.h"
 #include "Business/WXLAppRepository.h"
@@ -46,13 +46,16 @@ public:
 
     void open(const FlowServices &services, std::function<void()> onFinish) override
     {
+        if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()) == nullptr)
+            return onFinish();
         Fonts::registerFonts(); // the host may not have got to its event loop yet
         m_brandingService.start();
         m_coordinator
             = std::make_shared<WXLCoordinator>(services, m_brandingService.branding(), m_bannerManager);
         m_coordinator->onCoordinatorFinish = [this, onFinish = std::move(onFinish)] {
-            endCoordinator();
-            onFinish();
+            const auto finished = onFinish; // goes with the coordinator
+            m_coordinator.reset();
+            finished();
         };
         const auto coordinator = m_coordinator; // it may finish while it starts
         coordinator->start();
@@ -78,13 +81,6 @@ private:
             .timestamp = [] { return WXLDateProvider::sharedInstance().timestamp(); },
             .display = std::move(display),
         });
-    }
-
-    void endCoordinator()
-    {
-        // The coordinator is what is calling.
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(), [ended = std::move(m_coordinator)] {}, Qt::QueuedConnection);
     }
 
     WXLBrandingService m_brandingService;

@@ -8,6 +8,7 @@
 #include "Business/WXLAppRepository.h"
 #include "OfflineManager/WXLUploader.h"
 #include "Platform/Log.h"
+#include "Platform/NotificationCenter.h"
 #include "Presentation/Banner/WXLMessageBannerManager.h"
 #include "Presentation/Coordinator/FlowView.h"
 #include "Presentation/Coordinator/WXLDisplayWindow.h"
@@ -64,10 +65,9 @@ void WXLCoordinator::pushEditImageScreen()
 void WXLCoordinator::openWindow(const QImage &screenshot)
 {
     m_displayWindow->onCloseRequest = [this] { dismiss(); };
-    m_displayWindow->onStageLost = [this] { finish(); };
+    m_displayWindow->onStageLost = [this] { finishLater(); };
     m_displayWindow->view().setBackdrop(screenshot);
-    m_closed = QObject::connect(&m_displayWindow->view(), &FlowView::closed, m_displayWindow.get(),
-                     [this] { finish(); });
+    QObject::connect(&m_displayWindow->view(), &FlowView::closed, &m_context, [this] { finishLater(); });
     m_displayWindow->makeKeyAndVisible();
     m_displayWindow->view().open();
 }
@@ -113,7 +113,8 @@ void WXLCoordinator::pushReportComposeScreen()
 
 std::shared_ptr<WXLReportComposeViewModel> WXLCoordinator::composeViewModel()
 {
-    auto viewModel = std::make_shared<WXLReportComposeViewModel>(m_reportData);
+    auto viewModel
+        = std::make_shared<WXLReportComposeViewModel>(m_reportData, NotificationCenter::defaultCenter());
     viewModel->submitButtonPressed
         = [this](const auto &reportData, const auto &email) { submit(reportData, email); };
     viewModel->onDidPressDeleteAttachment = [this](const auto &file) { m_userRemovedFile = file; };
@@ -162,19 +163,22 @@ void WXLCoordinator::dismiss()
     m_displayWindow->view().close();
 }
 
+// One of the window's own signals may have come here.
+void WXLCoordinator::finishLater()
+{
+    m_isClosing = true;
+    m_displayWindow->hide();
+    QMetaObject::invokeMethod(
+        &m_context, [this] { finish(); }, Qt::QueuedConnection);
+}
+
 void WXLCoordinator::finish()
 {
-    if (m_displayWindow) {
-        m_displayWindow->onStageLost = {};
-        m_displayWindow->onCloseRequest = {};
-        QObject::disconnect(m_closed);
-        m_displayWindow->hide();
-        m_displayWindow.release()->deleteLater(); // one of its own signals may have come here
-    }
+    m_displayWindow.reset();
     if (const auto window = std::exchange(m_applicationKeyWindow, nullptr))
         window->requestActivate();
     if (const auto finished = std::exchange(onCoordinatorFinish, {}))
-        finished();
+        finished(); // may destroy the coordinator
 }
 
 } // namespace wexel

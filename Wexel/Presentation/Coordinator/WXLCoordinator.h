@@ -50,6 +50,7 @@ private:
     void showInspectBugScreen();
     void submit(const std::shared_ptr<WXLWexelReportData> &reportData, const std::optional<QString> &email);
     void pop();
+    void finishLater();
     void finish();
 
     FlowServices m_services;
@@ -57,12 +58,12 @@ private:
     WXLMessageBannerManager &m_bannerManager;
     std::shared_ptr<WXLWexelReportData> m_reportData;
     std::unique_ptr<WXLDisplayWindow> m_displayWindow;
-    QMetaObject::Connection m_closed; ///< to the window's closing animation
     QPointer<QWindow> m_applicationKeyWindow;
     bool m_firstTimeOnReportCompose = true;
     std::shared_ptr<WXLWexelFile> m_userRemovedFile; ///< the last attachment that the tester removed
     std::optional<QString> m_enteredBugDescription; ///< kept while the tester goes back
     bool m_isClosing = false;
+    QObject m_context; ///< of what is still to be done
 };
 
 } // namespace wexel

@@ -30,10 +30,12 @@ WXLDisplayWindow::WXLDisplayWindow()
     setTitle(QGuiApplication::applicationDisplayName());
     setFlags(Qt::Dialog | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     setModality(Qt::ApplicationModal);
+    Stage::shared().update(); // the host may have shown its window a moment ago
     setGeometry(Stage::shared().geometry());
     contentItem()->setSize(size()); // the screens want to know before the window is shown
     m_engine.addImportPath(QStringLiteral(":/wexel/qml"));
     m_view = static_cast<FlowView *>(make("FlowScreen.qml", contentItem()));
+    QCoreApplication::instance()->installEventFilter(this);
     connect(&Stage::shared(), &Stage::changed, this, &WXLDisplayWindow::followStage);
 }
 
@@ -87,6 +89,19 @@ void WXLDisplayWindow::followStage()
         setTransientParent(stage.topWindow());
     setGeometry(stage.geometry());
     show();
+    if (transientParent() != stage.window())
+        raise(); // above the button, which keeps itself above dialogs
+}
+
+// An application that is about to quit gives up when a window does not close.
+bool WXLDisplayWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == QCoreApplication::instance() && event->type() == QEvent::Quit) {
+        hide();
+        if (onStageLost)
+            onStageLost();
+    }
+    return QQuickWindow::eventFilter(watched, event);
 }
 
 bool WXLDisplayWindow::event(QEvent *event)

@@ -19,7 +19,7 @@ public:
     WXLDisplayWindow();
     ~WXLDisplayWindow() override;
 
-    /// The user wants to close the window, or the stage is gone for good.
+    /// The user wants to close the window; the stage is gone for good, or the application is about to quit.
     std::function<void()> onCloseRequest;
     std::function<void()> onStageLost;
 
@@ -36,6 +36,7 @@ public:
 
 protected:
     bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QQuickItem *make(const char *document, QQuickItem *parent);
