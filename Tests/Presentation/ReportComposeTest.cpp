@@ -8,7 +8,9 @@
 #include <Wexel/WXLWexelReportData.h>
 
 #include "Business/ReportKeys.h"
+#include "Platform/NotificationCenter.h"
 #include "Presentation/Helpers/ShadowViewContainer.h"
+#include "Presentation/Helpers/WXLBranding.h"
 #include "Presentation/Helpers/WXLLargerTappableButton.h"
 #include "Presentation/Textview/WXLResizingTextView.h"
 
@@ -26,7 +28,8 @@ std::shared_ptr<WXLWexelFile> screenshot()
 struct ReportCompose : testing::Test {
     std::shared_ptr<WXLWexelReportData> report = std::make_shared<WXLWexelReportData>(
         QVariantMap{{kWXLLocale, QStringLiteral("en_US")}, {kWXLUserInput, QStringLiteral("before")}});
-    WXLReportComposeViewModel viewModel{report};
+    NotificationCenter notifications;
+    WXLReportComposeViewModel viewModel{report, notifications};
     std::optional<QString> passedOn = QStringLiteral("nothing passed on");
 
     ReportCompose()
@@ -60,6 +63,19 @@ TEST_F(ReportCompose, TakesThePlaceholderForNoDescription)
     EXPECT_EQ(passedOn, std::nullopt);
 }
 
+TEST_F(ReportCompose, RefreshesWithTheBrandingAsLongAsItLives)
+{
+    int refreshes = 0;
+    {
+        WXLReportComposeViewModel other(report, notifications);
+        notifications.post(BrandingUpdatedNotification); // nobody shows it yet
+        other.brandingRefresCallback = [&refreshes] { ++refreshes; };
+        notifications.post(BrandingUpdatedNotification);
+    }
+    notifications.post(BrandingUpdatedNotification);
+    EXPECT_EQ(refreshes, 1);
+}
+
 TEST_F(ReportCompose, TellsOfARemovedScreenshotBeforeItIsGone)
 {
     EXPECT_TRUE(viewModel.attachments().isEmpty());
@@ -84,6 +100,7 @@ TEST(ResizingTextView, GrowsToThreeLinesAndThenScrolls)
     constexpr double line = 20;
     const auto measured = [](double lines) {
         WXLResizingTextView view;
+        view.setText(QStringLiteral("typed"));
         view.textViewDidChange(lines * line * 1.1 + insets, insets, line);
         return std::pair(view.property("fieldHeight").toDouble(), view.property("isScrollEnabled").toBool());
     };

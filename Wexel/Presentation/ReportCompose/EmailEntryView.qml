@@ -29,7 +29,7 @@ Item {
         text: view.email
         font: Theme.regular(18)
         // One that is there from an earlier report stays pale until it is edited.
-        color: view.isEdited && text.length > 0 ? Theme.black : Theme.slate
+        color: view.isEdited && text.length > 0 && text !== hint.text ? Theme.black : Theme.slate
         selectByMouse: true
         selectionColor: Theme.lightBlue
         activeFocusOnTab: true

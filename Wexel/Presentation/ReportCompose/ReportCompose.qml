@@ -26,6 +26,9 @@ WXLReportComposeViewController {
             onTapped: screen.submitButtonPressed()
         }
     }
+    Item {
+        id: rest // has the keyboard while no field has, which puts one on the screen away
+    }
     RoundedPanel {
         anchors.top: bar.bottom
         anchors.topMargin: 12
@@ -53,7 +56,21 @@ WXLReportComposeViewController {
             clip: true
             boundsBehavior: Flickable.StopAtBounds
             onContentYChanged: top.scrollViewDidScroll(contentY)
-            onMovementStarted: screen.forceActiveFocus() // puts a keyboard on the screen away
+            readonly property Item focused: Window.activeFocusItem
+            onFocusedChanged: { // by the keyboard, maybe below the edge
+                if (!focused || moving || !column.contains(column.mapFromItem(focused, 0, 0)))
+                    return;
+                const top = focused.mapToItem(column, 0, 0).y;
+                if (top < contentY)
+                    contentY = Math.max(0, top - 20);
+                else if (top + focused.height > contentY + height)
+                    contentY = Math.min(contentHeight - height, top + focused.height + 20 - height);
+            }
+            onMovementStarted: rest.forceActiveFocus()
+
+            TapHandler {
+                onTapped: rest.forceActiveFocus()
+            }
 
             Column {
                 id: column

@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include <QGuiApplication>
+#include <QInputMethod>
+
 #include "Presentation/Helpers/Colors.h"
 #include "Presentation/ReportCompose/WXLReportComposeViewModel.h"
 
@@ -33,6 +36,7 @@ void WXLReportComposeViewController::viewDidAppear()
 {
     if (std::exchange(m_viewModel->shownFirstTime, false))
         m_resizingTextView->becomeFirstResponder();
+    m_resizingTextView->placeCaret();
 }
 
 QList<QImage> WXLReportComposeViewController::attachments() const
@@ -45,13 +49,21 @@ QColor WXLReportComposeViewController::backgroundColor()
     return Colors::defaultDarkBlueColor();
 }
 
+// What an input method has not handed over yet belongs to the text, too.
+void WXLReportComposeViewController::endEditing()
+{
+    QGuiApplication::inputMethod()->commit();
+}
+
 void WXLReportComposeViewController::submitButtonPressed()
 {
+    endEditing();
     m_viewModel->didPressSubmitButton(m_resizingTextView->shownText(), m_email);
 }
 
 void WXLReportComposeViewController::backButtonAction()
 {
+    endEditing();
     const QString text = m_resizingTextView->shownText();
     m_viewModel->didPressBackButton(text == WXLReportComposeViewModel::placeholder() ? std::nullopt
                                                                                      : std::optional(text));
@@ -60,6 +72,7 @@ void WXLReportComposeViewController::backButtonAction()
 
 void WXLReportComposeViewController::inspectButtonPressed()
 {
+    endEditing();
     m_viewModel->didPressInspectButton();
 }
 

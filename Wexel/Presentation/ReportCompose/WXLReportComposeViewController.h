@@ -50,6 +50,8 @@ Q_SIGNALS:
     void popped(); ///< the tester wants to go back
 
 private:
+    static void endEditing();
+
     std::shared_ptr<WXLReportComposeViewModel> m_viewModel;
     WXLResizingTextView *m_resizingTextView = nullptr;
     QString m_email;

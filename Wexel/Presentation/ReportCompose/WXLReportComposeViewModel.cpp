@@ -7,13 +7,30 @@
 #include <Wexel/WXLWexelReportData.h>
 
 #include "Business/ReportKeys.h"
+#include "Platform/NotificationCenter.h"
+#include "Presentation/Helpers/WXLBranding.h"
 #include "Presentation/ReportCompose/AttachedImages.h"
 
 namespace wexel {
 
-WXLReportComposeViewModel::WXLReportComposeViewModel(std::shared_ptr<WXLWexelReportData> reportData)
+WXLReportComposeViewModel::WXLReportComposeViewModel(std::shared_ptr<WXLWexelReportData> reportData,
+                                                     NotificationCenter &notifications)
     : m_reportData(std::move(reportData))
+    , m_notifications(notifications)
+    , m_observer(
+          notifications.addObserver(BrandingUpdatedNotification, [this] { brandingUpdatedNotification(); }))
 {
+}
+
+WXLReportComposeViewModel::~WXLReportComposeViewModel()
+{
+    m_notifications.removeObserver(m_observer);
+}
+
+void WXLReportComposeViewModel::brandingUpdatedNotification() const
+{
+    if (brandingRefresCallback)
+        brandingRefresCallback();
 }
 
 QString WXLReportComposeViewModel::placeholder()

@@ -10,6 +10,7 @@
 
 namespace wexel {
 
+class NotificationCenter;
 class WXLWexelFile;
 class WXLWexelReportData;
 
@@ -19,7 +20,12 @@ class WXLReportComposeViewModel
 {
 public:
     /// \param reportData shared with the whole flow
-    explicit WXLReportComposeViewModel(std::shared_ptr<WXLWexelReportData> reportData);
+    /// \param notifications tells of another branding; outlives the view model
+    WXLReportComposeViewModel(std::shared_ptr<WXLWexelReportData> reportData,
+                              NotificationCenter &notifications);
+    ~WXLReportComposeViewModel();
+    WXLReportComposeViewModel(const WXLReportComposeViewModel &) = delete;
+    WXLReportComposeViewModel &operator=(const WXLReportComposeViewModel &) = delete;
 
     /// The report is complete, with the e-mail address if there is a field for one.
     std::function<void(const std::shared_ptr<WXLWexelReportData> &, const std::optional<QString> &)>
@@ -46,7 +52,11 @@ public:
     void didPressDeleteAttachment(int index) const;
 
 private:
+    void brandingUpdatedNotification() const;
+
     std::shared_ptr<WXLWexelReportData> m_reportData;
+    NotificationCenter &m_notifications;
+    const int m_observer;
 };
 
 } // namespace wexel

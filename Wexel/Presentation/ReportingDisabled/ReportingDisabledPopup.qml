@@ -6,6 +6,10 @@ WXLReportingDisabledPopupVC {
 
     Keys.onEscapePressed: popup.dismissButtonAction()
 
+    FontMetrics {
+        id: metrics
+        font: Theme.regular(18)
+    }
     Rectangle {
         anchors.fill: parent
         color: Theme.shadow
@@ -49,6 +53,8 @@ WXLReportingDisabledPopupVC {
                 textFormat: Text.RichText
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
+                lineHeightMode: Text.FixedHeight
+                lineHeight: metrics.height + 2
                 font: Theme.regular(18)
                 color: Theme.slate
             }

@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+#include "Presentation/Helpers/Theme.h"
+
 namespace wexel {
 
 namespace {
@@ -24,10 +26,16 @@ QString WXLReportingDisabledPopupVC::explanation()
     const QString before
         = QCoreApplication::translate("Wexel", "App's administrator has disabled bug reporting for now  ");
     const QString after = QCoreApplication::translate("Wexel", "  Try restarting the app or contact admin.");
-    // The gap after the owl is half a blank narrower.
+    // The first character after the owl is half as large: a blank makes a narrower gap.
+    const int small = qRound(Theme::scaled(9));
+    const int owl = qRound(Theme::scaled(24));
     return escaped(before)
-        + QStringLiteral("<img src=\"qrc:/wexel/Icons/owl.svg\" width=\"24\" height=\"24\" align=\"middle\">")
-        + QStringLiteral("<span style=\"font-size:9px\">&nbsp;</span>") + escaped(after.mid(1));
+        + QStringLiteral("<img src=\"qrc:/wexel/Icons/owl.svg\" width=\"%1\" height=\"%1\" align=\"middle\">"
+                         "<span style=\"font-size:%2px\">")
+              .arg(owl)
+              .arg(small)
+        + escaped(after.left(1)).replace(u' ', QStringLiteral("&nbsp;")) + QStringLiteral("</span>")
+        + escaped(after.mid(1));
 }
 
 } // namespace wexel

@@ -8,6 +8,7 @@ Item {
     required property WXLToolbarContainerView container
     readonly property real slot: grey.slot
     readonly property int duration: container.colorAnimationMilliseconds
+    readonly property Item firstButton: red
     property bool shown: false
 
     function show() {

@@ -48,6 +48,7 @@ WXLToolbarContainerView {
             image: "draw"
         }
         WXLToolbarControl {
+            id: paletteTool
             container: toolbar
             tool: WXLToolbarContainerView.Palette
             title: qsTranslate("Wexel", "PALETTE")
@@ -60,7 +61,11 @@ WXLToolbarContainerView {
         container: toolbar
     }
 
+    property bool isUsedByKeyboard: false
+
     onPaletteShownChanged: {
+        if (isPaletteShown)
+            isUsedByKeyboard = paletteTool.activeFocus;
         opening.stop();
         closing.stop();
         (isPaletteShown ? opening : closing).start();
@@ -75,7 +80,11 @@ WXLToolbarContainerView {
             duration: toolbar.fadeMilliseconds
         }
         ScriptAction {
-            script: fan.show()
+            script: {
+                fan.show();
+                if (toolbar.isUsedByKeyboard)
+                    fan.firstButton.forceActiveFocus(Qt.TabFocusReason);
+            }
         }
     }
     SequentialAnimation {
@@ -91,6 +100,12 @@ WXLToolbarContainerView {
             property: "opacity"
             to: 1
             duration: toolbar.fadeMilliseconds
+        }
+        ScriptAction {
+            script: {
+                if (toolbar.isUsedByKeyboard)
+                    paletteTool.forceActiveFocus(Qt.TabFocusReason);
+            }
         }
     }
 }

@@ -2,8 +2,11 @@
 
 #include <utility>
 
+#include <QQuickWindow>
+
 #include "Business/WXLAppRepository.h"
 #include "Presentation/Helpers/PictureItem.h"
+#include "Presentation/Helpers/SafeArea.h"
 #include "Presentation/Helpers/WXLBranding.h"
 #include "Presentation/Screen/EditorLayout.h"
 #include "Presentation/Screen/WXLOverlayView.h"
@@ -45,8 +48,9 @@ void WXLScreenshotVC::setScreenshotImageView()
 {
     m_initialScreenshot = m_viewModel->screenshotImage.copy();
     m_screenshotView->screenshotImageView().setImage(m_viewModel->screenshotImage.copy());
+    m_safeBottom = safeAreaMargins(window()).bottom();
     m_ratio = width() > 0 ? height() / width() : 1;
-    layOutImage();
+    Q_EMIT layoutChanged();
 }
 
 void WXLScreenshotVC::layOutImage()

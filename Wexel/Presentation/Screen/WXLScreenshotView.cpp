@@ -46,6 +46,8 @@ QImage WXLScreenshotView::bakedImage() const
     const double ratio = window() != nullptr ? window()->effectiveDevicePixelRatio() : 1;
     const QSize size = (m_imageFrame.size() * ratio).toSize();
     QImage image = m_screenshotImageView->image();
+    if (size.isEmpty()) // no room to show it in
+        return image;
     if (image.size() != size)
         image = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     image.setDevicePixelRatio(ratio);
@@ -113,7 +115,7 @@ void WXLScreenshotView::dab(const QPointF &pixel)
 QPointF WXLScreenshotView::getCurrentPointFrom(const QPointF &point) const
 {
     const QPointF inside = point - m_imageFrame.topLeft();
-    if (!QRectF(QPointF(), m_imageFrame.size()).contains(inside))
+    if (m_imageFrame.isEmpty() || !QRectF(QPointF(), m_imageFrame.size()).contains(inside))
         return {outsideOfImageViewPoint, outsideOfImageViewPoint};
     return {inside.x() * m_screenshotImageViewRatioWidth, inside.y() * m_screenshotImageViewRatioHeight};
 }

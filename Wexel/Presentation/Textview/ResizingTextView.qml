@@ -19,10 +19,8 @@ WXLResizingTextView {
         measuring.start();
     }
     onWidthChanged: measuring.start()
-    onFocusWanted: {
-        edit.forceActiveFocus();
-        edit.cursorPosition = edit.length;
-    }
+    onFocusWanted: edit.forceActiveFocus()
+    onCaretWanted: edit.cursorPosition = edit.length
     Component.onCompleted: measure()
 
     Timer { // once the text is laid out
@@ -66,6 +64,7 @@ WXLResizingTextView {
             rightPadding: view.sideInset
             wrapMode: TextEdit.Wrap
             textFormat: TextEdit.PlainText
+            activeFocusOnTab: true
             selectByMouse: true
             selectionColor: Theme.lightBlue
             font: Theme.regular(18)

@@ -29,7 +29,9 @@ void WXLResizingTextView::textViewDidChange(double fittedHeight, double insets, 
     if (lines == mostLines)
         threeLinesHeight = fittedHeight;
     m_isScrollEnabled = lines > mostLines;
-    m_fieldHeight = lines >= mostLines ? threeLinesHeight : fittedHeight;
+    // All of the placeholder shows, also where letters are so large that it takes more.
+    const bool isLimited = lines >= mostLines && !isPlaceholderShown();
+    m_fieldHeight = isLimited ? threeLinesHeight : fittedHeight;
     Q_EMIT measured();
 }
 

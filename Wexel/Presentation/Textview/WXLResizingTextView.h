@@ -32,13 +32,16 @@ public:
     /// \param lineHeight of the font
     Q_INVOKABLE void textViewDidChange(double fittedHeight, double insets, double lineHeight);
 
-    /// The keyboard goes to the field: the caret to the end of what was typed before, else in front of the placeholder.
+    /// The keyboard goes to the field.
     void becomeFirstResponder() { Q_EMIT focusWanted(); }
+    /// To the end of what was typed before, else in front of the placeholder.
+    void placeCaret() { Q_EMIT caretWanted(); }
 
 Q_SIGNALS:
     void textChanged();
     void measured();
     void focusWanted();
+    void caretWanted();
 
 private:
     QString m_text;
