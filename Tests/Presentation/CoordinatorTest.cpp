@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QRasterWindow>
+#include <QTimer>
 
 #include <Wexel/WXLWexelFile.h>
 #include <Wexel/WXLWexelReportData.h>
@@ -305,6 +306,19 @@ TEST_F(CoordinatorTest, finishesWithTheHostsWindowAndAtOnceWithoutOne)
     delete host.window;
     EXPECT_TRUE(waitUntilGone(flow, 2));
     EXPECT_EQ(QGuiApplication::topLevelWindows().size(), 0);
+}
+
+TEST_F(CoordinatorTest, letsTheHostQuit)
+{
+    showHost();
+    const QPointer<QQuickWindow> flow = start();
+    ASSERT_TRUE(flow);
+    EXPECT_TRUE(waitUntil([&flow] { return flow->isExposed(); }));
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    constexpr int givenUp = 1;
+    QTimer::singleShot(5000, qApp, [] { QCoreApplication::exit(givenUp); });
+    EXPECT_EQ(QGuiApplication::exec(), 0);
+    EXPECT_TRUE(waitUntilGone(flow));
 }
 
 TEST_F(CoordinatorTest, tenFlowsLeaveNothingBehind)
