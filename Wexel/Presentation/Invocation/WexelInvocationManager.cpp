@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QStandardPaths>
 
@@ -18,9 +19,42 @@
 
 namespace wexel {
 
+namespace {
+
+/// Runs a block when the finger or the button is up again. What the host has pressed would stay so if a flow, which takes
+/// all input, opened before.
+class AfterRelease final : public QObject
+{
+public:
+    AfterRelease(QObject *application, std::function<void()> block)
+        : QObject(application)
+        , m_block(std::move(block))
+    {
+        application->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const bool isUp = event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::TouchEnd
+            || event->type() == QEvent::TouchCancel;
+        if (isUp && watched->isWindowType() && m_block) {
+            deleteLater();
+            std::exchange(m_block, {})(); // the host gets its release when this returns
+        }
+        return false;
+    }
+
+private:
+    std::function<void()> m_block;
+};
+
+} // namespace
+
 WexelInvocationManager::WexelInvocationManager(Collaborators collaborators) : m_with(std::move(collaborators))
 {
-    m_edgeSwipeHandler.edgeSwipHandlerShouldInvokeStart = [this] { invokeWexel(); };
+    m_edgeSwipeHandler.edgeSwipHandlerShouldInvokeStart
+        = [this] { new AfterRelease(QCoreApplication::instance(), [this] { invokeWexel(); }); };
 }
 
 WexelInvocationManager::~WexelInvocationManager() = default;
