@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include <QJsonObject>
-#include <QProcessEnvironment>
 
 #include "Platform/PropertyList.h"
 #include "Support/Wait.h"
@@ -79,11 +78,10 @@ void DemoTest::startMenu()
 
 void DemoTest::open()
 {
-    QProcessEnvironment extra;
-    extra.insert(QStringLiteral("DISPLAY"), desktop.display());
-    extra.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-    extra.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
-    m_host = installation.run(m_arguments, extra);
+    environment.insert(QStringLiteral("DISPLAY"), desktop.display());
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
+    m_host = installation.run(m_arguments, environment);
     EXPECT_TRUE(m_host->waitForOutput("Authentication succeeded")) << m_host->output().constData();
     EXPECT_TRUE(isEditor() || m_host->waitForOutput("Menu: ready"));
     mainWindow = 0;

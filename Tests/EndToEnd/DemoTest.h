@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <QColor>
+#include <QProcessEnvironment>
 #include <QTemporaryDir>
 
 #include "Desktop.h"
@@ -38,6 +39,7 @@ struct DemoTest : testing::TestWithParam<std::tuple<Demo, bool>> {
     ReceiverProcess receiver;
     Desktop desktop;
     InstalledHost installation;
+    QProcessEnvironment environment; ///< what else the demo starts with
     quint32 mainWindow = 0; ///< the demo's
 
     DemoTest();

@@ -22,9 +22,23 @@ void fill(QQuickItem &item, const QQuickItem &parent)
     QObject::connect(&parent, &QQuickItem::heightChanged, &item, resize);
 }
 
+// With its first item Qt Quick looks up, once for the process, how items tell assistive technology what they are. Where
+// the host does not use Qt Quick, that item is this window's own, and without Qt Quick's types nothing would be found.
+QWindow *noParentButTypes()
+{
+    static const bool areKnown = [] {
+        QQmlEngine engine;
+        QQmlComponent component(&engine);
+        component.setData("import QtQuick\nQtObject {}", {});
+        return component.isReady();
+    }();
+    Q_UNUSED(areKnown)
+    return nullptr;
+}
+
 } // namespace
 
-WXLDisplayWindow::WXLDisplayWindow()
+WXLDisplayWindow::WXLDisplayWindow() : QQuickWindow(noParentButTypes())
 {
     setProperty(displayWindowProperty, true);
     setTitle(QGuiApplication::applicationDisplayName());

@@ -12,7 +12,10 @@ Item {
     activeFocusOnTab: true
     Accessible.role: Accessible.Button
     Accessible.name: name
-    Accessible.onPressAction: tapped()
+    Accessible.onPressAction: {
+        if (enabled) // assistive technology may press what is on its way out
+            tapped();
+    }
     Keys.onReturnPressed: tapped()
     Keys.onEnterPressed: tapped()
     Keys.onSpacePressed: tapped()

@@ -53,7 +53,10 @@ Item {
             activeFocusOnTab: true
             Accessible.role: Accessible.Button
             Accessible.name: qsTranslate("Wexel", "Remove screenshot")
-            Accessible.onPressAction: cell.deletePressed()
+            Accessible.onPressAction: {
+                if (enabled)
+                    cell.deletePressed();
+            }
             Keys.onReturnPressed: cell.deletePressed()
             Keys.onEnterPressed: cell.deletePressed()
             Keys.onSpacePressed: cell.deletePressed()

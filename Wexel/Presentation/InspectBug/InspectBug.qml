@@ -57,6 +57,8 @@ WXLInspectBugVC {
             clip: true
             boundsBehavior: Flickable.StopAtBounds
             activeFocusOnTab: true
+            Accessible.role: Accessible.Document
+            Accessible.name: bar.title
             Keys.onUpPressed: contentY = Math.max(0, contentY - 60)
             Keys.onDownPressed: contentY = Math.max(0, Math.min(contentHeight - height, contentY + 60))
             onContentYChanged: {

@@ -37,7 +37,10 @@ Item {
         Accessible.role: Accessible.EditableText
         Accessible.name: hint.text
         Accessible.description: detail.text
-        onTextEdited: view.edited(text)
+        onTextChanged: { // assistive technology writes without an edit by the user
+            if (text !== view.email)
+                view.edited(text);
+        }
 
         Label {
             id: hint

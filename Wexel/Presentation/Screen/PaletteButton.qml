@@ -25,6 +25,8 @@ Tappable {
     height: parent.height
     opacity: grown
     onTapped: container.colorButtonPressed(index)
+    Accessible.checkable: true
+    Accessible.checked: isCurrent
 
     SequentialAnimation {
         id: popping
