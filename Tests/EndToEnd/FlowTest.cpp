@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QJsonArray>
 #include <QJsonObject>
 
 #include "DemoTest.h"
@@ -211,6 +212,7 @@ TEST_P(MarkingTest, WhatIsMarkedIsInTheScreenshotAndNothingElse)
     EXPECT_LT(coverage(plain, second, green), 0.1);
     const QJsonObject report = receiver.reports().last().toObject().value(u"report").toObject();
     EXPECT_EQ(report.value(u"description"), QStringLiteral("marked"));
+    EXPECT_EQ(report.value(u"sessions").toArray().size(), 1) << "started, and active ever since";
     const double before = detail(plain, blur.area(12));
     EXPECT_GT(before, 2000) << "nothing there to blur";
     EXPECT_LT(detail(marked, blur.area(12)), 0.7 * before);

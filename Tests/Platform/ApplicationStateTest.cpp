@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QGuiApplication>
 #include <QStringList>
 #include <QWindow>
 
@@ -62,10 +61,8 @@ TEST(ApplicationState, FollowsTheHostsWindows)
     EXPECT_TRUE(heard.isEmpty()) << "a host that has shown nothing yet is not in the background";
     QWindow first;
     QWindow second;
-    first.setFlag(Qt::WindowDoesNotAcceptFocus); // shown before it is active, as a desktop does
     first.show();
     settle();
-    EXPECT_EQ(QGuiApplication::applicationState(), Qt::ApplicationInactive);
     EXPECT_TRUE(heard.isEmpty());
     EXPECT_FALSE(resigned);
     second.show(); // swapped for the first one: never in the background

@@ -324,8 +324,8 @@ TEST_F(CoordinatorTest, letsTheHostQuit)
 TEST_F(CoordinatorTest, tenFlowsLeaveNothingBehind)
 {
     showHost();
-    const auto windows = QGuiApplication::allWindows().size();
-    const auto objects = qApp->findChildren<QObject *>().size();
+    qsizetype windows = 0;
+    qsizetype objects = 0;
     for (int times = 1; times <= 10; ++times) {
         const QPointer<QQuickWindow> flow = start();
         ASSERT_TRUE(flow);
@@ -335,6 +335,10 @@ TEST_F(CoordinatorTest, tenFlowsLeaveNothingBehind)
         tap(flow, "Close");
         EXPECT_TRUE(waitUntilGone(flow, times));
         EXPECT_TRUE(editor.isNull());
+        if (times == 1) { // what Qt keeps for the life of the process is there
+            windows = QGuiApplication::allWindows().size();
+            objects = qApp->findChildren<QObject *>().size();
+        }
     }
     EXPECT_EQ(QGuiApplication::allWindows().size(), windows);
     EXPECT_EQ(qApp->findChildren<QObject *>().size(), objects);
