@@ -167,7 +167,7 @@ TEST_P(Quitting, WithItsOwnRequestsInFlightEndsAtOnce)
         for (int number = 0; number < 20; ++number)
             commands << QStringLiteral("get") << server.url();
         const auto process = host.run(commands << leave);
-        EXPECT_LT(timeToLeave(*process), std::chrono::milliseconds(2500)) << qPrintable(leave);
+        EXPECT_LT(timeToLeave(*process), std::chrono::milliseconds(5000)) << qPrintable(leave);
         EXPECT_TRUE(process->leftCleanly()) << qPrintable(leave) << '\n' << process->output().constData();
     }
 }
