@@ -12,6 +12,7 @@ WXLResizingTextView {
         textViewDidChange(fitted, 2 * inset, metrics.height);
     }
 
+    document: edit.textDocument
     implicitHeight: 20 + fieldHeight + 20
     onTextChanged: {
         if (edit.text !== text)
@@ -85,6 +86,7 @@ WXLResizingTextView {
             width: field.width - 2 * view.sideInset
             visible: view.isPlaceholderShown && edit.preeditText.length === 0
             text: view.placeholder
+            lineHeight: view.lineHeightMultiple
             wrapMode: Text.Wrap
             font: edit.font
             color: Theme.slate

@@ -2,6 +2,9 @@
 
 #include <cmath>
 
+#include <QTextBlock>
+#include <QTextCursor>
+
 namespace wexel {
 
 namespace {
@@ -21,6 +24,31 @@ void WXLResizingTextView::setText(const QString &text)
 {
     m_text = text;
     Q_EMIT textChanged();
+}
+
+void WXLResizingTextView::setDocument(QQuickTextDocument *document)
+{
+    m_document = document;
+    connect(document->textDocument(), &QTextDocument::contentsChanged, this,
+            &WXLResizingTextView::spaceLines);
+    spaceLines();
+    Q_EMIT documentChanged();
+}
+
+// Paragraphs come with the default spacing when the text is set or pasted. Undoing takes that and this back at once.
+void WXLResizingTextView::spaceLines()
+{
+    constexpr int percent = 100;
+    QTextBlockFormat spaced;
+    spaced.setLineHeight(lineHeightMultiple() * percent, QTextBlockFormat::ProportionalHeight);
+    for (QTextBlock block = m_document->textDocument()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().lineHeightType() == QTextBlockFormat::ProportionalHeight)
+            continue;
+        QTextCursor cursor(block);
+        cursor.joinPreviousEditBlock();
+        cursor.mergeBlockFormat(spaced);
+        cursor.endEditBlock();
+    }
 }
 
 void WXLResizingTextView::textViewDidChange(double fittedHeight, double insets, double lineHeight)

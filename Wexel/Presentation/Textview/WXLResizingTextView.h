@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QQuickItem>
+#include <QQuickTextDocument>
 
 namespace wexel {
 
@@ -14,6 +15,8 @@ class WXLResizingTextView : public QQuickItem
     Q_PROPERTY(QString text MEMBER m_text NOTIFY textChanged)
     Q_PROPERTY(QString placeholder MEMBER m_placeholder NOTIFY textChanged)
     Q_PROPERTY(bool isPlaceholderShown READ isPlaceholderShown NOTIFY textChanged)
+    Q_PROPERTY(QQuickTextDocument *document READ document WRITE setDocument NOTIFY documentChanged)
+    Q_PROPERTY(double lineHeightMultiple READ lineHeightMultiple CONSTANT)
     Q_PROPERTY(double fieldHeight MEMBER m_fieldHeight NOTIFY measured)
     Q_PROPERTY(bool isScrollEnabled MEMBER m_isScrollEnabled NOTIFY measured)
 
@@ -25,6 +28,11 @@ public:
     [[nodiscard]] bool isPlaceholderShown() const { return m_text.isEmpty(); }
     void setPlaceholder(const QString &placeholder);
     void setText(const QString &text);
+
+    /// The text of the field, whose lines are set a little wider apart than the font would have them.
+    [[nodiscard]] QQuickTextDocument *document() const { return m_document; }
+    void setDocument(QQuickTextDocument *document);
+    [[nodiscard]] static constexpr double lineHeightMultiple() { return 1.1; }
 
     /// The field was laid out anew.
     /// \param fittedHeight that all of the text needs, with the insets
@@ -39,11 +47,15 @@ public:
 
 Q_SIGNALS:
     void textChanged();
+    void documentChanged();
     void measured();
     void focusWanted();
     void caretWanted();
 
 private:
+    void spaceLines();
+
+    QQuickTextDocument *m_document = nullptr;
     QString m_text;
     QString m_placeholder;
     double m_fieldHeight = 50;
