@@ -23,7 +23,10 @@ ReplyObserver::ReplyObserver(QNetworkReply &reply, UrlSession::Completion comple
     m_readyRead = connect(&reply, &QIODevice::readyRead, this, [this] { noticeArrival(); });
     connect(&reply, &QNetworkReply::metaDataChanged, this, [this] { takeHead(); });
     // The next address may never answer.
-    connect(&reply, &QNetworkReply::redirected, this, [this] { m_response.reset(); });
+    connect(&reply, &QNetworkReply::redirected, this, [this] {
+        m_isRedirected = true;
+        m_response.reset();
+    });
     connect(&reply, &QNetworkReply::finished, this, [this] { finish(); });
 }
 
@@ -100,7 +103,9 @@ void ReplyObserver::stopLooking()
 void ReplyObserver::takeHead()
 {
     const QVariant status = m_reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
-    if (status.isValid())
+    constexpr int redirects = 3;
+    const bool isOfFormerAddress = m_isRedirected && status.toInt() / 100 == redirects; // told once more
+    if (status.isValid() && !isOfFormerAddress)
         m_response = UrlResponse{status.toInt(), m_reply.rawHeaderPairs()};
 }
 

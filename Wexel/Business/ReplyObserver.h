@@ -40,6 +40,7 @@ private:
     qint64 m_unread = 0; ///< bytes that the host had not read at the last moment known
     qint64 m_seen = 0; ///< how many of these, from the first, are in `m_body`
     bool m_isLooking = true;
+    bool m_isRedirected = false;
 };
 
 } // namespace wexel
