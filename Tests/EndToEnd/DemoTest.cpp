@@ -81,7 +81,8 @@ void DemoTest::open()
     environment.insert(QStringLiteral("DISPLAY"), desktop.display());
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
     environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
-    extra.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0")); // of Qt's style and theme plugins
+    environment.insert(QStringLiteral("ASAN_OPTIONS"),
+                       QStringLiteral("detect_leaks=0")); // of Qt's style and theme plugins
     m_host = installation.run(m_arguments, environment);
     EXPECT_TRUE(m_host->waitForOutput("Authentication succeeded")) << m_host->output().constData();
     EXPECT_TRUE(isEditor() || m_host->waitForOutput("Menu: ready"));
