@@ -32,7 +32,7 @@ private:
     void slideOut();
     void layOut();
     void after(std::chrono::milliseconds delay, void (WXLMessageBannerVC::*step)());
-    void slide(double from, double to, QEasingCurve::Type curve, void (WXLMessageBannerVC::*next)());
+    void slide(double from, double to, const QEasingCurve &curve, void (WXLMessageBannerVC::*next)());
     void end();
 
     Scheduler &m_scheduler;
