@@ -48,6 +48,11 @@ WXLMessageBannerVC::~WXLMessageBannerVC()
         m_timer->invalidate();
 }
 
+QString WXLMessageBannerVC::accessibleName() const
+{
+    return View::getMessage();
+}
+
 void WXLMessageBannerVC::show()
 {
     after(1s, &WXLMessageBannerVC::slideIn);

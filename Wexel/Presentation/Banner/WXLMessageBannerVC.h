@@ -21,6 +21,7 @@ public:
     ~WXLMessageBannerVC() override;
 
     void show();
+    [[nodiscard]] QString accessibleName() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
