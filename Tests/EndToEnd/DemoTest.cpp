@@ -16,12 +16,16 @@ const QColor flowBlue(0x11, 0x44, 0xf1);
 constexpr int shadowReach = 26; // of the button's window beyond the button
 constexpr int barHeight = 64;
 
-QStringList clientOf(const Demo &demo)
+QVariantMap keysOf(const Demo &demo)
 {
     QString error;
-    const auto keys
-        = readPropertyList(demo.propertyList, error).value_or(QVariantMap()).value(QStringLiteral("Wexel"));
-    const auto key = [&keys](const char *name) { return keys.toMap().value(QLatin1String(name)).toString(); };
+    return readPropertyList(demo.propertyList, error).value_or(QVariantMap());
+}
+
+QStringList clientOf(const Demo &demo)
+{
+    const QVariantMap keys = keysOf(demo).value(QStringLiteral("Wexel")).toMap();
+    const auto key = [&keys](const char *name) { return keys.value(QLatin1String(name)).toString(); };
     return {QStringLiteral("--client"), key("APIClientID") + u':' + key("APIClientSecret")};
 }
 
@@ -98,6 +102,14 @@ void DemoTest::open()
     desktop.settle(stage());
 }
 
+void DemoTest::openArchived()
+{
+    receiver.command(QStringLiteral("archive"),
+                     keysOf(demo()).value(QStringLiteral("CFBundleIdentifier")).toString());
+    open();
+    EXPECT_TRUE(m_host->waitForOutput("WXLWexel: Application is archived."));
+}
+
 void DemoTest::kill()
 {
     m_host.reset();
@@ -156,6 +168,11 @@ std::optional<Desktop::Window> DemoTest::buttonWindow() const
     return {};
 }
 
+QColor DemoTest::colorAt(const QPoint &onStage) const
+{
+    return desktop.picture({onScreen(onStage), QSize(1, 1)}).pixel(0, 0);
+}
+
 QRect DemoTest::button() const
 {
     const auto window = buttonWindow();
@@ -170,14 +187,27 @@ void DemoTest::dropButtonAt(const QPoint &place) const
     desktop.drag({hand, hand + place - button().topLeft()});
 }
 
+bool DemoTest::flowIsOnTop() const
+{
+    const auto window = flow();
+    return window && desktop.windows().last() == *window && desktop.activeWindow() == window->id;
+}
+
 bool DemoTest::flowOpens() const
 {
-    return spinUntil([this] {
-        const auto window = flow();
-        const QRgb corner = desktop.picture({onScreen({2, 2}), QSize(1, 1)}).pixel(0, 0);
-        return window && desktop.windows().last() == *window && desktop.activeWindow() == window->id
-            && QColor(corner) == flowBlue;
-    });
+    return spinUntil([this] { return flowIsOnTop() && colorAt({2, 2}) == flowBlue; });
+}
+
+QPoint DemoTest::popupOpens() const
+{
+    const QColor lightBlue(0, 141, 255);
+    std::optional<QPoint> button;
+    EXPECT_TRUE(spinUntil([&] {
+        button = find(lightBlue, stage().adjusted(0, stage().height() / 2, 0, -stage().height() / 4));
+        return flowIsOnTop() && button;
+    })) << "no popup";
+    desktop.settle(stage());
+    return button.value_or(QPoint());
 }
 
 bool DemoTest::flowGivesBackTo(quint32 window) const
@@ -185,12 +215,24 @@ bool DemoTest::flowGivesBackTo(quint32 window) const
     return spinUntil([this, window] { return !flow() && desktop.activeWindow() == window; });
 }
 
+bool DemoTest::shows(Screen screen) const
+{
+    const QRect rightItem(onScreen({stage().width() - 60, 15}), QSize(50, 30));
+    const bool isPaper = colorAt({20, 120}) == QColor(Qt::white);
+    const bool goesOn = find(Qt::white, rightItem).has_value(); // by "Next" or "Submit"
+    return isPaper == (screen != Screen::Editor) && goesOn == (screen != Screen::Inspect);
+}
+
+void DemoTest::arriveAt(Screen screen) const
+{
+    EXPECT_TRUE(spinUntil([&] { return shows(screen); })) << "not at screen " << int(screen);
+    desktop.settle(stage().adjusted(0, 150, 0, 0)); // the caret blinks above
+}
+
 void DemoTest::describe(const char *words) const
 {
     tapNext();
-    const QRect paper(onScreen({20, 120}), QSize(1, 1));
-    EXPECT_TRUE(spinUntil([&] { return QColor(desktop.picture(paper).pixel(0, 0)) == QColor(Qt::white); }));
-    desktop.settle(stage().adjusted(0, 150, 0, 0)); // the caret blinks above
+    arriveAt(Screen::Compose);
     desktop.xdotool(QStringLiteral("type --delay 15 ") + QLatin1String(words));
 }
 
@@ -258,6 +300,23 @@ QRect DemoTest::imageOnScreen() const
         }
     }
     return image.translated(between.topLeft());
+}
+
+std::optional<QPoint> DemoTest::removeButton() const
+{
+    const QColor slate(0x5e, 0x6d, 0x7f);
+    const QRect besideTheCard = stage().adjusted(0, 300, 0, 340 - stage().height());
+    return find(slate, besideTheCard);
+}
+
+QList<Desktop::Window> DemoTest::banners() const
+{
+    constexpr int highest = 80;
+    QList<Desktop::Window> found = desktop.windows();
+    found.removeIf([this](const Desktop::Window &window) {
+        return window.geometry.width() != stage().width() || window.geometry.height() > highest;
+    });
+    return found;
 }
 
 QImage DemoTest::receivedScreenshot(int number) const

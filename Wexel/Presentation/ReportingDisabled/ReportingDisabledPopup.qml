@@ -23,7 +23,7 @@ WXLReportingDisabledPopupVC {
         anchors.centerIn: parent
         width: Math.min(parent.width - 2 * 30, 400)
         height: content.height + 30 + 10
-        Accessible.role: Accessible.AlertMessage
+        Accessible.role: Accessible.Dialog
         Accessible.name: title.text
 
         Rectangle {
@@ -46,6 +46,8 @@ WXLReportingDisabledPopupVC {
                 wrapMode: Text.Wrap
                 font: Theme.semiBold(26)
                 color: Theme.black
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
             }
             Text {
                 width: parent.width
@@ -57,6 +59,8 @@ WXLReportingDisabledPopupVC {
                 lineHeight: metrics.height + 2
                 font: Theme.regular(18)
                 color: Theme.slate
+                Accessible.role: Accessible.StaticText
+                Accessible.name: popup.spokenExplanation
             }
             Tappable {
                 id: button
