@@ -125,20 +125,35 @@ AssistiveTechnology::~AssistiveTechnology()
     QDBusConnection::disconnectFromBus(connectionName);
 }
 
-QList<Accessible> AssistiveTechnology::shownBeside(const QString &heading) const
+QList<Accessible> AssistiveTechnology::windows()
 {
     const Accessible desktop(QDBusConnection(connectionName), QStringLiteral("org.a11y.atspi.Registry"),
                              root);
-    for (const Accessible &program : desktop.children()) {
-        for (const Accessible &window : program.children()) {
-            QList<Accessible> shown;
-            collectShown(window, shown);
-            if (std::any_of(shown.begin(), shown.end(),
-                            [&](const Accessible &one) { return one.is("heading", heading); }))
-                return shown;
-        }
+    QList<Accessible> windows;
+    for (const Accessible &program : desktop.children())
+        windows += program.children();
+    return windows;
+}
+
+QList<Accessible> AssistiveTechnology::shownBeside(const QString &heading) const
+{
+    for (const Accessible &window : windows()) {
+        QList<Accessible> shown;
+        collectShown(window, shown);
+        if (std::any_of(shown.begin(), shown.end(),
+                        [&](const Accessible &one) { return one.is("heading", heading); }))
+            return shown;
     }
     return {};
+}
+
+std::optional<Accessible> AssistiveTechnology::window(const char *role, const QString &name) const
+{
+    const auto all = windows();
+    const auto found = std::find_if(all.begin(), all.end(), [&](const Accessible &one) {
+        return one.is(role, name) && one.is(Accessible::State::Showing);
+    });
+    return found != all.end() ? std::optional(*found) : std::nullopt;
 }
 
 } // namespace wexel

@@ -61,8 +61,12 @@ public:
     [[nodiscard]] const QString &sessionBus() const { return m_sessionBus; }
     /// All that is shown now in the window with that heading, outer before inner; empty while there is none.
     [[nodiscard]] QList<Accessible> shownBeside(const QString &heading) const;
+    /// The window that is nothing but that.
+    [[nodiscard]] std::optional<Accessible> window(const char *role, const QString &name) const;
 
 private:
+    [[nodiscard]] static QList<Accessible> windows();
+
     QTemporaryDir m_folder;
     std::optional<ChildProcess> m_daemon;
     QString m_sessionBus;
