@@ -8,6 +8,16 @@ namespace wexel {
 
 namespace {
 
+QString beforeOwl()
+{
+    return QCoreApplication::translate("Wexel", "App's administrator has disabled bug reporting for now  ");
+}
+
+QString afterOwl()
+{
+    return QCoreApplication::translate("Wexel", "  Try restarting the app or contact admin.");
+}
+
 /// A host's translation is text, also where it looks like mark-up; every blank of it counts.
 QString escaped(const QString &text)
 {
@@ -23,19 +33,22 @@ WXLReportingDisabledPopupVC::WXLReportingDisabledPopupVC(QQuickItem *parent) : Q
 
 QString WXLReportingDisabledPopupVC::explanation()
 {
-    const QString before
-        = QCoreApplication::translate("Wexel", "App's administrator has disabled bug reporting for now  ");
-    const QString after = QCoreApplication::translate("Wexel", "  Try restarting the app or contact admin.");
+    const QString after = afterOwl();
     // The first character after the owl is half as large: a blank makes a narrower gap.
     const int small = qRound(Theme::scaled(9));
     const int owl = qRound(Theme::scaled(24));
-    return escaped(before)
-        + QStringLiteral("<img src=\"qrc:/wexel/Icons/owl.svg\" width=\"%1\" height=\"%1\" align=\"middle\">"
+    return escaped(beforeOwl())
+        + QStringLiteral("<img src=\"image://artwork/owl/%1\" width=\"%1\" height=\"%1\" align=\"middle\">"
                          "<span style=\"font-size:%2px\">")
               .arg(owl)
               .arg(small)
         + escaped(after.left(1)).replace(u' ', QStringLiteral("&nbsp;")) + QStringLiteral("</span>")
         + escaped(after.mid(1));
+}
+
+QString WXLReportingDisabledPopupVC::words()
+{
+    return beforeOwl() + afterOwl();
 }
 
 } // namespace wexel
