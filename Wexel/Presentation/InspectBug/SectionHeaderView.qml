@@ -6,9 +6,10 @@ Item {
     id: header
 
     property string text
+    property bool staysOneLine: false // a high one that stays in place would take the room
     readonly property real fadeMilliseconds: 100
 
-    implicitHeight: 20 + label.implicitHeight + 20
+    implicitHeight: 20 + label.height + 20
     Accessible.role: Accessible.Heading
     Accessible.name: text
     onTextChanged: {
@@ -18,12 +19,21 @@ Item {
             fade.restart();
     }
 
+    FontMetrics {
+        id: metrics
+        font: Theme.semiBold(20)
+    }
     component Title: Label {
         anchors.horizontalCenter: parent.horizontalCenter
         y: 20
         width: parent.width * 13 / 15
+        height: Math.max(implicitHeight, metrics.height) // also when it is fitted
+        verticalAlignment: Text.AlignVCenter
+        wrapMode: header.staysOneLine ? Text.NoWrap : Text.Wrap
+        fontSizeMode: header.staysOneLine ? Text.HorizontalFit : Text.FixedSize
+        minimumPixelSize: 20
         elide: Text.ElideRight
-        font: Theme.semiBold(20)
+        font: header.staysOneLine ? metrics.font : Theme.fitting(metrics.font, text, width)
         color: Theme.black
         Accessible.ignored: true
     }

@@ -46,7 +46,12 @@ Item {
             id: hint
             width: parent.width
             visible: field.text.length === 0 && field.preeditText.length === 0
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
             text: qsTranslate("Wexel", "Your email")
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 18
+            elide: Text.ElideRight
             font: field.font
             color: Theme.slate
             Accessible.ignored: true
