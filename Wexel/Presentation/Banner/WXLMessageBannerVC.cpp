@@ -22,6 +22,14 @@ double cardHeight()
     return View::bannerViewHeight(safeAreaMargins(stage.window()).bottom(), stage.geometry().width());
 }
 
+/// Time across, way up, from (0, 0) to (1, 1).
+QEasingCurve bezier(const QPointF &first, const QPointF &second)
+{
+    QEasingCurve curve(QEasingCurve::BezierSpline);
+    curve.addCubicBezierSegment(first, second, {1, 1});
+    return curve;
+}
+
 } // namespace
 
 WXLMessageBannerVC::WXLMessageBannerVC(Scheduler &scheduler, std::function<void(WXLMessageBannerVC *)> onGone)
@@ -41,6 +49,11 @@ WXLMessageBannerVC::~WXLMessageBannerVC()
         m_timer->invalidate();
 }
 
+QString WXLMessageBannerVC::accessibleName() const
+{
+    return View::getMessage();
+}
+
 void WXLMessageBannerVC::show()
 {
     after(1s, &WXLMessageBannerVC::slideIn);
@@ -50,7 +63,7 @@ void WXLMessageBannerVC::slideIn()
 {
     layOut();
     present();
-    slide(0, 1, QEasingCurve::OutQuad, &WXLMessageBannerVC::dismissBanner);
+    slide(0, 1, bezier({0, 0}, {0.58, 1}), &WXLMessageBannerVC::dismissBanner);
 }
 
 void WXLMessageBannerVC::dismissBanner()
@@ -60,7 +73,7 @@ void WXLMessageBannerVC::dismissBanner()
 
 void WXLMessageBannerVC::slideOut()
 {
-    slide(1, 0, QEasingCurve::InQuad, &WXLMessageBannerVC::end);
+    slide(1, 0, bezier({0.42, 0}, {1, 1}), &WXLMessageBannerVC::end);
 }
 
 void WXLMessageBannerVC::end()
@@ -75,7 +88,7 @@ void WXLMessageBannerVC::after(std::chrono::milliseconds delay, void (WXLMessage
     m_timer = m_scheduler.schedule(delay, [this, step] { (this->*step)(); });
 }
 
-void WXLMessageBannerVC::slide(double from, double to, QEasingCurve::Type curve,
+void WXLMessageBannerVC::slide(double from, double to, const QEasingCurve &curve,
                                void (WXLMessageBannerVC::*next)())
 {
     constexpr int milliseconds = 200;

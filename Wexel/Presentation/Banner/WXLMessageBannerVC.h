@@ -21,6 +21,7 @@ public:
     ~WXLMessageBannerVC() override;
 
     void show();
+    [[nodiscard]] QString accessibleName() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -32,7 +33,7 @@ private:
     void slideOut();
     void layOut();
     void after(std::chrono::milliseconds delay, void (WXLMessageBannerVC::*step)());
-    void slide(double from, double to, QEasingCurve::Type curve, void (WXLMessageBannerVC::*next)());
+    void slide(double from, double to, const QEasingCurve &curve, void (WXLMessageBannerVC::*next)());
     void end();
 
     Scheduler &m_scheduler;

@@ -35,6 +35,11 @@ WXLFloatingButtonVC::WXLFloatingButtonVC(std::shared_ptr<WXLFloatingButtonVM> vi
     setTitle(QGuiApplication::applicationDisplayName());
 }
 
+QString WXLFloatingButtonVC::accessibleName() const
+{
+    return QCoreApplication::translate("Wexel", "Report a bug");
+}
+
 QRectF WXLFloatingButtonVC::restingFrame() const
 {
     const QPointF initial = View::initialPosition(limitsOfStage().stage.height());

@@ -23,6 +23,10 @@ public:
     /// The button on the stage, without its shadow.
     [[nodiscard]] const QRectF &frame() const { return m_frame; }
 
+    [[nodiscard]] QString accessibleName() const override;
+    [[nodiscard]] bool canBePressed() const override { return true; }
+    void press() override { wexelButtonTapped(); }
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;

@@ -131,7 +131,7 @@ void WXLCoordinator::showInspectBugScreen()
     auto *screen = m_displayWindow->screen<WXLInspectBugVC>("InspectBug.qml");
     if (screen == nullptr)
         return;
-    screen->viewDidLoad(std::make_unique<WXLInspectBugVM>(m_reportData), *m_branding);
+    screen->viewDidLoad(WXLInspectBugVM(m_reportData), *m_branding);
     QObject::connect(screen, &WXLInspectBugVC::popped, screen, [this] { pop(); });
     m_displayWindow->view().navigationController().pushViewController(screen, true);
 }

@@ -1,11 +1,13 @@
 #include "Presentation/Helpers/WXLClickableWindow.h"
 
+#include <QAccessible>
 #include <QBitmap>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPainter>
 
 #include "Platform/WindowSystem.h"
+#include "Presentation/Helpers/ClickableWindowAccessible.h"
 #include "Presentation/Helpers/HostWindows.h"
 #include "Presentation/Helpers/Stage.h"
 
@@ -26,6 +28,12 @@ QRegion pixelsWithin(const QPainterPath &shape, const QSize &size)
     return QRegion(bitmap);
 }
 
+QAccessibleInterface *makeAccessible(const QString & /*className*/, QObject *object)
+{
+    auto *window = qobject_cast<WXLClickableWindow *>(object);
+    return window != nullptr ? new ClickableWindowAccessible(window) : nullptr;
+}
+
 } // namespace
 
 WXLClickableWindow::WXLClickableWindow()
@@ -35,6 +43,7 @@ WXLClickableWindow::WXLClickableWindow()
     QSurfaceFormat translucent;
     translucent.setAlphaBufferSize(8);
     setFormat(translucent);
+    QAccessible::installFactory(makeAccessible); // keeps one of each
     connect(&Stage::shared(), &Stage::changed, this, &WXLClickableWindow::followStage);
 }
 
@@ -67,10 +76,27 @@ void WXLClickableWindow::followStage()
         setTransientParent(below);
     }
     place();
-    if (!isVisible())
+    if (!isVisible()) {
         show();
+        tellThatItCame();
+    }
     if (below != stage.window())
         raise(); // a dialog is put above what was opened from it whenever its own window is touched
+}
+
+void WXLClickableWindow::tellThatItCame()
+{
+    QAccessibleEvent shown(this, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&shown);
+    if (canBePressed())
+        return;
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+QAccessibleInterface *WXLClickableWindow::accessibleRoot() const
+{
+    return QAccessible::queryAccessibleInterface(const_cast<WXLClickableWindow *>(this));
 }
 
 void WXLClickableWindow::place()

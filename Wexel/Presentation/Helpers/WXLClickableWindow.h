@@ -26,6 +26,14 @@ public:
     /// Where in the window, which lies on whole points, the frame begins.
     [[nodiscard]] QPointF frameOffset() const;
 
+    /// What the window is called, or what its message says.
+    [[nodiscard]] virtual QString accessibleName() const = 0;
+    /// Whether it is a button, not a message.
+    [[nodiscard]] virtual bool canBePressed() const { return false; }
+    /// What pressing the button does.
+    virtual void press() { }
+    [[nodiscard]] QAccessibleInterface *accessibleRoot() const override;
+
 protected:
     bool event(QEvent *event) override;
     /// Called when the stage has changed, before the window follows it.
@@ -33,6 +41,7 @@ protected:
 
 private:
     void followStage();
+    void tellThatItCame();
     void place();
     void cutOut();
 

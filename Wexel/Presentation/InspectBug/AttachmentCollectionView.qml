@@ -2,7 +2,7 @@ import QtQuick
 import Wexel.Screens
 
 // What is attached, as a row of cards.
-Item {
+FocusScope {
     id: strip
 
     property var images: []

@@ -54,8 +54,10 @@ Item {
             Accessible.role: Accessible.Button
             Accessible.name: qsTranslate("Wexel", "Remove screenshot")
             Accessible.onPressAction: {
-                if (enabled)
-                    cell.deletePressed();
+                if (!enabled)
+                    return;
+                forceActiveFocus(); // as pressing it by key has it
+                cell.deletePressed();
             }
             Keys.onReturnPressed: cell.deletePressed()
             Keys.onEnterPressed: cell.deletePressed()

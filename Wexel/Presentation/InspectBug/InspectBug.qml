@@ -49,6 +49,12 @@ WXLInspectBugVC {
                 text: qsTranslate("Wexel", "Essentials")
             }
         }
+        FocusFrame {
+            control: scroll
+            z: 1
+            anchors.fill: scroll
+            anchors.margins: 3
+        }
         Flickable {
             id: scroll
             anchors.top: top.bottom
@@ -81,48 +87,48 @@ WXLInspectBugVC {
 
                     TitledLabelView {
                         title: "OS"
-                        detail: screen.os
+                        detail: "iOS " + screen.viewModel.osVersion
                     }
                     TitledLabelView {
                         title: qsTranslate("Wexel", "DEVICE")
-                        detail: screen.device
+                        detail: screen.viewModel.device
                     }
                     TitledLabelView {
                         title: qsTranslate("Wexel", "APP VERSION")
-                        detail: screen.appVersion
+                        detail: screen.viewModel.appVersion
                     }
                     TitledLabelView {
                         title: qsTranslate("Wexel", "NETWORK")
-                        detail: screen.network
-                        detailColor: screen.hasNetwork ? Theme.gunmetal : Theme.silver
+                        detail: screen.viewModel.network
+                        detailColor: detail === qsTranslate("Wexel", "NOT AVAILABLE") ? Theme.silver : Theme.gunmetal
                     }
                     TitledLabelView {
                         title: qsTranslate("Wexel", "CURRENT VIEW")
-                        detail: screen.currentView
+                        detail: screen.viewModel.currentView
                         separatorStyle: TitledLabelView.Inset
                     }
                     TitledLabelView {
                         title: qsTranslate("Wexel", "LOCALE")
-                        detail: screen.locale
+                        detail: screen.viewModel.locale
                         separatorStyle: TitledLabelView.Inset
                     }
                     TitledLabelView {
                         title: qsTranslate("Wexel", "AVAILABLE MEMORY")
-                        detail: screen.availableMemory
+                        detail: screen.viewModel.availableMemory
                     }
                     TitledLabelView {
                         title: qsTranslate("Wexel", "AVAILABLE STORAGE")
-                        detail: screen.availableStorage
+                        detail: screen.viewModel.availableStorage
                         separatorStyle: TitledLabelView.Inset
                     }
                     TitledLabelView {
                         title: qsTranslate("Wexel", "RESOLUTION")
-                        detail: screen.resolution
+                        detail: screen.viewModel.resolution
                         separatorStyle: TitledLabelView.Inset
                     }
                     TitledLabelView {
                         title: qsTranslate("Wexel", "WEXEL SDK VERSION")
-                        detail: screen.sdkVersion
+                        detail: screen.viewModel.sdkVersion
                         separatorStyle: TitledLabelView.Full
                     }
                 }
@@ -133,7 +139,7 @@ WXLInspectBugVC {
                 AttachmentCollectionView {
                     id: strip
                     width: parent.width
-                    images: screen.attachments
+                    images: screen.viewModel.attachments
                 }
                 Item {
                     width: 1
@@ -142,13 +148,13 @@ WXLInspectBugVC {
                 GrantedPermissionsView {
                     id: permissions
                     width: parent.width
-                    grantedPermissions: screen.grantedPermissions
-                    permissionsDescription: screen.permissionsDescription
+                    grantedPermissions: screen.viewModel.grantedPermissions
+                    permissionsDescription: screen.viewModel.permissionsDescription
                 }
                 QuickFactsView {
                     id: facts
                     width: parent.width
-                    quickFacts: screen.quickFacts
+                    quickFacts: screen.viewModel.quickFacts
                 }
                 Item {
                     width: 1

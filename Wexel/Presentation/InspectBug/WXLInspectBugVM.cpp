@@ -28,6 +28,8 @@ qint32 freePercent(double total, double used)
 
 } // namespace
 
+WXLInspectBugVM::WXLInspectBugVM() : WXLInspectBugVM(std::make_shared<WXLWexelReportData>(QVariantMap())) { }
+
 WXLInspectBugVM::WXLInspectBugVM(std::shared_ptr<WXLWexelReportData> reportData)
     : m_reportData(std::move(reportData))
 {
@@ -68,11 +70,6 @@ QString WXLInspectBugVM::networkType() const
     return text(kWXLNetworkType);
 }
 
-QString WXLInspectBugVM::notAvailable()
-{
-    return QCoreApplication::translate("Wexel", "NOT AVAILABLE");
-}
-
 QString WXLInspectBugVM::network() const
 {
     const QString type = networkType();
@@ -88,7 +85,7 @@ QString WXLInspectBugVM::network() const
         words = QStringLiteral("%1 %2").arg(QCoreApplication::translate("Wexel", "Cellular"),
                                             radioGeneration(type));
     }
-    return words.isEmpty() ? notAvailable() : words;
+    return words.isEmpty() ? QCoreApplication::translate("Wexel", "NOT AVAILABLE") : words;
 }
 
 QString WXLInspectBugVM::currentView() const

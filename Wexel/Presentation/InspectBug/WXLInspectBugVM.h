@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <qqml.h>
 
 namespace wexel {
 
@@ -16,7 +17,25 @@ class WXLWexelReportData;
 /// What a report will carry, in words. Everything is read from the report when it is asked for. Main thread only.
 class WXLInspectBugVM
 {
+    Q_GADGET
+    QML_VALUE_TYPE(inspectedBug)
+    Q_PROPERTY(QString osVersion READ osVersion)
+    Q_PROPERTY(QString device READ device)
+    Q_PROPERTY(QString appVersion READ appVersion)
+    Q_PROPERTY(QString network READ network)
+    Q_PROPERTY(QString currentView READ currentView)
+    Q_PROPERTY(QString locale READ locale)
+    Q_PROPERTY(QString availableMemory READ availableMemory)
+    Q_PROPERTY(QString availableStorage READ availableStorage)
+    Q_PROPERTY(QString resolution READ resolution)
+    Q_PROPERTY(QString sdkVersion READ sdkVersion)
+    Q_PROPERTY(QString quickFacts READ quickFacts)
+    Q_PROPERTY(QStringList grantedPermissions READ grantedPermissions)
+    Q_PROPERTY(QString permissionsDescription READ permissionsDescription)
+    Q_PROPERTY(QList<QImage> attachments READ attachments)
+
 public:
+    WXLInspectBugVM(); ///< of an empty report
     explicit WXLInspectBugVM(std::shared_ptr<WXLWexelReportData> reportData);
 
     // Empty where the report has no such value.
@@ -38,9 +57,6 @@ public:
     [[nodiscard]] QStringList grantedPermissions() const;
     [[nodiscard]] QString permissionsDescription() const; ///< of the permissions that are not listed
     [[nodiscard]] QList<QImage> attachments() const;
-
-    /// What `network` says of a report without a network.
-    [[nodiscard]] static QString notAvailable();
 
 private:
     [[nodiscard]] QVariant value(const QString &key) const;

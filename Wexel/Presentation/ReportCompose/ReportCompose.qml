@@ -86,13 +86,19 @@ WXLReportComposeViewController {
                     width: parent.width
                     images: screen.attachments
                     canDelete: true
-                    onDeleted: index => screen.deleteAttachment(index)
+                    onDeleted: index => {
+                        const hadKeyboard = activeFocus;
+                        screen.deleteAttachment(index);
+                        if (hadKeyboard)
+                            inspect.forceActiveFocus(Qt.TabFocusReason);
+                    }
                 }
                 Item {
                     width: 1
                     height: 30
                 }
                 InspectBugControl {
+                    id: inspect
                     width: parent.width
                     onTapped: screen.inspectButtonPressed()
                 }

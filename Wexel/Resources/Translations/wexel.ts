@@ -160,6 +160,10 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Report a bug</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Reporting disabled</source>
         <translation type="unfinished"></translation>
     </message>

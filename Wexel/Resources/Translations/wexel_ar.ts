@@ -160,6 +160,10 @@
         <translation>إزالة لقطة الشاشة</translation>
     </message>
     <message>
+        <source>Report a bug</source>
+        <translation>الإبلاغ عن خطأ</translation>
+    </message>
+    <message>
         <source>Reporting disabled</source>
         <translation>الإبلاغ معطّل</translation>
     </message>

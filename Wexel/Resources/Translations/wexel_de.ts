@@ -160,6 +160,10 @@
         <translation>Bildschirmfoto entfernen</translation>
     </message>
     <message>
+        <source>Report a bug</source>
+        <translation>Fehler melden</translation>
+    </message>
+    <message>
         <source>Reporting disabled</source>
         <translation>Meldungen abgeschaltet</translation>
     </message>

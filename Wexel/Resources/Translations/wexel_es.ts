@@ -160,6 +160,10 @@
         <translation>Quitar la captura</translation>
     </message>
     <message>
+        <source>Report a bug</source>
+        <translation>Informar de un error</translation>
+    </message>
+    <message>
         <source>Reporting disabled</source>
         <translation>Informes desactivados</translation>
     </message>

@@ -160,6 +160,10 @@
         <translation>Retirer la capture d’écran</translation>
     </message>
     <message>
+        <source>Report a bug</source>
+        <translation>Signaler un bug</translation>
+    </message>
+    <message>
         <source>Reporting disabled</source>
         <translation>Signalement désactivé</translation>
     </message>

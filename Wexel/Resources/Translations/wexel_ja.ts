@@ -160,6 +160,10 @@
         <translation>スクリーンショットを削除</translation>
     </message>
     <message>
+        <source>Report a bug</source>
+        <translation>バグを報告</translation>
+    </message>
+    <message>
         <source>Reporting disabled</source>
         <translation>報告は無効です</translation>
     </message>
