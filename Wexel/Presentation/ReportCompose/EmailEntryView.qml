@@ -24,6 +24,8 @@ Item {
         anchors.topMargin: 22
         anchors.horizontalCenter: parent.horizontalCenter
         width: parent.width * 13 / 15
+        height: Math.max(implicitHeight, hint.implicitHeight) // another script may take more
+        verticalAlignment: TextInput.AlignVCenter
         clip: true
         horizontalAlignment: TextInput.AlignLeft
         text: view.email
