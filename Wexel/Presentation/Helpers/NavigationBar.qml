@@ -29,14 +29,13 @@ Item {
     }
     WXLTitleView {
         id: titleView
-        readonly property real side: Math.max(bar.leftSide, bar.rightSide)
+        readonly property real side: bar.isStacked ? bar.sideMargin : Math.max(bar.leftSide, bar.rightSide)
         readonly property bool isCentred: bar.isStacked || naturalWidth <= bar.width - 2 * side
-        // Not in the middle where one side takes the room: next to that one.
-        readonly property real shifted: Math.min(naturalWidth, bar.between)
 
-        x: bar.isStacked ? bar.sideMargin : isCentred ? side : bar.leftSide < bar.rightSide ? bar.width - side - width : side
+        // Not in the middle where one side takes the room for that: next to that one.
+        x: isCentred || bar.leftSide > bar.rightSide ? side : bar.width - side - width
         y: bar.isStacked ? bar.row - offset : 0
-        width: isCentred ? bar.width - 2 * x : shifted
+        width: isCentred ? bar.width - 2 * side : Math.min(naturalWidth, bar.between)
         height: bar.isStacked ? implicitHeight : bar.row
     }
     Item {
