@@ -20,6 +20,7 @@ namespace {
 
 constexpr double spacing = 11;
 constexpr double topInset = 15;
+constexpr double bottomInset = 10; // at least
 constexpr double iconSize = 18;
 constexpr double fontSize = 18;
 constexpr double widestPart = 0.85; // of the card
@@ -131,7 +132,7 @@ double WXLBannerView::bannerViewHeight(double safeBottom, double width)
 {
     constexpr double least = 51;
     const double content = std::max(iconSide(), Message(width).size().height());
-    return std::max(least, std::floor(topInset + content + topInset)) + safeBottom / 2;
+    return std::max(least, std::ceil(topInset + content + bottomInset)) + safeBottom / 2;
 }
 
 QPainterPath WXLBannerView::outline(const QRectF &card)
