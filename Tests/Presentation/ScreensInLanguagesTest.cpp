@@ -145,6 +145,10 @@ void expectMirrored(const QQuickItem *item, const QQuickItem *mirrored)
     EXPECT_NEAR(other.left(), width - place.right(), 1.01) << nameOf(item);
     EXPECT_NEAR(other.right(), width - place.left(), 1.01) << nameOf(item);
     EXPECT_NEAR(other.top(), place.top(), 0.01) << nameOf(item);
+    if (isField(item)) {
+        EXPECT_EQ(item->property("effectiveHorizontalAlignment").toInt(), Qt::AlignLeft);
+        EXPECT_EQ(mirrored->property("effectiveHorizontalAlignment").toInt(), Qt::AlignRight);
+    }
     const QString picture = item->property("name").toString();
     if (isArtwork(item) && (picture == u"back-arrow" || picture == u"path" || picture == u"switchOn")) {
         EXPECT_EQ(std::abs(item->rotation() - mirrored->rotation()), 180) << nameOf(item);

@@ -19,29 +19,37 @@ Item {
             fade.restart();
     }
 
-    FontMetrics {
-        id: metrics
-        font: Theme.semiBold(20)
-    }
     component Title: Label {
+        id: title
+
+        required property bool staysOneLine
+        readonly property font whole: Theme.semiBold(20)
+
         anchors.horizontalCenter: parent.horizontalCenter
         y: 20
         width: parent.width * 13 / 15
         height: Math.max(implicitHeight, metrics.height) // also when it is fitted
         verticalAlignment: Text.AlignVCenter
-        wrapMode: header.staysOneLine ? Text.NoWrap : Text.Wrap
-        fontSizeMode: header.staysOneLine ? Text.HorizontalFit : Text.FixedSize
+        wrapMode: staysOneLine ? Text.NoWrap : Text.Wrap
+        fontSizeMode: staysOneLine ? Text.HorizontalFit : Text.FixedSize
         minimumPixelSize: 20
         elide: Text.ElideRight
-        font: header.staysOneLine ? metrics.font : Theme.fitting(metrics.font, text, width)
+        font: staysOneLine ? whole : Theme.fitting(whole, text, width)
         color: Theme.black
         Accessible.ignored: true
+
+        FontMetrics {
+            id: metrics
+            font: title.whole
+        }
     }
     Title {
         id: label
+        staysOneLine: header.staysOneLine
     }
     Title {
         id: gone
+        staysOneLine: header.staysOneLine
         opacity: 0
     }
     ParallelAnimation {
