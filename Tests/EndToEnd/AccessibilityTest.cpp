@@ -25,10 +25,14 @@ struct AccessibilityTest : DemoTest {
         environment.insert(QStringLiteral("QT_LINUX_ACCESSIBILITY_ALWAYS_ON"), QStringLiteral("1"));
     }
     [[nodiscard]] QList<Accessible> shown() const { return reader.shownBeside(heading); }
-    [[nodiscard]] static bool isThere(const QList<Accessible> &screen, const QString &title)
+    [[nodiscard]] static bool has(const QList<Accessible> &screen, const char *role, const QString &name)
     {
         return std::any_of(screen.begin(), screen.end(),
-                           [&](const Accessible &one) { return one.is("heading", title); });
+                           [&](const Accessible &one) { return one.is(role, name); });
+    }
+    [[nodiscard]] bool isShown(const char *role, const char *name) const
+    {
+        return has(shown(), role, QLatin1String(name));
     }
 
     /// Waits for that screen, and for the one before it to be gone.
@@ -37,7 +41,7 @@ struct AccessibilityTest : DemoTest {
         const QString last = std::exchange(heading, QLatin1String(title));
         EXPECT_TRUE(spinUntil([&] {
             const auto screen = shown();
-            return !screen.isEmpty() && (last.isEmpty() || !isThere(screen, last));
+            return !screen.isEmpty() && (last.isEmpty() || !has(screen, "heading", last));
         })) << title;
         expectAllToBeNamed();
     }
@@ -145,6 +149,45 @@ TEST_P(AccessibilityTest, TheFlowCanBeGoneThroughByRoleAndName)
     const QJsonObject report = receiver.reports().at(0).toObject().value(u"report").toObject();
     EXPECT_EQ(report.value(u"description").toString(), description);
     EXPECT_EQ(report.value(u"tester_email").toString(), email);
+    quit();
+}
+
+TEST_P(AccessibilityTest, TheKeyboardGoesOnWhenTheScreenshotIsRemoved)
+{
+    open();
+    tapButton();
+    ASSERT_TRUE(flowOpens());
+    arriveAt("Mark the bug");
+    press("Next");
+    arriveAt("Wrap-up");
+    expectFocusOn(QStringLiteral("Describe the bug and tap Submit"));
+    tabThrough({QStringLiteral("Your email"), QStringLiteral("Remove screenshot")});
+    press("Remove screenshot");
+    expectFocusOn(QStringLiteral("Inspect bug"));
+    EXPECT_TRUE(spinUntil([this] { return !isShown("graphic", "Screenshot"); }));
+    EXPECT_FALSE(isShown("push button", "Remove screenshot"));
+    press("Submit");
+    ASSERT_TRUE(flowGivesBackTo(mainWindow));
+    ASSERT_TRUE(spinUntil([this] { return receiver.reports().size() == 1; }));
+    const QJsonObject received = receiver.reports().at(0).toObject();
+    EXPECT_TRUE(received.value(u"screenshot").isNull());
+    EXPECT_FALSE(received.value(u"report").toObject().contains(u"screenshot_url"));
+    quit();
+}
+
+TEST_P(AccessibilityTest, ThePopupOfAnArchivedApplicationTellsWhyAndLeadsOut)
+{
+    openArchived();
+    tapButton();
+    arriveAt("Reporting disabled");
+    (void)find("dialog", "Reporting disabled");
+    (void)find("label", "App's administrator has disabled bug reporting for now Try restarting the app");
+    expectFocusOn(QStringLiteral("Dismiss"));
+    press("Next"); // of the editor below
+    EXPECT_FALSE(isShown("push button", "Submit"));
+    tabThrough({QStringLiteral("Dismiss")});
+    press("Dismiss");
+    ASSERT_TRUE(flowGivesBackTo(mainWindow));
     quit();
 }
 

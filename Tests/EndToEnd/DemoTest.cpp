@@ -1,7 +1,6 @@
 #include "DemoTest.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include <QJsonObject>
 
@@ -12,25 +11,19 @@ namespace wexel {
 
 namespace {
 
-const QColor flowBlue(0x11, 0x44, 0xf1);
 constexpr int shadowReach = 26; // of the button's window beyond the button
-constexpr int barHeight = 64;
+
+QVariantMap keysOf(const Demo &demo)
+{
+    QString error;
+    return readPropertyList(demo.propertyList, error).value_or(QVariantMap());
+}
 
 QStringList clientOf(const Demo &demo)
 {
-    QString error;
-    const auto keys
-        = readPropertyList(demo.propertyList, error).value_or(QVariantMap()).value(QStringLiteral("Wexel"));
-    const auto key = [&keys](const char *name) { return keys.toMap().value(QLatin1String(name)).toString(); };
+    const QVariantMap keys = keysOf(demo).value(QStringLiteral("Wexel")).toMap();
+    const auto key = [&keys](const char *name) { return keys.value(QLatin1String(name)).toString(); };
     return {QStringLiteral("--client"), key("APIClientID") + u':' + key("APIClientSecret")};
-}
-
-bool isLike(QRgb pixel, const QColor &color)
-{
-    constexpr int tolerance = 8;
-    return std::abs(qRed(pixel) - color.red()) <= tolerance
-        && std::abs(qGreen(pixel) - color.green()) <= tolerance
-        && std::abs(qBlue(pixel) - color.blue()) <= tolerance;
 }
 
 } // namespace
@@ -98,6 +91,14 @@ void DemoTest::open()
     desktop.settle(stage());
 }
 
+void DemoTest::openArchived()
+{
+    receiver.command(QStringLiteral("archive"),
+                     keysOf(demo()).value(QStringLiteral("CFBundleIdentifier")).toString());
+    open();
+    EXPECT_TRUE(m_host->waitForOutput("WXLWexel: Application is archived."));
+}
+
 void DemoTest::kill()
 {
     m_host.reset();
@@ -136,15 +137,6 @@ std::optional<Desktop::Window> DemoTest::windowTitled(const QString &title) cons
     return {};
 }
 
-std::optional<Desktop::Window> DemoTest::flow() const
-{
-    for (const auto &window : desktop.windows()) {
-        if (window.geometry == stage() && window.id != mainWindow)
-            return window;
-    }
-    return {};
-}
-
 std::optional<Desktop::Window> DemoTest::buttonWindow() const
 {
     constexpr QSize largest(170, 110);
@@ -170,94 +162,14 @@ void DemoTest::dropButtonAt(const QPoint &place) const
     desktop.drag({hand, hand + place - button().topLeft()});
 }
 
-bool DemoTest::flowOpens() const
+QList<Desktop::Window> DemoTest::banners() const
 {
-    return spinUntil([this] {
-        const auto window = flow();
-        const QRgb corner = desktop.picture({onScreen({2, 2}), QSize(1, 1)}).pixel(0, 0);
-        return window && desktop.windows().last() == *window && desktop.activeWindow() == window->id
-            && QColor(corner) == flowBlue;
+    constexpr int highest = 80;
+    QList<Desktop::Window> found = desktop.windows();
+    found.removeIf([this](const Desktop::Window &window) {
+        return window.geometry.width() != stage().width() || window.geometry.height() > highest;
     });
-}
-
-bool DemoTest::flowGivesBackTo(quint32 window) const
-{
-    return spinUntil([this, window] { return !flow() && desktop.activeWindow() == window; });
-}
-
-void DemoTest::describe(const char *words) const
-{
-    tapNext();
-    const QRect paper(onScreen({20, 120}), QSize(1, 1));
-    EXPECT_TRUE(spinUntil([&] { return QColor(desktop.picture(paper).pixel(0, 0)) == QColor(Qt::white); }));
-    desktop.settle(stage().adjusted(0, 150, 0, 0)); // the caret blinks above
-    desktop.xdotool(QStringLiteral("type --delay 15 ") + QLatin1String(words));
-}
-
-QRect DemoTest::toolOnScreen(Tool tool) const
-{
-    constexpr int widest = 520;
-    constexpr int tools = 4;
-    const QRect below = stage();
-    const int width = std::min(below.width(), widest);
-    return {below.center().x() - width / 2 + int(tool) * width / tools, below.bottom() - barHeight + 1,
-            width / tools, barHeight};
-}
-
-std::optional<QPoint> DemoTest::find(const QColor &color, const QRect &area) const
-{
-    constexpr int enough = 10; // pixels
-    const QImage picture = desktop.picture(area);
-    QPoint sum;
-    int count = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (isLike(picture.pixel(x, y), color)) {
-                sum += QPoint(x, y);
-                ++count;
-            }
-        }
-    }
-    return count < enough ? std::nullopt : std::optional(area.topLeft() + sum / count);
-}
-
-bool DemoTest::isSelected(Tool tool, const QColor &color) const
-{
-    return spinUntil([&] { return find(color, toolOnScreen(tool)).has_value(); });
-}
-
-void DemoTest::select(Tool tool, const QColor &color) const
-{
-    desktop.click(toolOnScreen(tool).center());
-    EXPECT_TRUE(isSelected(tool, color));
-}
-
-void DemoTest::chooseColor(const QColor &color) const
-{
-    const QRect toolbar = toolOnScreen(Tool::Clear) | toolOnScreen(Tool::Palette);
-    const QColor purple(0x65, 0x52, 0xff); // shown by the open palette only
-    desktop.click(toolOnScreen(Tool::Palette).center());
-    ASSERT_TRUE(spinUntil([&] { return find(purple, toolbar) && find(color, toolbar); })) << "no palette";
-    desktop.settle(toolbar);
-    desktop.click(*find(color, toolbar));
-    EXPECT_TRUE(spinUntil([&] { return !find(purple, toolbar); })) << "the palette does not close";
-    EXPECT_TRUE(isSelected(Tool::Draw, color));
-}
-
-QRect DemoTest::imageOnScreen() const
-{
-    constexpr int titleHeight = 50;
-    const QRect between = stage().adjusted(0, titleHeight, 0, -barHeight);
-    desktop.settle(between); // the blue is there a moment before the picture is in its place
-    const QImage picture = desktop.picture(between);
-    QRect image;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (QColor(picture.pixel(x, y)) != flowBlue)
-                image |= QRect(x, y, 1, 1);
-        }
-    }
-    return image.translated(between.topLeft());
+    return found;
 }
 
 QImage DemoTest::receivedScreenshot(int number) const

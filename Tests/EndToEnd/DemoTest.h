@@ -34,6 +34,7 @@ struct Demo {
 /// its receiver the real one.
 struct DemoTest : testing::TestWithParam<std::tuple<Demo, bool>> {
     enum class Tool { Clear, Blur, Draw, Palette };
+    enum class Screen { Editor, Compose, Inspect };
 
     QTemporaryDir folder;
     ReceiverProcess receiver;
@@ -49,6 +50,8 @@ struct DemoTest : testing::TestWithParam<std::tuple<Demo, bool>> {
 
     /// Starts the demo, until it can be used and knows its receiver.
     void open();
+    /// The same, with a receiver that takes no reports of it.
+    void openArchived();
     /// Ends it in the middle of whatever it does.
     void kill();
     /// Closes its window as its user does, and expects it to leave in good order.
@@ -71,9 +74,14 @@ struct DemoTest : testing::TestWithParam<std::tuple<Demo, bool>> {
     [[nodiscard]] std::optional<Desktop::Window> flow() const;
     /// True once the flow is there, on top, has the keyboard and shows its blue.
     [[nodiscard]] bool flowOpens() const;
+    /// The same where a popup covers it. Its button, null when it does not open.
+    [[nodiscard]] QPoint popupOpens() const;
     /// True once the flow is gone and that window has the keyboard again.
     [[nodiscard]] bool flowGivesBackTo(quint32 window) const;
     void tapClose() const { desktop.click(onScreen({25, 28})); }
+    void tapBack() const { tapClose(); } ///< is in the same place
+    /// Expects that screen of the flow to be there soon, in its place.
+    void arriveAt(Screen screen) const;
     /// Goes on to the second screen and types there.
     void describe(const char *words) const;
     void tapSubmit() const { tapNext(); } ///< is in the same place
@@ -84,12 +92,20 @@ struct DemoTest : testing::TestWithParam<std::tuple<Demo, bool>> {
     void chooseColor(const QColor &color) const;
     /// Where the flow shows the picture of the application.
     [[nodiscard]] QRect imageOnScreen() const;
+    /// The button that removes the attached screenshot; none while nothing is attached.
+    [[nodiscard]] std::optional<QPoint> removeButton() const;
+    /// The banners over the lower edge of the stage.
+    [[nodiscard]] QList<Desktop::Window> banners() const;
     /// The screenshot of the report of that number, counted from 0, once it has come; no other may have come.
     [[nodiscard]] QImage receivedScreenshot(int number) const;
 
 private:
     void startMenu();
+    [[nodiscard]] QColor colorAt(const QPoint &onStage) const;
+    [[nodiscard]] bool flowIsOnTop() const;
+    [[nodiscard]] bool shows(Screen screen) const;
     [[nodiscard]] QRect toolOnScreen(Tool tool) const;
+    /// The middle of what has that colour there.
     [[nodiscard]] std::optional<QPoint> find(const QColor &color, const QRect &area) const;
 
     std::unique_ptr<ChildProcess> m_menu;

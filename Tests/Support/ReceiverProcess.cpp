@@ -55,6 +55,16 @@ void ReceiverProcess::kill()
     m_process.reset();
 }
 
+void ReceiverProcess::suspend() const
+{
+    m_process->signal(SIGSTOP);
+}
+
+void ReceiverProcess::resume() const
+{
+    m_process->signal(SIGCONT);
+}
+
 QJsonArray ReceiverProcess::reports() const
 {
     return QJsonDocument::fromJson(output({QStringLiteral("reports"), QStringLiteral("--data"), m_dataFolder,

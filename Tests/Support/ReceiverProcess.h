@@ -25,6 +25,9 @@ public:
     void terminate();
     /// Ends it as a power cut would.
     void kill();
+    /// Makes it stop answering, its connections open, until it is resumed.
+    void suspend() const;
+    void resume() const;
 
     /// With a trailing slash.
     [[nodiscard]] QString url() const { return m_url; }

@@ -9,7 +9,7 @@ Item {
     readonly property real offset: 6
     readonly property real naturalWidth: Math.ceil(natural.advanceWidth) + 2 // what letters reach beyond it
 
-    implicitHeight: metrics.height + offset + 4 // 44 at most where letters are not large
+    implicitHeight: Theme.scaled(1) > 1 ? metrics.height + 2 * offset : 44
 
     FontMetrics {
         id: metrics

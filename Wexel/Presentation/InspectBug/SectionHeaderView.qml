@@ -28,7 +28,7 @@ Item {
         anchors.horizontalCenter: parent.horizontalCenter
         y: 20
         width: parent.width * 13 / 15
-        height: Math.max(implicitHeight, metrics.height) // also when it is fitted
+        height: Math.max(implicitHeight, Math.floor(metrics.height)) // also when it is fitted
         verticalAlignment: Text.AlignVCenter
         wrapMode: staysOneLine ? Text.NoWrap : Text.Wrap
         fontSizeMode: staysOneLine ? Text.HorizontalFit : Text.FixedSize

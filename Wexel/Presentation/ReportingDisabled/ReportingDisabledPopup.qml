@@ -35,7 +35,7 @@ WXLReportingDisabledPopupVC {
         anchors.centerIn: parent
         width: Math.min(parent.width - 2 * margin, 400 * popup.scaling)
         height: Math.min(parent.height - 2 * margin - Theme.safeTop(), natural)
-        Accessible.role: Accessible.AlertMessage
+        Accessible.role: Accessible.Dialog
         Accessible.name: title.text
 
         Rectangle {
@@ -70,6 +70,8 @@ WXLReportingDisabledPopupVC {
                     wrapMode: Text.Wrap
                     font: Theme.fitting(Theme.semiBold(26), text, width)
                     color: Theme.black
+                    Accessible.role: Accessible.Heading
+                    Accessible.name: text
                 }
                 Text {
                     id: explanation
@@ -80,8 +82,10 @@ WXLReportingDisabledPopupVC {
                     wrapMode: Text.Wrap
                     lineHeightMode: Text.FixedHeight
                     lineHeight: metrics.height + 2
-                    font: Theme.fitting(Theme.regular(18), popup.words, width)
+                    font: Theme.fitting(Theme.regular(18), popup.spokenExplanation, width)
                     color: Theme.slate
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: popup.spokenExplanation
                 }
             }
         }

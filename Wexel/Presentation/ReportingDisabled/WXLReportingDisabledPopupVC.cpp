@@ -8,12 +8,12 @@ namespace wexel {
 
 namespace {
 
-QString beforeOwl()
+QString beforeTheOwl()
 {
     return QCoreApplication::translate("Wexel", "App's administrator has disabled bug reporting for now  ");
 }
 
-QString afterOwl()
+QString afterTheOwl()
 {
     return QCoreApplication::translate("Wexel", "  Try restarting the app or contact admin.");
 }
@@ -33,11 +33,11 @@ WXLReportingDisabledPopupVC::WXLReportingDisabledPopupVC(QQuickItem *parent) : Q
 
 QString WXLReportingDisabledPopupVC::explanation()
 {
-    const QString after = afterOwl();
+    const QString after = afterTheOwl();
     // The first character after the owl is half as large: a blank makes a narrower gap.
     const int small = qRound(Theme::scaled(9));
     const int owl = qRound(Theme::scaled(24));
-    return escaped(beforeOwl())
+    return escaped(beforeTheOwl())
         + QStringLiteral("<img src=\"image://artwork/owl/%1\" width=\"%1\" height=\"%1\" align=\"middle\">"
                          "<span style=\"font-size:%2px\">")
               .arg(owl)
@@ -46,9 +46,9 @@ QString WXLReportingDisabledPopupVC::explanation()
         + escaped(after.mid(1));
 }
 
-QString WXLReportingDisabledPopupVC::words()
+QString WXLReportingDisabledPopupVC::spokenExplanation()
 {
-    return beforeOwl() + afterOwl();
+    return (beforeTheOwl() + afterTheOwl()).simplified();
 }
 
 } // namespace wexel

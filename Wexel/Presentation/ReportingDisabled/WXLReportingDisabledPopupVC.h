@@ -22,7 +22,7 @@ class WXLReportingDisabledPopupVC : public QQuickItem
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString explanation READ explanation CONSTANT)
-    Q_PROPERTY(QString words READ words CONSTANT)
+    Q_PROPERTY(QString spokenExplanation READ spokenExplanation CONSTANT)
 
 public:
     explicit WXLReportingDisabledPopupVC(QQuickItem *parent = nullptr);
@@ -34,8 +34,8 @@ public:
 
     /// As rich text, with an owl in the middle.
     [[nodiscard]] static QString explanation();
-    /// The same as text, without the owl.
-    [[nodiscard]] static QString words();
+    /// Without the owl, for assistive technology.
+    [[nodiscard]] static QString spokenExplanation();
     Q_INVOKABLE void dismissButtonAction() const { m_viewModel->didPressDismissButton(); }
 
 private:
