@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QFontDatabase>
+#include <QGuiApplication>
 #include <QLibrary>
 #include <QRawFont>
 #include <QResource>
@@ -10,6 +11,7 @@
 #include "Platform/CapturedLog.h"
 #include "Presentation/Fonts/Fonts.h"
 #include "Presentation/Helpers/Artwork.h"
+#include "Presentation/Helpers/ArtworkProvider.h"
 #include "Presentation/Helpers/Colors.h"
 #include "Presentation/Helpers/WXLBrandingService.h"
 
@@ -120,6 +122,11 @@ TEST(ThemeTest, ArtworkFillsItsPointsInThePixelsOfTheScreen)
     EXPECT_EQ(wide.devicePixelRatio(), 2);
     const auto isClear = [&wide](int x) { return qAlpha(wide.pixel(x, 24)) == 0; };
     EXPECT_TRUE(isClear(26) && !isClear(30) && !isClear(65) && isClear(69));
+
+    QSize pixels;
+    const QImage owl = ArtworkProvider().requestImage(QStringLiteral("owl/24"), &pixels, {});
+    EXPECT_EQ(pixels, QSize(24, 24) * qGuiApp->devicePixelRatio());
+    EXPECT_FALSE(colorsOf(owl).isEmpty());
 
     const CapturedLog log;
     EXPECT_TRUE(artwork(QStringLiteral("penguin"), {24, 24}, 1).isNull());

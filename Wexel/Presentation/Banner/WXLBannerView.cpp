@@ -1,10 +1,12 @@
 #include "Presentation/Banner/WXLBannerView.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include <QCoreApplication>
 #include <QFontMetricsF>
-#include <QGuiApplication>
 #include <QPainter>
+#include <QTextLayout>
 
 #include "Presentation/Fonts/Fonts.h"
 #include "Presentation/Helpers/Artwork.h"
@@ -18,24 +20,86 @@ namespace {
 
 constexpr double spacing = 11;
 constexpr double topInset = 15;
-constexpr int iconSize = 18;
+constexpr double bottomInset = 10; // at least
+constexpr double iconSize = 18;
 constexpr double fontSize = 18;
 constexpr double widestPart = 0.85; // of the card
 
-struct Piece {
-    QString text;
-    QFont font;
-    QColor color;
-    [[nodiscard]] double width() const { return QFontMetricsF(font).horizontalAdvance(text); }
-};
-
-std::pair<Piece, Piece> message(double size)
+QString done()
 {
-    return {{QCoreApplication::translate("Wexel", "Done. "), Fonts::fontSemiBoldOfSize(size),
-             Colors::blackColor()},
-            {QCoreApplication::translate("Wexel", "Bug submitted successfully."),
-             Fonts::fontRegularOfSize(size), Colors::slateColor()}};
+    return QCoreApplication::translate("Wexel", "Done. ");
 }
+
+QString submitted()
+{
+    return QCoreApplication::translate("Wexel", "Bug submitted successfully.");
+}
+
+double iconSide()
+{
+    return std::round(Theme::scaled(iconSize));
+}
+
+/// The message, laid out in lines as wide as there is room in a card, centred.
+class Message
+{
+public:
+    // Some languages need more letters than a line has room for: these get smaller, unless the user wants them large.
+    explicit Message(double cardWidth) : m_room(widestPart * cardWidth - iconSide() - spacing)
+    {
+        const double size = Theme::scaled(fontSize);
+        layOut(size);
+        if (m_layout.lineCount() == 1 || size > fontSize)
+            return;
+        const double needed = QFontMetricsF(semiBold(size)).horizontalAdvance(done())
+            + QFontMetricsF(regular(size)).horizontalAdvance(submitted());
+        layOut(std::floor(std::max(1.0, size * m_room / needed)));
+    }
+    [[nodiscard]] QSizeF size() const
+    {
+        double width = 0;
+        for (int i = 0; i < m_layout.lineCount(); ++i)
+            width = std::max(width, m_layout.lineAt(i).naturalTextWidth());
+        return {width, m_layout.boundingRect().height()};
+    }
+    void draw(QPainter &painter, const QPointF &topLeft) const
+    {
+        m_layout.draw(&painter, topLeft - QPointF((m_room - size().width()) / 2, 0));
+    }
+
+private:
+    static QFont semiBold(double size) { return Fonts::fontSemiBoldOfSize(size); }
+    static QFont regular(double size) { return Fonts::fontRegularOfSize(size); }
+    static QTextLayout::FormatRange range(qsizetype start, qsizetype length, const QFont &font,
+                                          const QColor &color)
+    {
+        QTextLayout::FormatRange range{static_cast<int>(start), static_cast<int>(length), {}};
+        range.format.setFont(font);
+        range.format.setForeground(color);
+        return range;
+    }
+    void layOut(double size)
+    {
+        m_layout.setText(done() + submitted());
+        m_layout.setFont(regular(size));
+        m_layout.setFormats({range(0, done().size(), semiBold(size), Colors::blackColor()),
+                             range(done().size(), submitted().size(), regular(size), Colors::slateColor())});
+        QTextOption option(Qt::AlignHCenter);
+        option.setTextDirection(m_layout.text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+        m_layout.setTextOption(option);
+        m_layout.beginLayout();
+        double height = 0;
+        for (QTextLine line = m_layout.createLine(); line.isValid(); line = m_layout.createLine()) {
+            line.setLineWidth(m_room);
+            line.setPosition({0, height});
+            height += line.height();
+        }
+        m_layout.endLayout();
+    }
+
+    QTextLayout m_layout;
+    double m_room;
+};
 
 void paintShadow(QPainter &painter, const QRectF &card)
 {
@@ -48,42 +112,27 @@ void paintShadow(QPainter &painter, const QRectF &card)
         shadow(card.size(), WXLBannerView::cornerRadius, blur, color, painter.device()->devicePixelRatioF()));
 }
 
-void paintPiece(QPainter &painter, const Piece &piece, double left, const QRectF &line)
-{
-    painter.setFont(piece.font);
-    painter.setPen(piece.color);
-    painter.drawText(QRectF(left, line.top(), piece.width() + 1, line.height()),
-                     Qt::AlignVCenter | Qt::AlignLeft, piece.text);
-}
-
 void paintContent(QPainter &painter, const QRectF &card)
 {
-    auto [done, submitted] = message(Theme::scaled(fontSize));
-    const double room = widestPart * card.width() - iconSize - spacing;
-    const double needed = done.width() + submitted.width();
-    if (needed > room) // some languages need more letters
-        std::tie(done, submitted) = message(std::max(1.0, Theme::scaled(fontSize) * room / needed));
-    const double height = std::max<double>(iconSize, QFontMetricsF(submitted.font).height());
-    const QRectF line(card.left(), card.top() + topInset, card.width(), height);
-    const double width = iconSize + spacing + done.width() + submitted.width();
-    const double left = card.center().x() - width / 2;
-    // Where one reads from the right, everything is placed from there.
-    const bool isMirrored = QGuiApplication::isRightToLeft();
-    const auto place
-        = [=](double from, double wide) { return isMirrored ? left + width - from - wide : left + from; };
-    painter.drawImage(QPointF(place(0, iconSize), line.center().y() - iconSize / 2.0),
-                      artwork(QStringLiteral("check-circle"), QSize(iconSize, iconSize),
+    const Message message(card.width());
+    const QSizeF text = message.size();
+    const double side = iconSide();
+    const double middle = card.top() + topInset + std::max(side, text.height()) / 2;
+    const double left = card.center().x() - (side + spacing + text.width()) / 2;
+    const bool isMirrored = Theme::isRightToLeft();
+    painter.drawImage(QPointF(isMirrored ? left + text.width() + spacing : left, middle - side / 2),
+                      artwork(QStringLiteral("check-circle"), QSizeF(side, side).toSize(),
                               painter.device()->devicePixelRatioF()));
-    paintPiece(painter, done, place(iconSize + spacing, done.width()), line);
-    paintPiece(painter, submitted, place(iconSize + spacing + done.width(), submitted.width()), line);
+    message.draw(painter, {isMirrored ? left : left + side + spacing, middle - text.height() / 2});
 }
 
 } // namespace
 
-double WXLBannerView::bannerViewHeight(double safeBottom)
+double WXLBannerView::bannerViewHeight(double safeBottom, double width)
 {
-    constexpr double height = 51;
-    return height + safeBottom / 2;
+    constexpr double least = 51;
+    const double content = std::max(iconSide(), Message(width).size().height());
+    return std::max(least, std::ceil(topInset + content + bottomInset)) + safeBottom / 2;
 }
 
 QPainterPath WXLBannerView::outline(const QRectF &card)
@@ -95,8 +144,7 @@ QPainterPath WXLBannerView::outline(const QRectF &card)
 
 QString WXLBannerView::getMessage()
 {
-    const auto [done, submitted] = message(Theme::scaled(fontSize));
-    return done.text + submitted.text;
+    return done() + submitted();
 }
 
 void WXLBannerView::paint(QPainter &painter, const QRectF &card, bool isBlended)

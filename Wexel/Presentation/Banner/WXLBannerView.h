@@ -16,7 +16,8 @@ public:
 
     /// Of the card above the edge, of which the lower corners lie below it.
     /// \param safeBottom what the system covers there
-    [[nodiscard]] static double bannerViewHeight(double safeBottom);
+    /// \param width of the card, whose message takes more lines where letters are large; by default there is room
+    [[nodiscard]] static double bannerViewHeight(double safeBottom, double width = 10'000);
     [[nodiscard]] static QPainterPath outline(const QRectF &card);
     /// What the card says.
     [[nodiscard]] static QString getMessage();

@@ -18,7 +18,8 @@ namespace {
 
 double cardHeight()
 {
-    return View::bannerViewHeight(safeAreaMargins(Stage::shared().window()).bottom());
+    const Stage &stage = Stage::shared();
+    return View::bannerViewHeight(safeAreaMargins(stage.window()).bottom(), stage.geometry().width());
 }
 
 /// Time across, way up, from (0, 0) to (1, 1).

@@ -45,7 +45,7 @@ QRectF WXLFloatingButtonVC::restingFrame() const
     const QPointF initial = View::initialPosition(limitsOfStage().stage.height());
     const auto x = m_appRepository.floatingButtonFrameX();
     const auto y = m_appRepository.floatingButtonFrameY();
-    return {QPointF(x ? *x : initial.x(), y ? *y : initial.y()), View::size};
+    return {QPointF(x ? *x : initial.x(), y ? *y : initial.y()), View::size()};
 }
 
 // A stage that became smaller must not leave the button outside, and one that grows again brings it back.

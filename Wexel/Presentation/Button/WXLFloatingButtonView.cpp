@@ -1,7 +1,9 @@
 #include "Presentation/Button/WXLFloatingButtonView.h"
 
+#include <cmath>
+
+#include <QCoreApplication>
 #include <QFontMetricsF>
-#include <QGuiApplication>
 #include <QPainter>
 
 #include "Presentation/Fonts/Fonts.h"
@@ -30,22 +32,26 @@ void paintShadow(QPainter &painter, const QRectF &button, double offset)
         shadow(button.size(), WXLFloatingButtonView::cornerRadius, shadowBlur, shadowColor, ratio));
 }
 
+QString title()
+{
+    return QCoreApplication::translate("Wexel", "Bug");
+}
+
 /// Some languages need more letters than the button has room for.
-QFont fittingFont(const QString &title, double width)
+QFont fittingFont(double width)
 {
     const QFont font = Fonts::fontSemiBoldOfSize(Theme::scaled(titleSize));
-    const double needed = QFontMetricsF(font).horizontalAdvance(title);
+    const double needed = QFontMetricsF(font).horizontalAdvance(title());
     return needed <= width ? font : Fonts::fontSemiBoldOfSize(Theme::scaled(titleSize) * width / needed);
 }
 
 void paintContent(QPainter &painter, const QRectF &button)
 {
-    const QString title = QCoreApplication::translate("Wexel", "Bug");
-    const QFont font = fittingFont(title, button.width() - 2 * padding - iconSize - gap);
-    const double titleWidth = QFontMetricsF(font).horizontalAdvance(title);
+    const QFont font = fittingFont(button.width() - 2 * padding - iconSize - gap);
+    const double titleWidth = QFontMetricsF(font).horizontalAdvance(title());
     const double width = iconSize + gap + titleWidth;
     const double left = button.center().x() - width / 2;
-    const bool isMirrored = QGuiApplication::isRightToLeft();
+    const bool isMirrored = Theme::isRightToLeft();
     const QPointF icon(isMirrored ? left + width - iconSize : left, button.center().y() - iconSize / 2);
     painter.drawImage(icon,
                       artwork(QStringLiteral("plus"), QSize(int(iconSize), int(iconSize)),
@@ -54,14 +60,25 @@ void paintContent(QPainter &painter, const QRectF &button)
     painter.setFont(font);
     painter.setPen(Colors::blackColor());
     painter.drawText(QRectF(textLeft, button.top(), titleWidth + 1, button.height()),
-                     Qt::AlignVCenter | Qt::AlignLeft, title);
+                     Qt::AlignVCenter | Qt::AlignLeft, title());
 }
 
 } // namespace
 
+QSizeF WXLFloatingButtonView::size()
+{
+    constexpr QSizeF usual{100, 50};
+    constexpr double above = 6; // and below the title
+    if (Theme::scaled(titleSize) <= titleSize)
+        return usual;
+    const QFontMetricsF metrics(Fonts::fontSemiBoldOfSize(Theme::scaled(titleSize)));
+    const double width = 2 * padding + iconSize + gap + metrics.horizontalAdvance(title());
+    return usual.expandedTo({std::ceil(width), std::ceil(metrics.height() + 2 * above)});
+}
+
 QPointF WXLFloatingButtonView::initialPosition(double stageHeight)
 {
-    return {margin, stageHeight - size.width() - margin}; // the width on purpose
+    return {margin, stageHeight - size().width() - margin}; // the width on purpose
 }
 
 QPainterPath WXLFloatingButtonView::outline(const QRectF &button)

@@ -12,7 +12,8 @@ namespace wexel {
 class WXLFloatingButtonView
 {
 public:
-    static constexpr QSizeF size{100, 50};
+    /// 100 by 50 points; more where the user has large letters.
+    [[nodiscard]] static QSizeF size();
     static constexpr double cornerRadius = 25.5;
     static constexpr double margin = 15; ///< from the left and the bottom, while nobody has moved it
     static constexpr double shadowReach = 26; ///< of the drawing beyond the button, when lifted

@@ -5,6 +5,7 @@
 
 #include "Platform/Log.h"
 #include "Presentation/Coordinator/FlowView.h"
+#include "Presentation/Helpers/ArtworkProvider.h"
 #include "Presentation/Helpers/HostWindows.h"
 #include "Presentation/Helpers/Stage.h"
 
@@ -48,6 +49,7 @@ WXLDisplayWindow::WXLDisplayWindow() : QQuickWindow(noParentButTypes())
     setGeometry(Stage::shared().geometry());
     contentItem()->setSize(size()); // the screens want to know before the window is shown
     m_engine.addImportPath(QStringLiteral(":/wexel/qml"));
+    m_engine.addImageProvider(QStringLiteral("artwork"), new ArtworkProvider); // takes it
     m_view = static_cast<FlowView *>(make("FlowScreen.qml", contentItem()));
     QCoreApplication::instance()->installEventFilter(this);
     connect(&Stage::shared(), &Stage::changed, this, &WXLDisplayWindow::followStage);

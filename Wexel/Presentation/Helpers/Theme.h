@@ -2,7 +2,6 @@
 
 #include <QColor>
 #include <QFont>
-#include <QGuiApplication>
 #include <QObject>
 #include <qqml.h>
 
@@ -32,7 +31,8 @@ class Theme : public QObject
     Q_PROPERTY(QColor silver READ silver CONSTANT)
 
 public:
-    [[nodiscard]] static bool isRightToLeft() { return QGuiApplication::isRightToLeft(); }
+    /// Whether the screens are mirrored: the application is, or the language of their texts reads that way.
+    [[nodiscard]] static bool isRightToLeft();
     [[nodiscard]] static QColor white() { return Colors::whiteColor(); }
     [[nodiscard]] static QColor black() { return Colors::blackColor(); }
     [[nodiscard]] static QColor shadow() { return Colors::shadowColor(); }
@@ -57,6 +57,8 @@ public:
         return Fonts::fontSemiBoldOfSize(scaled(size));
     }
     Q_INVOKABLE [[nodiscard]] static double scaled(double size);
+    /// The font, smaller where otherwise a word of the text would be broken to fit the width, in points.
+    Q_INVOKABLE [[nodiscard]] static QFont fitting(const QFont &font, const QString &text, double width);
     /// What the system covers of the upper edge, in points.
     Q_INVOKABLE [[nodiscard]] static double safeTop();
 };

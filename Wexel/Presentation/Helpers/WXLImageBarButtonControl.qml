@@ -7,8 +7,9 @@ Tappable {
 
     property string image
     readonly property real offset: 6
+    readonly property real size: Theme.scaled(18)
 
-    implicitWidth: 4 + 18 + 30
+    implicitWidth: 4 + size + 30
     implicitHeight: 44
 
     Artwork {
@@ -16,8 +17,8 @@ Tappable {
         anchors.leftMargin: 4
         anchors.verticalCenter: parent.verticalCenter
         anchors.verticalCenterOffset: control.offset
-        width: 18
-        height: 18
+        width: control.size
+        height: control.size
         name: control.image
         tint: Theme.white
         rotation: control.LayoutMirroring.enabled ? 180 : 0 // arrows point the other way

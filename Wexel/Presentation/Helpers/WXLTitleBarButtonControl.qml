@@ -10,7 +10,7 @@ Tappable {
 
     name: title
     implicitWidth: label.implicitWidth + 25 + 4
-    implicitHeight: 44
+    implicitHeight: Math.max(44, label.implicitHeight + 2 * offset)
 
     Label {
         id: label

@@ -7,7 +7,19 @@ Item {
 
     property string title
     readonly property real offset: 6
+    readonly property real naturalWidth: Math.ceil(natural.advanceWidth) + 2 // what letters reach beyond it
 
+    implicitHeight: Theme.scaled(1) > 1 ? metrics.height + 2 * offset : 44
+
+    FontMetrics {
+        id: metrics
+        font: Theme.semiBold(26)
+    }
+    TextMetrics {
+        id: natural
+        font: metrics.font
+        text: view.title
+    }
     Label {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.verticalCenter: parent.verticalCenter
@@ -19,7 +31,7 @@ Item {
         elide: Text.ElideRight
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
-        font: Theme.semiBold(26)
+        font: metrics.font
         color: Theme.white
         Accessible.role: Accessible.Heading
         Accessible.name: text

@@ -18,6 +18,7 @@ Item {
 
     Item {
         id: card
+        anchors.left: parent.left
         anchors.verticalCenter: parent.verticalCenter
         width: 75 + 5.6
         height: 150 + 5.6

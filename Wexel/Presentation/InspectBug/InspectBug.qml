@@ -45,6 +45,7 @@ WXLInspectBugVC {
                 id: header
                 width: parent.width
                 height: parent.height
+                staysOneLine: true
                 text: qsTranslate("Wexel", "Essentials")
             }
         }

@@ -23,8 +23,8 @@ Tappable {
         Artwork {
             id: icon
             anchors.verticalCenter: parent.verticalCenter
-            width: 20
-            height: 20
+            width: Theme.scaled(20)
+            height: width
             name: "path"
             tint: Theme.black
             rotation: control.LayoutMirroring.enabled ? 180 : 0
@@ -32,8 +32,10 @@ Tappable {
         Label {
             id: label
             anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, mainStack.width - icon.width - mainStack.spacing)
             text: qsTranslate("Wexel", "Inspect bug")
-            font: Theme.semiBold(20)
+            wrapMode: Text.Wrap
+            font: Theme.fitting(Theme.semiBold(20), text, mainStack.width - icon.width - mainStack.spacing)
             color: Theme.black
         }
     }

@@ -29,12 +29,14 @@ Item {
             id: link
             name: words.text
             Accessible.role: Accessible.Link
-            implicitWidth: words.implicitWidth
+            implicitWidth: words.width
             implicitHeight: words.implicitHeight
             onTapped: Qt.openUrlExternally(HelpPage.address)
 
             Label {
                 id: words
+                width: Math.min(implicitWidth, row.width)
+                wrapMode: Text.Wrap
                 text: qsTranslate("Wexel", "Read here")
                 font: Theme.semiBold(15)
                 color: Theme.lightBlue

@@ -8,7 +8,7 @@ Item {
     property string permission
 
     width: parent ? parent.width : 0
-    implicitHeight: Math.max(name.implicitHeight, 24)
+    implicitHeight: Math.max(name.implicitHeight, picture.height)
     Accessible.role: Accessible.StaticText
     Accessible.name: permission
 
@@ -33,9 +33,10 @@ Item {
             id: picture
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            width: 24
-            height: 24
+            width: Theme.scaled(24)
+            height: width
             name: "switchOn"
+            rotation: view.LayoutMirroring.enabled ? 180 : 0
         }
     }
 }

@@ -6,9 +6,10 @@ Item {
     id: header
 
     property string text
+    property bool staysOneLine: false // a high one that stays in place would take the room
     readonly property real fadeMilliseconds: 100
 
-    implicitHeight: 20 + label.implicitHeight + 20
+    implicitHeight: 20 + label.height + 20
     Accessible.role: Accessible.Heading
     Accessible.name: text
     onTextChanged: {
@@ -19,19 +20,36 @@ Item {
     }
 
     component Title: Label {
+        id: title
+
+        required property bool staysOneLine
+        readonly property font whole: Theme.semiBold(20)
+
         anchors.horizontalCenter: parent.horizontalCenter
         y: 20
         width: parent.width * 13 / 15
+        height: Math.max(implicitHeight, Math.floor(metrics.height)) // also when it is fitted
+        verticalAlignment: Text.AlignVCenter
+        wrapMode: staysOneLine ? Text.NoWrap : Text.Wrap
+        fontSizeMode: staysOneLine ? Text.HorizontalFit : Text.FixedSize
+        minimumPixelSize: 20
         elide: Text.ElideRight
-        font: Theme.semiBold(20)
+        font: staysOneLine ? whole : Theme.fitting(whole, text, width)
         color: Theme.black
         Accessible.ignored: true
+
+        FontMetrics {
+            id: metrics
+            font: title.whole
+        }
     }
     Title {
         id: label
+        staysOneLine: header.staysOneLine
     }
     Title {
         id: gone
+        staysOneLine: header.staysOneLine
         opacity: 0
     }
     ParallelAnimation {

@@ -26,7 +26,8 @@ Item {
         anchors.horizontalCenter: parent.horizontalCenter
         width: parent.width * 13 / 15
         text: view.title
-        font: Theme.bold(12)
+        wrapMode: Text.Wrap
+        font: Theme.fitting(Theme.bold(12), text, width)
         color: Theme.coolGrey
         Accessible.ignored: true
     }

@@ -24,6 +24,8 @@ Item {
         anchors.topMargin: 22
         anchors.horizontalCenter: parent.horizontalCenter
         width: parent.width * 13 / 15
+        height: Math.max(implicitHeight, hint.implicitHeight) // another script may take more
+        verticalAlignment: TextInput.AlignVCenter
         clip: true
         horizontalAlignment: TextInput.AlignLeft
         text: view.email
@@ -46,7 +48,12 @@ Item {
             id: hint
             width: parent.width
             visible: field.text.length === 0 && field.preeditText.length === 0
+            height: parent.height
+            verticalAlignment: Text.AlignVCenter
             text: qsTranslate("Wexel", "Your email")
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 18
+            elide: Text.ElideRight
             font: field.font
             color: Theme.slate
             Accessible.ignored: true

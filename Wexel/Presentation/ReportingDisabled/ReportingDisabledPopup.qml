@@ -4,11 +4,19 @@ import Wexel.Screens
 WXLReportingDisabledPopupVC {
     id: popup
 
+    readonly property real scaling: Theme.scaled(1)
+
+    function scrollBy(points: real) {
+        scroll.contentY = Math.max(0, Math.min(scroll.contentHeight - scroll.height, scroll.contentY + points));
+    }
+
     Keys.onEscapePressed: popup.dismissButtonAction()
+    Keys.onUpPressed: scrollBy(-60)
+    Keys.onDownPressed: scrollBy(60)
 
     FontMetrics {
         id: metrics
-        font: Theme.regular(18)
+        font: explanation.font
     }
     Rectangle {
         anchors.fill: parent
@@ -20,9 +28,13 @@ WXLReportingDisabledPopupVC {
     }
     Item {
         id: card
+
+        readonly property real margin: 30 / popup.scaling // large letters need the room
+        readonly property real natural: 30 + texts.height + 16 + button.height + 10
+
         anchors.centerIn: parent
-        width: Math.min(parent.width - 2 * 30, 400)
-        height: content.height + 30 + 10
+        width: Math.min(parent.width - 2 * margin, 400 * popup.scaling)
+        height: Math.min(parent.height - 2 * margin - Theme.safeTop(), natural)
         Accessible.role: Accessible.Dialog
         Accessible.name: title.text
 
@@ -31,58 +43,79 @@ WXLReportingDisabledPopupVC {
             radius: 15
             color: Theme.white
         }
-        Column {
-            id: content
-            y: 30
+        Flickable {
+            id: scroll
+            anchors.top: parent.top
+            anchors.topMargin: fits ? 30 : 15 // which also is the corners' radius
+            anchors.bottom: button.top
+            anchors.bottomMargin: fits ? 16 : 0
             anchors.horizontalCenter: parent.horizontalCenter
-            width: parent.width - 2 * 24
-            spacing: 16
+            width: parent.width - 2 * 24 / popup.scaling
+            contentHeight: texts.height
+            clip: !fits
+            boundsBehavior: Flickable.StopAtBounds
 
-            Label {
-                id: title
+            readonly property bool fits: card.height >= card.natural
+
+            Column {
+                id: texts
                 width: parent.width
-                text: qsTranslate("Wexel", "Reporting disabled")
-                horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
-                font: Theme.semiBold(26)
-                color: Theme.black
-                Accessible.role: Accessible.Heading
-                Accessible.name: text
-            }
-            Text {
-                width: parent.width
-                text: popup.explanation
-                textFormat: Text.RichText
-                horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
-                lineHeightMode: Text.FixedHeight
-                lineHeight: metrics.height + 2
-                font: Theme.regular(18)
-                color: Theme.slate
-                Accessible.role: Accessible.StaticText
-                Accessible.name: popup.spokenExplanation
-            }
-            Tappable {
-                id: button
-                anchors.horizontalCenter: parent.horizontalCenter
-                name: label.text
-                width: label.implicitWidth + 2 * 20
-                height: label.implicitHeight + 2 * 20
-                focus: true
-                onTapped: popup.dismissButtonAction()
+                spacing: 16
 
                 Label {
-                    id: label
-                    anchors.centerIn: parent
-                    text: qsTranslate("Wexel", "Dismiss")
-                    font: Theme.semiBold(20)
-                    color: Theme.lightBlue
-                    opacity: button.pressed ? 0.5 : 1
+                    id: title
+                    width: parent.width
+                    text: qsTranslate("Wexel", "Reporting disabled")
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                    font: Theme.fitting(Theme.semiBold(26), text, width)
+                    color: Theme.black
+                    Accessible.role: Accessible.Heading
+                    Accessible.name: text
                 }
-                FocusFrame {
-                    control: button
-                    anchors.margins: 8
+                Text {
+                    id: explanation
+                    width: parent.width
+                    text: popup.explanation
+                    textFormat: Text.RichText
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                    lineHeightMode: Text.FixedHeight
+                    lineHeight: metrics.height + 2
+                    font: Theme.fitting(Theme.regular(18), popup.spokenExplanation, width)
+                    color: Theme.slate
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: popup.spokenExplanation
                 }
+            }
+        }
+        Rule {
+            anchors.bottom: button.top
+            width: parent.width
+            visible: !scroll.atYEnd
+        }
+        Tappable {
+            id: button
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: 10
+            anchors.horizontalCenter: parent.horizontalCenter
+            name: label.text
+            width: label.implicitWidth + 2 * 20
+            height: label.implicitHeight + 2 * 20
+            focus: true
+            onTapped: popup.dismissButtonAction()
+
+            Label {
+                id: label
+                anchors.centerIn: parent
+                text: qsTranslate("Wexel", "Dismiss")
+                font: Theme.semiBold(20)
+                color: Theme.lightBlue
+                opacity: button.pressed ? 0.5 : 1
+            }
+            FocusFrame {
+                control: button
+                anchors.margins: 8
             }
         }
     }

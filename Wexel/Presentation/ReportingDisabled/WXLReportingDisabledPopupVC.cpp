@@ -38,7 +38,7 @@ QString WXLReportingDisabledPopupVC::explanation()
     const int small = qRound(Theme::scaled(9));
     const int owl = qRound(Theme::scaled(24));
     return escaped(beforeTheOwl())
-        + QStringLiteral("<img src=\"qrc:/wexel/Icons/owl.svg\" width=\"%1\" height=\"%1\" align=\"middle\">"
+        + QStringLiteral("<img src=\"image://artwork/owl/%1\" width=\"%1\" height=\"%1\" align=\"middle\">"
                          "<span style=\"font-size:%2px\">")
               .arg(owl)
               .arg(small)

@@ -7,6 +7,7 @@ WXLToolbarContainerView {
 
     property real spaceBelow: 0
     readonly property int fadeMilliseconds: 100
+    readonly property real fit: Math.min(clearTool.fit, blurTool.fit, drawTool.fit, paletteTool.fit)
 
     implicitHeight: Math.max(64, toolbarStack.implicitHeight + 12)
 
@@ -30,19 +31,25 @@ WXLToolbarContainerView {
         visible: opacity > 0
 
         WXLToolbarControl {
+            id: clearTool
             container: toolbar
+            commonFit: toolbar.fit
             tool: WXLToolbarContainerView.Clear
             title: qsTranslate("Wexel", "CLEAR")
             image: "clear"
         }
         WXLToolbarControl {
+            id: blurTool
             container: toolbar
+            commonFit: toolbar.fit
             tool: WXLToolbarContainerView.Blur
             title: qsTranslate("Wexel", "BLUR")
             image: "blur"
         }
         WXLToolbarControl {
+            id: drawTool
             container: toolbar
+            commonFit: toolbar.fit
             tool: WXLToolbarContainerView.Draw
             title: qsTranslate("Wexel", "DRAW")
             image: "draw"
@@ -50,6 +57,7 @@ WXLToolbarContainerView {
         WXLToolbarControl {
             id: paletteTool
             container: toolbar
+            commonFit: toolbar.fit
             tool: WXLToolbarContainerView.Palette
             title: qsTranslate("Wexel", "PALETTE")
             image: "palette"

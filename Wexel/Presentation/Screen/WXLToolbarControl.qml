@@ -9,6 +9,8 @@ Tappable {
     required property int tool
     required property string title
     required property string image
+    readonly property real fit: Math.min(1, (width - 4) / natural.advanceWidth) // of its name, to its width
+    property real commonFit: fit // of all the names: they are of one size
     readonly property bool selected: container.selectedTool === tool
     readonly property color selectionColor: container.selectionColor
 
@@ -19,6 +21,11 @@ Tappable {
     width: container.width / 4
     implicitHeight: stack.implicitHeight + stack.anchors.topMargin
 
+    TextMetrics {
+        id: natural
+        font: Theme.bold(10)
+        text: control.title
+    }
     Column {
         id: stack
         anchors.horizontalCenter: parent.horizontalCenter
@@ -41,7 +48,7 @@ Tappable {
             horizontalAlignment: Text.AlignHCenter
             minimumPixelSize: 8
             text: control.title
-            font: Theme.bold(10)
+            font: Theme.bold(10 * control.commonFit)
             color: control.selected ? control.selectionColor : Theme.coolGrey
         }
     }

@@ -29,6 +29,12 @@ WXLResizingTextView {
         interval: 0
         onTriggered: view.measure()
     }
+    Binding { // a text of the other direction does not begin where the hint ended
+        target: edit
+        property: "horizontalAlignment"
+        value: TextEdit.AlignLeft
+        when: view.LayoutMirroring.enabled
+    }
     FontMetrics {
         id: metrics
         font: edit.font
