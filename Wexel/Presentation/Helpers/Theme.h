@@ -17,6 +17,7 @@ class Theme : public QObject
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(bool isRightToLeft READ isRightToLeft CONSTANT)
+    Q_PROPERTY(double multiplierWidthWithoutSafeArea READ multiplierWidthWithoutSafeArea CONSTANT)
     Q_PROPERTY(QColor white READ white CONSTANT)
     Q_PROPERTY(QColor black READ black CONSTANT)
     Q_PROPERTY(QColor shadow READ shadow CONSTANT)
@@ -33,6 +34,8 @@ class Theme : public QObject
 public:
     /// Whether the screens are mirrored: the application is, or the language of their texts reads that way.
     [[nodiscard]] static bool isRightToLeft();
+    /// The part of a screen's width that its texts and rules take.
+    [[nodiscard]] static constexpr double multiplierWidthWithoutSafeArea() { return 13.0 / 15; }
     [[nodiscard]] static QColor white() { return Colors::whiteColor(); }
     [[nodiscard]] static QColor black() { return Colors::blackColor(); }
     [[nodiscard]] static QColor shadow() { return Colors::shadowColor(); }

@@ -15,7 +15,7 @@ FocusScope {
 
     Rule {
         id: topRule
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         anchors.horizontalCenter: parent.horizontalCenter
     }
     SectionHeaderView {
@@ -36,7 +36,7 @@ FocusScope {
         interactive: contentWidth + leftMargin + rightMargin > width
         model: strip.images
 
-        delegate: ImageAttachmentCell {
+        delegate: WXLImageAttachmentCell {
             required property int index
             required property var modelData
 
@@ -48,7 +48,7 @@ FocusScope {
     Rule {
         id: bottomRule
         anchors.top: collection.bottom
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         anchors.horizontalCenter: parent.horizontalCenter
     }
 }

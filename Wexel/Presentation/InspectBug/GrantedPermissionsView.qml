@@ -13,7 +13,7 @@ Item {
 
     Rule {
         id: topRule
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         anchors.horizontalCenter: parent.horizontalCenter
     }
     SectionHeaderView {
@@ -42,7 +42,7 @@ Item {
         anchors.top: stack.bottom
         anchors.topMargin: view.grantedPermissions.length > 0 ? 18 : 5
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         text: view.permissionsDescription
         wrapMode: Text.Wrap
         font: Theme.bold(11)
@@ -53,6 +53,6 @@ Item {
         anchors.top: description.bottom
         anchors.topMargin: 24
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
     }
 }

@@ -9,14 +9,14 @@ Tappable {
     implicitHeight: 20 + Math.max(icon.height, label.implicitHeight) + 20
 
     Rule {
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         anchors.horizontalCenter: parent.horizontalCenter
     }
     Row {
         id: mainStack
         y: 20
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         spacing: 8
         opacity: control.pressed ? 0.5 : 1
 

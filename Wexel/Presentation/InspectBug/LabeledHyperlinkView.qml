@@ -8,14 +8,14 @@ Item {
     implicitHeight: 12 + row.implicitHeight + 1
 
     Rule {
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         anchors.horizontalCenter: parent.horizontalCenter
     }
     Flow {
         id: row
         y: 1 + 12
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         spacing: 2
 
         Label {

@@ -14,7 +14,7 @@ Item {
 
     Item {
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         height: parent.height
 
         Label {

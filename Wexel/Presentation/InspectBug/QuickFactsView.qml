@@ -20,7 +20,7 @@ Item {
         anchors.top: title.bottom
         anchors.topMargin: 10
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         text: view.quickFacts
         wrapMode: Text.Wrap
         font: Theme.regular(16)

@@ -27,7 +27,7 @@ Item {
 
         anchors.horizontalCenter: parent.horizontalCenter
         y: 20
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         height: Math.max(implicitHeight, Math.floor(metrics.height)) // also when it is fitted
         verticalAlignment: Text.AlignVCenter
         wrapMode: staysOneLine ? Text.NoWrap : Text.Wrap

@@ -24,7 +24,7 @@ Item {
     Label {
         id: titleLabel
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         text: view.title
         wrapMode: Text.Wrap
         font: Theme.fitting(Theme.bold(12), text, width)
@@ -36,7 +36,7 @@ Item {
         anchors.top: titleLabel.bottom
         anchors.topMargin: 6
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         text: view.detail
         wrapMode: Text.Wrap
         font: Theme.semiBold(18)
@@ -48,6 +48,6 @@ Item {
         visible: view.separatorStyle !== TitledLabelView.None
         y: detailLabel.y + detailLabel.height + (view.separatorStyle === TitledLabelView.Full ? 30 : 20)
         anchors.horizontalCenter: parent.horizontalCenter
-        width: view.separatorStyle === TitledLabelView.Full ? parent.width : parent.width * 13 / 15
+        width: view.separatorStyle === TitledLabelView.Full ? parent.width : parent.width * Theme.multiplierWidthWithoutSafeArea
     }
 }

@@ -15,7 +15,7 @@ Item {
     Rule {
         id: topRule
         y: 4
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         anchors.horizontalCenter: parent.horizontalCenter
     }
     TextInput {
@@ -23,7 +23,7 @@ Item {
         anchors.top: topRule.bottom
         anchors.topMargin: 22
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         height: Math.max(implicitHeight, hint.implicitHeight) // another script may take more
         verticalAlignment: TextInput.AlignVCenter
         clip: true
@@ -64,7 +64,7 @@ Item {
         anchors.top: field.bottom
         anchors.topMargin: 13
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         text: qsTranslate("Wexel", "Optional, if you're available for a follow-up")
         wrapMode: Text.Wrap
         font: Theme.regular(15)
@@ -75,7 +75,7 @@ Item {
         anchors.top: detail.bottom
         anchors.topMargin: 20
         anchors.horizontalCenter: parent.horizontalCenter
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
     }
     TapHandler {
         onTapped: {

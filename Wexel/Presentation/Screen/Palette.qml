@@ -1,23 +1,22 @@
 import QtQuick
 import Wexel.Screens
 
-// The colours, which pop out one after another from right to left, and the button that closes them.
+// Six colours that pop out one after another, from right to left, and the button that closes them.
 Item {
     id: fan
 
     required property WXLToolbarContainerView container
-    readonly property int count: container.paletteColors.length
-    readonly property real slot: container.width / (count + 1) // the last one is the closing button's
+    readonly property real slot: grey.slot
     readonly property int duration: container.colorAnimationMilliseconds
-    readonly property Item firstButton: buttons.itemAt(0)
+    readonly property Item firstButton: red
     property bool shown: false
 
     function show() {
         hiding.stop();
         colors.opacity = 1;
         shown = true;
-        for (let i = 0; i < count; ++i)
-            (buttons.itemAt(i) as PaletteButton).pop();
+        for (const button of [grey, yellow, green, blue, purple, red])
+            button.pop();
     }
     function hide() {
         shown = false;
@@ -39,19 +38,36 @@ Item {
         enabled: fan.shown
         opacity: 0
 
-        Repeater { // from left to right, as the keyboard goes
-            id: buttons
-            model: fan.count
-
-            PaletteButton {
-                required property int index
-
-                // qmllint disable unqualified
-                container: fan.container
-                slot: fan.slot
-                place: fan.count - 1 - index
-                // qmllint enable unqualified
-            }
+        // One by one: those of a repeater outlive the screen, and what they read from it, for a moment.
+        PaletteButton {
+            id: red
+            container: fan.container
+            index: 5
+        }
+        PaletteButton {
+            id: purple
+            container: fan.container
+            index: 4
+        }
+        PaletteButton {
+            id: blue
+            container: fan.container
+            index: 3
+        }
+        PaletteButton {
+            id: green
+            container: fan.container
+            index: 2
+        }
+        PaletteButton {
+            id: yellow
+            container: fan.container
+            index: 1
+        }
+        PaletteButton {
+            id: grey
+            container: fan.container
+            index: 0
         }
     }
     Tappable {

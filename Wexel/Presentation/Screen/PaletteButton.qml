@@ -6,10 +6,11 @@ Tappable {
     id: button
 
     required property WXLToolbarContainerView container
-    required property int place // from the right, which is the number of its colour
-    required property real slot // the room of one colour
-    readonly property color value: container.paletteColors[place]
-    readonly property bool isCurrent: place === container.currentDrawingColorIndex
+    required property int index
+    readonly property int count: container.paletteColors.length
+    readonly property real slot: container.width / (count + 1) // the last one is the closing button's
+    readonly property color value: container.paletteColors[index]
+    readonly property bool isCurrent: index === container.currentDrawingColorIndex
     property real grown: 0 // 0 to 1
 
     function pop() {
@@ -17,20 +18,20 @@ Tappable {
         popping.restart();
     }
 
-    name: qsTranslate("Wexel", "Colour %1").arg(place + 1)
+    name: qsTranslate("Wexel", "Colour %1").arg(index + 1)
     anchors.right: parent.right
-    anchors.rightMargin: (place + 1) * slot
+    anchors.rightMargin: (index + 1) * slot
     width: slot
     height: parent.height
     opacity: grown
-    onTapped: container.colorButtonPressed(place)
+    onTapped: container.colorButtonPressed(index)
     Accessible.checkable: true
     Accessible.checked: isCurrent
 
     SequentialAnimation {
         id: popping
         PauseAnimation {
-            duration: button.place * 1000 / 15 / button.container.paletteColors.length
+            duration: button.index * 1000 / 15 / button.count
         }
         NumberAnimation {
             target: button

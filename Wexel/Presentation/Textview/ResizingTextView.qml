@@ -4,12 +4,9 @@ import Wexel.Screens
 WXLResizingTextView {
     id: view
 
-    readonly property real inset: 8 // above and below the text
-    readonly property real sideInset: 5
-
     function measure() {
-        const fitted = Math.max(edit.implicitHeight, isPlaceholderShown ? hint.implicitHeight + 2 * inset : 0);
-        textViewDidChange(fitted, 2 * inset, metrics.height);
+        const fitted = Math.max(edit.implicitHeight, isPlaceholderShown ? hint.implicitHeight + 2 * edit.inset : 0);
+        textViewDidChange(fitted, 2 * edit.inset, metrics.height);
     }
 
     document: edit.textDocument
@@ -44,19 +41,19 @@ WXLResizingTextView {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.horizontalCenterOffset: -2.5
         y: 20
-        width: parent.width * 13 / 15
+        width: parent.width * Theme.multiplierWidthWithoutSafeArea
         height: view.fieldHeight
         contentHeight: edit.height
         interactive: view.isScrollEnabled
         boundsBehavior: Flickable.StopAtBounds
         clip: true
 
-        TextEdit {
+        WXLCustomControlTextView {
             id: edit
 
             function showCaret() {
-                const top = cursorRectangle.y - view.inset;
-                const bottom = cursorRectangle.y + cursorRectangle.height + view.inset;
+                const top = cursorRectangle.y - inset;
+                const bottom = cursorRectangle.y + cursorRectangle.height + inset;
                 if (field.contentY > top)
                     field.contentY = Math.max(0, top);
                 else if (field.contentY + field.height < bottom)
@@ -65,31 +62,15 @@ WXLResizingTextView {
 
             width: field.width
             height: Math.max(implicitHeight, field.height)
-            topPadding: view.inset
-            bottomPadding: view.inset
-            leftPadding: view.sideInset
-            rightPadding: view.sideInset
-            wrapMode: TextEdit.Wrap
-            textFormat: TextEdit.PlainText
-            activeFocusOnTab: true
-            selectByMouse: true
-            selectionColor: Theme.lightBlue
-            font: Theme.regular(18)
-            color: Theme.black
-            Accessible.role: Accessible.EditableText
             Accessible.name: view.placeholder
-            Accessible.multiLine: true
-            Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-
             onTextChanged: view.text = text
             onCursorRectangleChanged: showCaret()
         }
         Label {
             id: hint
-            x: view.sideInset
-            y: view.inset
-            width: field.width - 2 * view.sideInset
+            x: edit.sideInset
+            y: edit.inset
+            width: field.width - 2 * edit.sideInset
             visible: view.isPlaceholderShown && edit.preeditText.length === 0
             text: view.placeholder
             lineHeight: view.lineHeightMultiple

@@ -1,0 +1,24 @@
+import QtQuick
+import Wexel.Screens
+
+// A text of several lines that is typed; Tab leaves it.
+TextEdit {
+    readonly property real inset: 8 // above and below the text
+    readonly property real sideInset: 5
+
+    topPadding: inset
+    bottomPadding: inset
+    leftPadding: sideInset
+    rightPadding: sideInset
+    wrapMode: TextEdit.Wrap
+    textFormat: TextEdit.PlainText
+    activeFocusOnTab: true
+    selectByMouse: true
+    selectionColor: Theme.lightBlue
+    font: Theme.regular(18)
+    color: Theme.black
+    Accessible.role: Accessible.EditableText
+    Accessible.multiLine: true
+    Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+    Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+}
