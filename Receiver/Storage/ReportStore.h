@@ -44,6 +44,64 @@ struct Application {
     std::string platform;
 };
 
+/// What is kept of an application's reports; without a limit, all.
+struct Retention {
+    std::optional<std::int64_t> maximumAgeDays;
+    std::optional<std::int64_t> maximumBytes; ///< of JSON and files together
+};
+
+/// An application as the dashboard lists it.
+struct ApplicationOverview {
+    Application application;
+    bool archived = false;
+    std::int64_t reports = 0;
+    std::int64_t bytes = 0;
+    std::optional<std::int64_t> lastReceived; ///< milliseconds since 1970
+    Retention retention;
+};
+
+/// A report as the dashboard lists it.
+struct ReportRow {
+    std::int64_t id = 0;
+    std::int64_t received = 0; ///< milliseconds since 1970
+    std::string bundleId;
+    std::string summary; ///< the first line of the description, cut
+    std::string tester; ///< e-mail address
+    std::string device;
+    std::string osVersion;
+    std::string appVersion;
+    bool hasScreenshot = false;
+    std::int64_t files = 0; ///< attached ones
+};
+
+/// Which reports, and in which order. Empty texts and absent times do not restrict.
+struct ReportQuery {
+    enum class Sort { Received, BundleId, Tester, Device, AppVersion };
+
+    std::string search; ///< somewhere in description, tester, device, version or bundle id, in any case
+    std::string bundleId;
+    std::string appVersion;
+    std::string device;
+    std::optional<std::int64_t> from; ///< milliseconds since 1970, inclusive
+    std::optional<std::int64_t> to; ///< exclusive
+    Sort sort = Sort::Received;
+    bool isDescending = true;
+    std::int64_t page = 1; ///< the first is 1
+    std::int64_t size = 50;
+};
+
+struct ReportPage {
+    std::vector<ReportRow> rows;
+    std::int64_t total = 0; ///< of all pages
+    std::int64_t newest = 0; ///< the largest id of all reports, whatever the query; 0 without any
+};
+
+/// What the list can be narrowed down to; the most frequent first.
+struct Filters {
+    std::vector<std::string> versions;
+    std::vector<std::string> devices;
+};
+
 /// What arrived. Writing functions return once the data survives a crash of the program and of the machine. Every thread
 /// may call everything. All throw StorageError.
 class ReportStore
@@ -71,6 +129,16 @@ public:
     virtual std::vector<ReportSummary> reports() = 0;
     virtual std::optional<std::string> reportJson(std::int64_t id) = 0;
     virtual ReportFiles filesOf(std::int64_t reportId) = 0;
+
+    // For the dashboard.
+    virtual ReportPage page(const ReportQuery &query) = 0;
+    virtual Filters filters(const std::string &bundleId) = 0; ///< of one application, or of all
+    virtual std::optional<ReportRow> report(std::int64_t id) = 0;
+    virtual std::vector<ApplicationOverview> applications() = 0;
+    /// False for an unknown application.
+    virtual bool setRetention(const std::string &bundleId, const Retention &retention) = 0;
+    /// Removes the report, its files and their bytes for good. False if there is none.
+    virtual bool removeReport(std::int64_t id) = 0;
 };
 
 } // namespace wexel::receiver
