@@ -1,6 +1,7 @@
 #include "Server.h"
 
 #include "Handlers/ApplicationsHandler.h"
+#include "Handlers/Dashboard/DashboardRoutes.h"
 #include "Handlers/FileDownloadHandler.h"
 #include "Handlers/FileUploadHandler.h"
 #include "Handlers/ReportHandler.h"
@@ -92,6 +93,7 @@ Router routesFor(const Options &options, DataFolder &data, const std::string &ba
                std::make_unique<FileDownloadHandler>(data.files(), data.reports()));
     router.add("GET", "api/1.0/white-labeling", Access::TokenNeeded,
                std::make_unique<WhiteLabelingHandler>(options.whiteLabeling));
+    addDashboardPages(router);
     return router;
 }
 
