@@ -2,6 +2,7 @@
 
 #include "Log.h"
 #include "Server.h"
+#include "Storage/Maintenance.h"
 
 #include <Poco/Crypto/OpenSSLInitializer.h>
 
@@ -47,6 +48,7 @@ int serve(const Options &options)
     // torn down under it.
     const Poco::Crypto::OpenSSLInitializer openSsl;
     DataFolder data(options.data, DataFolder::Access::Serve);
+    const HourlyMaintenance maintenance({data.files(), data.reports()});
     Server server(options, data);
     logEvent("started", {{"url", server.url()}, {"data", options.data.string()}});
     std::cout << "Listening on " << server.url() << std::endl;
