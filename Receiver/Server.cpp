@@ -3,6 +3,7 @@
 #include "Access/AccessControl.h"
 #include "Handlers/ApplicationsHandler.h"
 #include "Handlers/Dashboard/AccessRoutes.h"
+#include "Handlers/Dashboard/DashboardRoutes.h"
 #include "Handlers/FileDownloadHandler.h"
 #include "Handlers/FileUploadHandler.h"
 #include "Handlers/ReportHandler.h"
@@ -87,6 +88,7 @@ Router routesFor(const Options &options, DataFolder &data, AccessControl &access
     router.add("GET", "api/1.0/white-labeling", Access::TokenNeeded,
                std::make_unique<WhiteLabelingHandler>(options.whiteLabeling));
     addAccessRoutes(router, access);
+    addDashboardPages(router);
     return router;
 }
 

@@ -63,13 +63,19 @@ void logRequest(const std::string &peer, const HTTPServerRequestImpl &request, c
               {"error", answer.status < Status::HTTP_BAD_REQUEST ? "" : answer.body}});
 }
 
+bool hasBody(Status status)
+{
+    return status != Status::HTTP_NO_CONTENT && status != Status::HTTP_NOT_MODIFIED;
+}
+
 void send(HTTPServerResponseImpl &response, Answer &answer)
 {
     const std::uint64_t size = answer.file ? answer.file->size : answer.body.size();
     response.setStatusAndReason(answer.status);
     response.setDate(Poco::Timestamp());
     response.setContentType(answer.contentType);
-    response.setContentLength64(static_cast<Poco::Int64>(size + (answer.brokenOff ? 1 : 0)));
+    if (hasBody(answer.status))
+        response.setContentLength64(static_cast<Poco::Int64>(size + (answer.brokenOff ? 1 : 0)));
     response.set("X-Content-Type-Options", "nosniff");
     response.set("Cache-Control", "no-store");
     for (const auto &[name, value] : answer.headers)
