@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "Access/FirstPassword.h"
 #include "Log.h"
 #include "Server.h"
 #include "Storage/Maintenance.h"
@@ -49,6 +50,8 @@ int serve(const Options &options)
     const Poco::Crypto::OpenSSLInitializer openSsl;
     DataFolder data(options.data, DataFolder::Access::Serve);
     const HourlyMaintenance maintenance({data.files(), data.reports()});
+    if (const auto password = setFirstPassword(options, data.database()))
+        std::cout << "Dashboard password: " << *password << std::endl;
     Server server(options, data);
     logEvent("started", {{"url", server.url()}, {"data", options.data.string()}});
     std::cout << "Listening on " << server.url() << std::endl;

@@ -34,7 +34,7 @@ Answer ReportHandler::handle(Request &request)
     const MemoryBudget::Share share(m_memory, request.body.longest());
     if (!share.isGranted())
         return busy();
-    const std::optional<std::int64_t> id
+    const std::optional<AddedReport> added
         = m_store.addReport(newReport(bundleId, request.body.readAll(), currentMilliseconds()));
     if (!added)
         refuseArchived();

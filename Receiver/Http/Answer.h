@@ -4,7 +4,8 @@
 #include "Text.h"
 
 #include <cstdint>
-#include <fstream>
+#include <istream>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -14,7 +15,7 @@ namespace wexel::receiver {
 
 /// The content of a file, open, so that it can't vanish between the answer's header and its bytes.
 struct FileContent {
-    std::ifstream stream;
+    std::unique_ptr<std::istream> stream;
     std::uint64_t size = 0;
 };
 

@@ -83,7 +83,7 @@ void send(HTTPServerResponseImpl &response, Answer &answer)
     std::ostream &stream = response.send();
     if (!answer.file)
         stream << answer.body;
-    else if (Poco::StreamCopier::copyStream64(answer.file->stream, stream, 64 * 1024) != size)
+    else if (Poco::StreamCopier::copyStream64(*answer.file->stream, stream, 64 * 1024) != size)
         throw Poco::ReadFileException("A file ended early"); // and the connection with it
     stream.flush();
 }
@@ -169,7 +169,7 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
         if (watch.expired())
             throw HttpError(Status::HTTP_REQUEST_TIMEOUT, tooSlow);
         body.emplace(request, response, watch);
-        answer = m_service.router.answer(request, *body);
+        answer = m_service.router.answer(request, *body, m_peer);
     } catch (const HttpError &error) {
         answer = errorAnswer(error.status(), error.what());
         answer.brokenOff = true; // it may have been an upload
