@@ -2,7 +2,7 @@
 
 #include "Storage/Database.h"
 #include "Storage/FileStore.h"
-#include "Storage/SqliteReportStore.h"
+#include "Storage/SqlReportStore.h"
 #include "Storage/TokenStore.h"
 
 #include <filesystem>
@@ -35,7 +35,7 @@ private:
     int m_lock; ///< the descriptor that holds the lock, or -1; first, as nothing may be touched without it
     FileStore m_files;
     Database m_database;
-    SqliteReportStore m_reports;
+    SqlReportStore m_reports;
     TokenStore m_tokens;
 };
 
