@@ -188,7 +188,7 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
         if (watch.expired())
             throw HttpError(Status::HTTP_REQUEST_TIMEOUT, tooSlow);
         body.emplace(request, response, watch);
-        answer = m_service.router.answer(request, *body);
+        answer = m_service.router.answer(request, *body, m_peer);
     } catch (const HttpError &error) {
         answer = errorAnswer(error.status(), error.what());
         answer.brokenOff = true; // it may have been an upload

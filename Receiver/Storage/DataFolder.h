@@ -27,6 +27,7 @@ public:
 
     FileStore &files() { return m_files; }
     ReportStore &reports() { return m_reports; }
+    Database &database() { return m_database; }
     TokenStore &tokens() { return m_tokens; }
 
 private:

@@ -70,6 +70,16 @@ const std::vector<Step> &steps()
              "NULL, PRIMARY KEY (location, position))",
          },
          describeReports},
+        {{
+            // The one password; the row's id is 1.
+            "CREATE TABLE administrator (id INTEGER PRIMARY KEY, password TEXT NOT NULL)",
+            "CREATE TABLE sessions (digest TEXT PRIMARY KEY, used INTEGER NOT NULL, expires INTEGER NOT "
+            "NULL) WITHOUT ROWID",
+            "CREATE TABLE clients (id TEXT PRIMARY KEY, secret_digest TEXT NOT NULL, created INTEGER NOT "
+            "NULL, last_used INTEGER, revoked INTEGER NOT NULL DEFAULT 0)",
+            "CREATE TABLE client_bundles (client_id TEXT NOT NULL REFERENCES clients, bundle_id TEXT NOT "
+            "NULL, PRIMARY KEY (client_id, bundle_id)) WITHOUT ROWID",
+        }},
     };
     return all;
 }
