@@ -24,7 +24,7 @@ void addDashboardData(Router &router, DataFolder &data)
 {
     const auto add
         = [&](const std::string &method, const std::string &path, std::unique_ptr<Handler> handler) {
-              router.add(method, "dashboard/api/" + path, Access::Anyone, std::move(handler));
+              router.add(method, "dashboard/api/" + path, Access::SessionNeeded, std::move(handler));
           };
     ReportStore &store = data.reports();
     add("GET", "applications", std::make_unique<ApplicationListHandler>(store));

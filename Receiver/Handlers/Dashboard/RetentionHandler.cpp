@@ -1,9 +1,7 @@
 #include "Handlers/Dashboard/RetentionHandler.h"
 
+#include "Http/JsonBody.h"
 #include "Log.h"
-
-#include <Poco/JSON/Object.h>
-#include <Poco/JSON/Parser.h>
 
 namespace wexel::receiver {
 
@@ -11,14 +9,8 @@ namespace {
 
 using Poco::JSON::Object;
 
-constexpr std::uint64_t maximumBodySize = 4096;
 constexpr std::int64_t maximumDays = 36500;
 constexpr std::int64_t maximumBytes = std::int64_t(1) << 53; // the largest that JavaScript counts exactly
-
-[[noreturn]] void fail(const std::string &text)
-{
-    throw HttpError(Status::HTTP_BAD_REQUEST, text);
-}
 
 std::optional<std::int64_t> limitAt(const Object &object, const std::string &key, std::int64_t largest)
 {
@@ -29,19 +21,10 @@ std::optional<std::int64_t> limitAt(const Object &object, const std::string &key
     const bool fits = value.isInteger() && value.isSigned();
     const std::int64_t limit = fits ? value.convert<std::int64_t>() : 0;
     if (limit < 1 || limit > largest)
-        fail("Expected under \"" + key + "\" null or a number from 1 to " + std::to_string(largest));
+        throw HttpError(Status::HTTP_BAD_REQUEST,
+                        "Expected under \"" + key + "\" null or a number from 1 to "
+                            + std::to_string(largest));
     return limit;
-}
-
-Retention parse(const std::string &text)
-{
-    Object::Ptr object;
-    try {
-        object = Poco::JSON::Parser().parse(text).extract<Object::Ptr>();
-    } catch (const Poco::Exception &) {
-        fail(R"(Expected a JSON object such as {"max_age_days": 90, "max_bytes": null})");
-    }
-    return {limitAt(*object, "max_age_days", maximumDays), limitAt(*object, "max_bytes", maximumBytes)};
 }
 
 std::string shown(const std::optional<std::int64_t> &limit)
@@ -53,7 +36,9 @@ std::string shown(const std::optional<std::int64_t> &limit)
 
 Answer RetentionHandler::handle(Request &request)
 {
-    const Retention retention = parse(request.body.readAll(maximumBodySize, "The retention"));
+    const Object::Ptr body = readJsonBody(request);
+    const Retention retention
+        = {limitAt(*body, "max_age_days", maximumDays), limitAt(*body, "max_bytes", maximumBytes)};
     if (!m_store.setRetention(request.parameter, retention))
         throw HttpError(Status::HTTP_NOT_FOUND, "There is no such application");
     logEvent("retention_set",
