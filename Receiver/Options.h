@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Clients.h"
+#include "Storage/StoragePlace.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -21,7 +22,7 @@ struct Options {
     enum class Command { Serve, Reports, Archive, Unarchive, Help, Version };
 
     Command command = Command::Serve;
-    std::filesystem::path data;
+    StoragePlace place;
     std::string bundleId; ///< of archive and unarchive
     bool json = false; ///< of reports
 
