@@ -89,6 +89,7 @@ Router routesFor(const Options &options, DataFolder &data, AccessControl &access
                std::make_unique<WhiteLabelingHandler>(options.whiteLabeling));
     addAccessRoutes(router, access, options.clients);
     addDashboardPages(router);
+    addDashboardData(router, data);
     return router;
 }
 

@@ -3,6 +3,7 @@
 
 #include <Poco/Data/RecordSet.h>
 
+#include <functional>
 #include <map>
 
 namespace wexel::receiver {
@@ -24,7 +25,7 @@ public:
     template <typename Value>
     void add(const std::string &before, const Value &value, const std::string &behind = {})
     {
-        m_bindings.push_back(bind(value));
+        m_bindings.push_back([value] { return bind(value); });
         m_text += (m_text.empty() ? " WHERE " : " AND ") + before + '$' + std::to_string(m_bindings.size())
             + behind;
     }
@@ -32,7 +33,7 @@ public:
     /// Adds a value that is no condition, and returns its place.
     std::string value(std::int64_t value)
     {
-        m_bindings.push_back(bind(value));
+        m_bindings.push_back([value] { return bind(value); });
         return '$' + std::to_string(m_bindings.size());
     }
 
@@ -41,12 +42,13 @@ public:
     void bindTo(Statement &statement) const
     {
         for (const auto &binding : m_bindings)
-            statement.addBind(binding);
+            statement.addBind(binding());
     }
 
 private:
     std::string m_text;
-    Poco::Data::AbstractBindingVec m_bindings;
+    /// A binding serves one statement only.
+    std::vector<std::function<Poco::Data::AbstractBinding::Ptr()>> m_bindings;
 };
 
 std::string pattern(const std::string &search)
