@@ -14,7 +14,7 @@ const mostBody = 20000; // characters
 /// `point(time)` is told which moment the reader looks at.
 export function tapTable(taps, end, point) {
     const body = el('tbody');
-    const table = el('table.events', head('Before', 'Element', 'View', 'Detail'), body);
+    const table = el('table.events.taps', head('Before', 'Element', 'View', 'Detail'), body);
     clippedRows(body, taps.toReversed(), (tap) => el('tr', {dataset: {time: tap.time}, onpointerenter: () => point(tap.time)},
         timeCell(tap.time, end), el('td', quoted(visible(tap.className, 120))), el('td', quoted(visible(tap.view, 120))),
         el('td', quoted(visible(tap.property, 200)))), mostRows);

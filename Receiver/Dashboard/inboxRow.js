@@ -14,7 +14,7 @@ export function buildRow(report, parameters) {
         thumbnail(report),
         el('.row-text',
             el('.row-summary', {dir: 'auto', className: summary ? 'row-summary' : 'row-summary is-empty'}, summary || 'No description'),
-            el('.row-facts', fact(report.tester), fact(report.bundle_id))),
+            el('.row-facts', fact(report.tester), fact(report.bundle_id, 'bundle'))),
         el('.row-version.cut', quoted(visible(report.app_version, 40))),
         el('.row-device.cut', quoted(visible([report.device, report.os_version].filter(Boolean).join(', '), 60))),
         el('.row-files', report.files > 0 && el('span', {title: plural(report.files, 'attachment')}, icon('clip'), String(report.files))),
@@ -23,14 +23,14 @@ export function buildRow(report, parameters) {
     return el('li', link);
 }
 
-function fact(text) {
-    return text ? el('span.cut', quoted(visible(text, 80))) : null;
+function fact(text, className = '') {
+    return text ? el('span', {className: `cut ${className}`}, quoted(visible(text, 80))) : null;
 }
 
 function thumbnail(report) {
-    const frame = el('.thumb');
+    const frame = el('.thumb', {'aria-hidden': 'true'}, visible(report.bundle_id.split('.').at(-1), 20).slice(0, 1).toUpperCase());
     if (report.thumbnail)
-        frame.append(el('img', {src: `api/reports/${report.id}/thumbnail`, alt: '', loading: 'lazy', decoding: 'async',
+        frame.replaceChildren(el('img', {src: `api/reports/${report.id}/thumbnail`, alt: '', loading: 'lazy', decoding: 'async',
             onerror: (event) => event.target.remove()}));
     return frame;
 }

@@ -15,7 +15,7 @@ export function say(text) {
 }
 
 /// Also over plain HTTP, where the browser has no clipboard for pages.
-export async function copyText(text) {
+async function copy(text) {
     try {
         await navigator.clipboard.writeText(text);
     } catch {
@@ -25,9 +25,15 @@ export async function copyText(text) {
         document.execCommand('copy');
         area.remove();
     }
-    say('Copied');
 }
 
-export function copyButton(makeText, label = 'Copy') {
-    return el('button.quiet.small', {type: 'button', onclick: () => copyText(makeText())}, icon('copy'), label);
+/// Says on itself that it has copied, for a dialog may lie over all else.
+export function copyButton(makeText) {
+    const label = el('span', {role: 'status'}, 'Copy');
+    return el('button.quiet.small', {type: 'button', async onclick(event) {
+        event.stopPropagation();
+        await copy(makeText());
+        label.textContent = 'Copied';
+        setTimeout(() => { label.textContent = 'Copy'; }, shownFor / 2);
+    }}, icon('copy'), label);
 }

@@ -59,10 +59,17 @@ export async function refreshApplications(signal) {
     fill(place, active.length > 0 && el('h2', 'Applications'), active.slice(0, 12).map((application) =>
         el('a.nav-link', {href: address('reports', null, new URLSearchParams({bundle_id: application.bundle_id})),
             dataset: {bundle: application.bundle_id}, title: application.bundle_id},
-        el('span.cut', quoted(visible(application.bundle_id, 100))), el('span.count', integer(application.reports)))));
+        el('span.cut', quoted(shortName(application, active))), el('span.count', integer(application.reports)))));
     const hash = new URLSearchParams(location.hash.split('?')[1]);
     for (const link of place.querySelectorAll('a'))
         mark(link, location.hash.startsWith('#/reports') && link.dataset.bundle === hash.get('bundle_id'));
+}
+
+/// The end of the bundle id, unless another application's ends likewise.
+function shortName({bundle_id: bundleId}, applications) {
+    const end = bundleId.slice(bundleId.lastIndexOf('.'));
+    const isAlone = applications.filter((other) => other.bundle_id.endsWith(end)).length === 1;
+    return visible(isAlone && end.length > 2 ? end.replace('.', '') : bundleId, 100);
 }
 
 function connectionLine() {

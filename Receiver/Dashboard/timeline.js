@@ -28,7 +28,8 @@ export function buildTimeline(records, end, signal) {
     const whole = el('button.small', {type: 'button', hidden: true, onclick: () => setSpan(model.from, model.to)}, 'Whole black box');
 
     cursor.layer.prepend(...sessions.elements);
-    fill(stack, model.curves.map((curve, index) => line(curve.name, valueOf(curve), el('.track.is-curve', canvases[index]))),
+    fill(stack, model.curves.map((curve, index) => line(curve.name, valueOf(curve), el('.track.is-curve', canvases[index],
+        el('span.limit.is-most', curve.format(curve.most)), curve.most > curve.least && el('span.limit.is-least', curve.format(curve.least))))),
         lanes.map(({name, track}) => line(name, null, track)), cursor.layer);
     const element = el('section.part.timeline', el('.timeline-head', el('h2', 'Black box'), readout, whole,
         model.first < model.from - 1000 && all), stack);
