@@ -33,6 +33,8 @@ Poco::Util::OptionSet optionSet()
     set.addOption(with("client", "ID:SECRET", "A client that may send reports.").repeatable(true));
     set.addOption(
         with("clients", "FILE", "File of such clients, one a line: keeps the secrets off the process list."));
+    set.addOption(with("admin-password-file", "FILE",
+                       "The dashboard's password for the first start; without it, one is printed then."));
     set.addOption(with("tls-cert", "FILE", "Certificate (PEM) with its chain; with --tls-key, serve HTTPS."));
     set.addOption(with("tls-key", "FILE", "The certificate's private key (PEM)."));
     set.addOption(
@@ -98,6 +100,7 @@ void apply(Options &options, const std::string &name, const std::string &value)
         {"listen", [&] { setListen(options, value); }},
         {"client", [&] { options.clients.add(value); }},
         {"clients", [&] { options.clients.addFromFile(value); }},
+        {"admin-password-file", [&] { options.adminPasswordFile = value; }},
         {"tls-cert", [&] { options.certificateFile = value; }},
         {"tls-key", [&] { options.privateKeyFile = value; }},
         {"public-url", [&] { setPublicUrl(options, value); }},

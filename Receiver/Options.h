@@ -31,6 +31,7 @@ struct Options {
     std::string certificateFile; ///< PEM, with its chain; empty: no TLS
     std::string privateKeyFile;
     Clients clients;
+    std::string adminPasswordFile; ///< the dashboard's first password; empty: one is generated
     std::string whiteLabeling; ///< the JSON to answer, or empty
 
     std::uint64_t maximumFileSize = 64 * 1024 * 1024; ///< bytes
@@ -40,6 +41,8 @@ struct Options {
     int tokenLifetime = 30 * 24 * 3600; ///< seconds; the library asks for a token when its host starts
 
     bool usesTls() const { return !certificateFile.empty(); }
+    /// Also true behind a proxy that ends TLS, if the public address says so.
+    bool isReachedByTls() const { return usesTls() || publicUrl.starts_with("https://"); }
 };
 
 /// Reads the arguments (without the program's name). Throws UsageError.

@@ -2,9 +2,12 @@
 
 #include "Http/HttpError.h"
 
+#include <Poco/Crypto/DigestEngine.h>
 #include <Poco/JSON/Handler.h>
 #include <Poco/JSON/JSONException.h>
 #include <Poco/JSON/Parser.h>
+
+#include <map>
 
 namespace wexel::receiver {
 
@@ -16,57 +19,120 @@ namespace {
 }
 
 /// Follows the parser by depth: 1 is inside the report, 3 is inside an object of one of its arrays.
-class AddressPicker : public Poco::JSON::Handler
+class DocumentReader : public Poco::JSON::Handler
 {
 public:
-    ReportDocument document;
     bool isObject = false; ///< the outermost value is one
+
+    ReportDocument take()
+    {
+        m_document.digest = Poco::DigestEngine::digestToHex(m_digest.digest());
+        return std::move(m_document);
+    }
 
     void reset() override { }
     void startObject() override
     {
         isObject = isObject || m_depth == 0;
-        ++m_depth;
+        enter('{');
     }
-    void endObject() override { --m_depth; }
-    void startArray() override { ++m_depth; }
-    void endArray() override { --m_depth; }
-    void key(const std::string &key) override { (m_depth == 1 ? m_outerKey : m_innerKey) = key; }
+    void endObject() override { leave('}'); }
+    void startArray() override { enter('['); }
+    void endArray() override { leave(']'); }
+    void key(const std::string &key) override
+    {
+        (m_depth == 1 ? m_outerKey : m_innerKey) = key;
+        add('k', key);
+    }
     void value(const std::string &text) override
     {
         if (m_depth == 1 && m_outerKey == "screenshot_url")
-            document.screenshotUrl = text;
+            m_document.screenshotUrl = text;
         else if (m_depth == 3 && m_outerKey == "files" && m_innerKey == "url")
-            document.fileUrls.push_back(text);
+            m_document.fileUrls.push_back(text);
+        else
+            addText(text);
     }
-    void null() override { }
-    void value(int) override { }
-    void value(unsigned) override { }
-    void value(Poco::Int64) override { }
-    void value(Poco::UInt64) override { }
-    void value(double) override { }
-    void value(bool) override { }
+    void null() override { add('0', {}); }
+    void value(int number) override { add('n', std::to_string(number)); }
+    void value(unsigned number) override { add('n', std::to_string(number)); }
+    void value(Poco::Int64 number) override { add('n', std::to_string(number)); }
+    void value(Poco::UInt64 number) override { add('n', std::to_string(number)); }
+    void value(double number) override
+    {
+        add('d', std::string(reinterpret_cast<const char *>(&number), sizeof number));
+    }
+    void value(bool truth) override { add('b', truth ? "1" : "0"); }
 
 private:
+    void enter(char bracket)
+    {
+        ++m_depth;
+        add(bracket, {});
+    }
+    void leave(char bracket)
+    {
+        --m_depth;
+        add(bracket, {});
+    }
+    void addText(const std::string &text)
+    {
+        add('s', text);
+        const auto fact = facts.find(m_depth == 1 ? m_outerKey : std::string());
+        if (fact != facts.end())
+            m_document.facts.*fact->second = text;
+    }
+    /// With the length, no two documents have one sequence of bytes.
+    void add(char kind, const std::string &text)
+    {
+        m_digest.update(kind + std::to_string(text.size()) + ':');
+        m_digest.update(text);
+    }
+
+    static inline const std::map<std::string, std::string ReportFacts::*> facts
+        = {{"description", &ReportFacts::description},
+           {"tester_email", &ReportFacts::tester},
+           {"device", &ReportFacts::device},
+           {"os_version", &ReportFacts::osVersion},
+           {"app_version", &ReportFacts::appVersion}};
+
+    ReportDocument m_document;
+    Poco::Crypto::DigestEngine m_digest{"SHA256"};
     int m_depth = 0;
     std::string m_outerKey;
     std::string m_innerKey;
 };
 
+/// The id in the address of one of our files: its last segment.
+std::string fileId(const std::string &address)
+{
+    return address.substr(address.rfind('/') + 1);
+}
+
 } // namespace
 
 ReportDocument readReportDocument(const std::string &json)
 {
-    const Poco::SharedPtr<AddressPicker> picker = new AddressPicker;
+    Poco::SharedPtr<DocumentReader> reader = new DocumentReader;
     try {
-        Poco::JSON::Parser parser(picker);
+        Poco::JSON::Parser parser(reader);
         parser.parse(json);
     } catch (const Poco::Exception &error) {
         fail("The report is not valid JSON: " + error.message());
     }
-    if (!picker->isObject)
+    if (!reader->isObject)
         fail("The report must be a JSON object");
-    return picker->document;
+    return reader->take();
+}
+
+NewReport newReport(const std::string &bundleId, std::string json, std::int64_t received)
+{
+    const ReportDocument document = readReportDocument(json);
+    NewReport report = {bundleId,       std::move(json), fileId(document.screenshotUrl), {}, received,
+                        document.facts, document.digest};
+    for (const std::string &address : document.fileUrls)
+        report.fileIds.push_back(fileId(address));
+    return report;
 }
 
 } // namespace wexel::receiver

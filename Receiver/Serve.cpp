@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "Access/FirstPassword.h"
 #include "Log.h"
 #include "Server.h"
 
@@ -47,6 +48,8 @@ int serve(const Options &options)
     // torn down under it.
     const Poco::Crypto::OpenSSLInitializer openSsl;
     DataFolder data(options.data, DataFolder::Access::Serve);
+    if (const auto password = setFirstPassword(options, data.database()))
+        std::cout << "Dashboard password: " << *password << std::endl;
     Server server(options, data);
     logEvent("started", {{"url", server.url()}, {"data", options.data.string()}});
     std::cout << "Listening on " << server.url() << std::endl;

@@ -1,6 +1,9 @@
 #include "Server.h"
 
+#include "Access/AccessControl.h"
 #include "Handlers/ApplicationsHandler.h"
+#include "Handlers/Dashboard/AccessRoutes.h"
+#include "Handlers/Dashboard/DashboardRoutes.h"
 #include "Handlers/FileDownloadHandler.h"
 #include "Handlers/FileUploadHandler.h"
 #include "Handlers/ReportHandler.h"
@@ -67,17 +70,9 @@ Poco::Net::HTTPServerParams::Ptr parametersFor(const Options &options)
     return parameters;
 }
 
-std::function<bool(const std::string &)> tokenJudge(const Options &options, TokenStore &tokens)
+Router routesFor(const Options &options, DataFolder &data, AccessControl &access, const std::string &baseUrl)
 {
-    return [&](const std::string &token) {
-        const auto client = tokens.clientOf(token, currentMilliseconds());
-        return client && options.clients.contains(*client);
-    };
-}
-
-Router routesFor(const Options &options, DataFolder &data, const std::string &baseUrl)
-{
-    Router router(tokenJudge(options, data.tokens()));
+    Router router(access.gatekeeper, options.usesTls());
     router.add("POST", "auth/oauth2/token", Access::Anyone,
                std::make_unique<TokenHandler>(options.clients, data.tokens(), options.tokenLifetime));
     router.add("POST", "api/1.0/issue_tracking/apps", Access::TokenNeeded,
@@ -92,6 +87,9 @@ Router routesFor(const Options &options, DataFolder &data, const std::string &ba
                std::make_unique<FileDownloadHandler>(data.files(), data.reports()));
     router.add("GET", "api/1.0/white-labeling", Access::TokenNeeded,
                std::make_unique<WhiteLabelingHandler>(options.whiteLabeling));
+    addAccessRoutes(router, access);
+    addDashboardPages(router);
+    addDashboardData(router, data);
     return router;
 }
 
@@ -101,7 +99,8 @@ struct Server::Parts {
     Parts(const Options &options, DataFolder &data)
         : socket(openSocket(options))
         , url((options.usesTls() ? "https://" : "http://") + socket.address().toString() + '/')
-        , router(routesFor(options, data, options.publicUrl.empty() ? url : options.publicUrl))
+        , access(options, data.database(), data.tokens())
+        , router(routesFor(options, data, access, options.publicUrl.empty() ? url : options.publicUrl))
         , service{router, watchdog, std::chrono::seconds(options.requestTimeout),
                   static_cast<std::size_t>(options.maximumConnections), parametersFor(options)}
         , threads(2, options.maximumConnections + spareThreads + 1)
@@ -111,6 +110,7 @@ struct Server::Parts {
 
     ServerSocket socket;
     std::string url;
+    AccessControl access;
     Router router;
     Watchdog watchdog;
     Service service;

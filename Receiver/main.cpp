@@ -4,6 +4,7 @@
 
 #include <Poco/Exception.h>
 
+#include <clocale>
 #include <iostream>
 #include <sys/stat.h>
 
@@ -37,6 +38,7 @@ int run(const Options &options)
 int main(int argc, char **argv)
 {
     ::umask(077); // whatever is made, in a folder that others made too, is for the owner alone
+    std::setlocale(LC_CTYPE, "C.UTF-8"); // as which the archives' writer takes and gives names
     try {
         return run(parseOptions({argv + 1, argv + argc}));
     } catch (const UsageError &error) {

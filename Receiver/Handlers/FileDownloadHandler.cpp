@@ -1,6 +1,7 @@
 #include "Handlers/FileDownloadHandler.h"
 
-#include "Log.h"
+#include "Handlers/StoredContent.h"
+#include "Text.h"
 
 #include <algorithm>
 
@@ -21,16 +22,6 @@ std::string disposition(const std::string &kind, const std::string &name)
     return kind + "; filename=\"" + plain + "\"; filename*=UTF-8''" + percentEncoded(name);
 }
 
-FileContent open(const std::filesystem::path &path, std::uint64_t size)
-{
-    std::error_code error;
-    FileContent content = {std::ifstream(path, std::ios::binary), std::filesystem::file_size(path, error)};
-    if (content.stream && !error && content.size == size)
-        return content;
-    logEvent("file_damaged", {{"path", path.string()}, {"expected_size", std::to_string(size)}});
-    throw HttpError(Status::HTTP_INTERNAL_SERVER_ERROR, "The bytes of this file are lost");
-}
-
 } // namespace
 
 Answer FileDownloadHandler::handle(Request &request)
@@ -39,8 +30,7 @@ Answer FileDownloadHandler::handle(Request &request)
     if (!file)
         throw HttpError(Status::HTTP_NOT_FOUND, "There is no such file");
     const bool isImage = file->contentType.starts_with("image/");
-    Answer answer
-        = {.contentType = file->contentType, .file = open(m_files.pathOf(file->sha256), file->size)};
+    Answer answer = {.contentType = file->contentType, .file = openContent(m_files, *file)};
     answer.headers = {{"Content-Disposition", disposition(isImage ? "inline" : "attachment", file->name)},
                       {"Content-Security-Policy", "default-src 'none'; sandbox"}};
     return answer;

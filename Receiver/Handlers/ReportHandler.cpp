@@ -9,21 +9,6 @@ namespace wexel::receiver {
 
 namespace {
 
-/// The id in the address of one of our files: its last segment.
-std::string fileId(const std::string &address)
-{
-    return address.substr(address.rfind('/') + 1);
-}
-
-NewReport newReport(const std::string &bundleId, std::string json)
-{
-    const ReportDocument document = readReportDocument(json);
-    NewReport report = {bundleId, std::move(json), fileId(document.screenshotUrl), {}, currentMilliseconds()};
-    for (const std::string &address : document.fileUrls)
-        report.fileIds.push_back(fileId(address));
-    return report;
-}
-
 Answer busy()
 {
     Answer answer = errorAnswer(Status::HTTP_SERVICE_UNAVAILABLE, "Too many large reports arrive at once");
@@ -49,7 +34,8 @@ Answer ReportHandler::handle(Request &request)
     const MemoryBudget::Share share(m_memory, request.body.longest());
     if (!share.isGranted())
         return busy();
-    const std::optional<std::int64_t> id = m_store.addReport(newReport(bundleId, request.body.readAll()));
+    const std::optional<std::int64_t> id
+        = m_store.addReport(newReport(bundleId, request.body.readAll(), currentMilliseconds()));
     if (!id)
         refuseArchived();
     logEvent("report", {{"id", std::to_string(*id)}, {"bundle_id", bundleId}});

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <fstream>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -18,12 +19,14 @@ struct FileContent {
     std::uint64_t size = 0;
 };
 
-/// What a handler answers: a status with a text, or with the content of a file.
+/// What a handler answers: a status with a text, with the content of a file, or with what a function writes.
 struct Answer {
     Status status = Status::HTTP_OK;
     std::string contentType = "application/json";
     std::string body = {};
     std::optional<FileContent> file = {}; ///< if set, the body in place of the text
+    /// If set, writes the body, whose length nobody knows before. To throw breaks the connection off.
+    std::function<void(std::ostream &)> writer = {};
     std::vector<std::pair<std::string, std::string>> headers = {};
     bool brokenOff = false; ///< close the connection one byte short of the announced length
 };

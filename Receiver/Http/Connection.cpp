@@ -63,23 +63,48 @@ void logRequest(const std::string &peer, const HTTPServerRequestImpl &request, c
               {"error", answer.status < Status::HTTP_BAD_REQUEST ? "" : answer.body}});
 }
 
-void send(HTTPServerResponseImpl &response, Answer &answer)
+bool hasBody(Status status)
+{
+    return status != Status::HTTP_NO_CONTENT && status != Status::HTTP_NOT_MODIFIED;
+}
+
+/// Chunks where the peer knows of them; otherwise the body ends with the connection.
+bool endsWithConnection(const HTTPServerRequestImpl &request, const Answer &answer)
+{
+    return answer.writer && request.getVersion() == Poco::Net::HTTPMessage::HTTP_1_0;
+}
+
+void setLength(HTTPServerResponseImpl &response, const Answer &answer)
 {
     const std::uint64_t size = answer.file ? answer.file->size : answer.body.size();
+    if (answer.writer)
+        response.setChunkedTransferEncoding(response.getVersion() != Poco::Net::HTTPMessage::HTTP_1_0);
+    else if (hasBody(answer.status))
+        response.setContentLength64(static_cast<Poco::Int64>(size + (answer.brokenOff ? 1 : 0)));
+}
+
+void sendBody(std::ostream &stream, Answer &answer)
+{
+    if (answer.writer)
+        answer.writer(stream);
+    else if (!answer.file)
+        stream << answer.body;
+    else if (Poco::StreamCopier::copyStream64(answer.file->stream, stream, 64 * 1024) != answer.file->size)
+        throw Poco::ReadFileException("A file ended early"); // and the connection with it
+    stream.flush();
+}
+
+void send(HTTPServerResponseImpl &response, Answer &answer)
+{
     response.setStatusAndReason(answer.status);
     response.setDate(Poco::Timestamp());
     response.setContentType(answer.contentType);
-    response.setContentLength64(static_cast<Poco::Int64>(size + (answer.brokenOff ? 1 : 0)));
+    setLength(response, answer);
     response.set("X-Content-Type-Options", "nosniff");
     response.set("Cache-Control", "no-store");
     for (const auto &[name, value] : answer.headers)
         response.set(name, value);
-    std::ostream &stream = response.send();
-    if (!answer.file)
-        stream << answer.body;
-    else if (Poco::StreamCopier::copyStream64(answer.file->stream, stream, 64 * 1024) != size)
-        throw Poco::ReadFileException("A file ended early"); // and the connection with it
-    stream.flush();
+    sendBody(response.send(), answer);
 }
 
 } // namespace
@@ -163,17 +188,23 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
         if (watch.expired())
             throw HttpError(Status::HTTP_REQUEST_TIMEOUT, tooSlow);
         body.emplace(request, response, watch);
-        answer = m_service.router.answer(request, *body);
+        answer = m_service.router.answer(request, *body, m_peer);
     } catch (const HttpError &error) {
         answer = errorAnswer(error.status(), error.what());
         answer.brokenOff = true; // it may have been an upload
     }
     const bool another = !answer.brokenOff && body && body->leavesConnectionClean() && request.getKeepAlive()
-        && !watch.expired() && !watch.stopping();
+        && !watch.expired() && !watch.stopping() && !endsWithConnection(request, answer);
     response.setKeepAlive(another);
     logRequest(m_peer, request, answer, body ? body->size() : 0, started);
     watch.enter(Phase::Answering, m_service.requestTimeout * answerTimeFactor);
-    send(response, answer);
+    try {
+        send(response, answer);
+    } catch (...) {
+        // Or the response would write the last of its chunks, and half a body pass for a whole one.
+        ::shutdown(socket().impl()->sockfd(), SHUT_RDWR);
+        throw;
+    }
     if (body && !another) {
         watch.enter(Phase::Answering, lingerTime);
         try {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "Http/Answer.h"
+#include "Http/Caller.h"
 #include "Http/RequestBody.h"
 
 #include <Poco/Net/HTTPRequest.h>
 
+#include <map>
 #include <string>
 
 namespace wexel::receiver {
@@ -13,7 +15,11 @@ namespace wexel::receiver {
 struct Request {
     const Poco::Net::HTTPRequest &header;
     RequestBody &body;
+    std::string peer; ///< the address that it came from, with its port
     std::string parameter; ///< the decoded text in the route's place of {}; hostile
+    std::map<std::string, std::string>
+        query; ///< the decoded fields behind the address's question mark; hostile
+    Caller caller; ///< empty where anyone may ask
 };
 
 /// Answers the requests of one route. One object serves all threads at once.

@@ -1,13 +1,14 @@
 #include "Http/Router.h"
 
+#include "Http/SecurityHeaders.h"
 #include "Log.h"
 #include "Storage/StorageError.h"
-
-#include <Poco/String.h>
 
 #include <optional>
 
 namespace wexel::receiver {
+
+using Poco::Net::HTTPRequest;
 
 namespace {
 
@@ -28,14 +29,6 @@ std::optional<std::string> match(std::string_view pattern, std::string_view path
     return parameter;
 }
 
-std::string bearerToken(const Poco::Net::HTTPRequest &header)
-{
-    const std::string value = header.get("Authorization", "");
-    constexpr std::size_t schemeLength = 7;
-    const bool isBearer = Poco::icompare(value, 0, schemeLength, std::string("Bearer ")) == 0;
-    return isBearer ? Poco::trim(value.substr(schemeLength)) : std::string();
-}
-
 Answer storageAnswer(const StorageError &error)
 {
     logEvent("storage_failed", {{"error", error.what()}});
@@ -43,6 +36,23 @@ Answer storageAnswer(const StorageError &error)
         return errorAnswer(Status::HTTP_INSUFFICIENT_STORAGE, "There is no room to store this");
     return errorAnswer(Status::HTTP_SERVICE_UNAVAILABLE,
                        "This could not be stored; the receiver's log says why");
+}
+
+Answer unauthorized(Router::Access access)
+{
+    if (access == Router::Access::SessionNeeded)
+        return errorAnswer(Status::HTTP_UNAUTHORIZED, "Nobody is signed in");
+    Answer answer = errorAnswer(Status::HTTP_UNAUTHORIZED, "The bearer token is missing, wrong or expired");
+    answer.headers.emplace_back("WWW-Authenticate", "Bearer");
+    return answer;
+}
+
+/// The path without its leading slash, and what is behind the question mark.
+std::pair<std::string_view, std::string_view> addressParts(std::string_view uri)
+{
+    uri.remove_prefix(uri.starts_with('/') ? 1 : 0);
+    const std::size_t mark = uri.find('?');
+    return {uri.substr(0, mark), mark == uri.npos ? std::string_view() : uri.substr(mark + 1)};
 }
 
 Answer unroutable(const std::string &allowed)
@@ -62,24 +72,28 @@ void Router::add(const std::string &method, const std::string &path, Access acce
     m_routes.push_back({method, path, access, std::move(handler), refusal});
 }
 
-Answer Router::answer(const Poco::Net::HTTPRequest &header, RequestBody &body) const
+Answer Router::answer(const HTTPRequest &header, RequestBody &body, const std::string &peer) const
 {
-    const Match match = find(header);
-    if (match.route)
-        return run(*match.route, {header, body, match.parameter});
-    Answer answer = unroutable(match.allowed);
-    answer.brokenOff = header.getMethod() == Poco::Net::HTTPRequest::HTTP_POST;
+    const auto [path, query] = addressParts(header.getURI());
+    const Match match = find(header.getMethod(), path);
+    Answer answer;
+    if (match.route) {
+        answer = run(*match.route, {header, body, peer, match.parameter, formFields(query), {}});
+    } else {
+        answer = unroutable(match.allowed);
+        answer.brokenOff = header.getMethod() == HTTPRequest::HTTP_POST && !isOfDashboard(path);
+    }
+    if (isOfDashboard(path))
+        protect(answer, m_usesTls);
     return answer;
 }
 
-Router::Match Router::find(const Poco::Net::HTTPRequest &header) const
+Router::Match Router::find(const std::string &method, std::string_view path) const
 {
-    std::string_view path = split(header.getURI(), '?').front();
-    path.remove_prefix(path.starts_with('/') ? 1 : 0);
     std::string allowed;
     for (const Route &route : m_routes) {
         const std::optional<std::string> parameter = match(route.path, path);
-        if (parameter && route.method == header.getMethod())
+        if (parameter && route.method == method)
             return {&route, *parameter, {}};
         if (parameter)
             allowed += (allowed.empty() ? "" : ", ") + route.method;
@@ -109,11 +123,26 @@ Answer Router::run(const Route &route, Request request) const
 
 Answer Router::dispatch(const Route &route, Request &request) const
 {
-    if (route.access == Access::Anyone || m_isTokenGood(bearerToken(request.header)))
-        return route.handler->handle(request);
-    Answer answer = errorAnswer(Status::HTTP_UNAUTHORIZED, "The bearer token is missing, wrong or expired");
-    answer.headers.emplace_back("WWW-Authenticate", "Bearer");
-    return answer;
+    std::optional<Caller> caller = admit(route, request.header);
+    if (!caller)
+        return unauthorized(route.access);
+    request.caller = std::move(*caller);
+    if (route.access == Access::SessionNeeded)
+        m_gatekeeper.refuseForgery(request.header, request.caller);
+    return route.handler->handle(request);
+}
+
+std::optional<Caller> Router::admit(const Route &route, const HTTPRequest &header) const
+{
+    switch (route.access) {
+    case Access::TokenNeeded:
+        return m_gatekeeper.client(header);
+    case Access::SessionNeeded:
+        return m_gatekeeper.administrator(header);
+    case Access::Anyone:
+        break;
+    }
+    return Caller{};
 }
 
 } // namespace wexel::receiver

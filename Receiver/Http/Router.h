@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Access/Gatekeeper.h"
 #include "Http/Handler.h"
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -13,24 +13,26 @@ namespace wexel::receiver {
 class Router
 {
 public:
-    enum class Access { Anyone, TokenNeeded };
+    enum class Access {
+        Anyone,
+        TokenNeeded, ///< a client's bearer token
+        SessionNeeded, ///< the administrator's session; for a change also its proof that no other site asks
+    };
 
     /// How a client learns of a refusal. The library counts any upload that was answered without an address, except by
     /// 403, as done with and drops its report; of a broken connection it knows that it has to try again.
     enum class Refusal { Plain, BrokenOff };
 
-    /// \a isTokenGood judges the bearer token of a request.
-    explicit Router(std::function<bool(const std::string &)> isTokenGood)
-        : m_isTokenGood(std::move(isTokenGood))
-    {
-    }
+    /// \a gatekeeper must outlive it.
+    Router(const Gatekeeper &gatekeeper, bool usesTls) : m_gatekeeper(gatekeeper), m_usesTls(usesTls) { }
 
     /// \a path is without the leading slash; one segment of it may be {}, which matches any text.
     void add(const std::string &method, const std::string &path, Access access,
              std::unique_ptr<Handler> handler, Refusal refusal = Refusal::Plain);
 
-    /// Never throws. A POST to a wrong address is broken off: it may have been meant for a route that is.
-    Answer answer(const Poco::Net::HTTPRequest &header, RequestBody &body) const;
+    /// Never throws. A POST to a wrong address is broken off, unless it is the dashboard's: it may have been meant for a
+    /// route that is.
+    Answer answer(const Poco::Net::HTTPRequest &header, RequestBody &body, const std::string &peer) const;
 
 private:
     struct Route {
@@ -48,11 +50,13 @@ private:
         std::string allowed;
     };
 
-    Match find(const Poco::Net::HTTPRequest &header) const;
+    Match find(const std::string &method, std::string_view path) const;
     Answer run(const Route &route, Request request) const;
     Answer dispatch(const Route &route, Request &request) const;
+    std::optional<Caller> admit(const Route &route, const Poco::Net::HTTPRequest &header) const;
 
-    std::function<bool(const std::string &)> m_isTokenGood;
+    const Gatekeeper &m_gatekeeper;
+    bool m_usesTls;
     std::vector<Route> m_routes;
 };
 

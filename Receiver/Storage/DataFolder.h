@@ -2,7 +2,7 @@
 
 #include "Storage/Database.h"
 #include "Storage/FileStore.h"
-#include "Storage/SqliteReportStore.h"
+#include "Storage/SqlReportStore.h"
 #include "Storage/TokenStore.h"
 
 #include <filesystem>
@@ -27,6 +27,7 @@ public:
 
     FileStore &files() { return m_files; }
     ReportStore &reports() { return m_reports; }
+    Database &database() { return m_database; }
     TokenStore &tokens() { return m_tokens; }
 
 private:
@@ -35,7 +36,7 @@ private:
     int m_lock; ///< the descriptor that holds the lock, or -1; first, as nothing may be touched without it
     FileStore m_files;
     Database m_database;
-    SqliteReportStore m_reports;
+    SqlReportStore m_reports;
     TokenStore m_tokens;
 };
 

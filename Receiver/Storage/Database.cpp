@@ -1,5 +1,6 @@
 #include "Storage/Database.h"
 
+#include "Storage/Migrations.h"
 #include "Storage/StorageError.h"
 
 #include <Poco/Data/SQLite/Connector.h>
@@ -15,27 +16,6 @@ using namespace Poco::Data::Keywords;
 using Poco::Data::Session;
 
 namespace {
-
-constexpr const char *schema[] = {
-    "CREATE TABLE applications (bundle_id TEXT PRIMARY KEY, os TEXT NOT NULL, platform TEXT NOT NULL, "
-    "archived INTEGER NOT NULL DEFAULT 0)",
-    "CREATE TABLE files (id TEXT PRIMARY KEY, sha256 TEXT NOT NULL, name TEXT NOT NULL, content_type TEXT "
-    "NOT NULL, "
-    "size INTEGER NOT NULL, received INTEGER NOT NULL)",
-    "CREATE TABLE reports (id INTEGER PRIMARY KEY AUTOINCREMENT, received INTEGER NOT NULL, "
-    "bundle_id TEXT NOT NULL REFERENCES applications, json TEXT NOT NULL)",
-    // Position 0 is the screenshot, the attached files follow.
-    "CREATE TABLE report_files (report_id INTEGER NOT NULL REFERENCES reports, position INTEGER NOT NULL, "
-    "file_id TEXT NOT NULL REFERENCES files, PRIMARY KEY (report_id, position)) WITHOUT ROWID",
-    "CREATE TABLE tokens (digest TEXT PRIMARY KEY, client TEXT NOT NULL, expires INTEGER NOT NULL) WITHOUT "
-    "ROWID",
-    // Lets a file be deleted without a look at every report.
-    "CREATE INDEX report_files_file_id ON report_files (file_id)",
-};
-
-/// The versions that can be met: the one before the index came, and that of this schema.
-constexpr int versionWithoutIndex = 1;
-constexpr int schemaVersion = 2;
 
 /// Runs \a work with the database's exceptions turned into ours.
 void translated(const std::function<void()> &work)
@@ -91,35 +71,16 @@ void transact(Session &session, const std::function<void(Session &)> &work)
     }
 }
 
-int checkedVersion(Session &session)
-{
-    int version = 0;
-    session << "PRAGMA user_version", into(version), now;
-    if (version > schemaVersion)
-        throw StorageError(StorageError::Kind::Failed,
-                           "The data folder was written by a newer wexel-receiver");
-    return version;
-}
-
-void migrate(Session &session)
-{
-    const int version = checkedVersion(session);
-    if (version == schemaVersion)
-        return;
-    for (const char *statement : schema) {
-        if (version != versionWithoutIndex || statement == std::end(schema)[-1])
-            session << statement, now;
-    }
-    session << "PRAGMA user_version = " + std::to_string(schemaVersion), now;
-}
-
 } // namespace
 
 Database::Database(const std::filesystem::path &file, Mode mode)
     : m_writer(open(file, mode))
     , m_reader(open(file, mode))
 {
-    mode == Mode::Read ? read(checkedVersion) : write(migrate);
+    if (mode == Mode::Read)
+        read([](Session &session) { checkSchema(session, Dialect::Sqlite); });
+    else
+        write([](Session &session) { migrate(session, Dialect::Sqlite); });
 }
 
 void Database::write(const std::function<void(Session &)> &work)

@@ -19,12 +19,24 @@ struct StoredFile {
     std::int64_t received = 0; ///< milliseconds since 1970
 };
 
+/// What the list shows of a report's JSON; empty where it says nothing.
+struct ReportFacts {
+    std::string description;
+    std::string tester; ///< e-mail address
+    std::string device;
+    std::string osVersion;
+    std::string appVersion;
+};
+
 struct NewReport {
     std::string bundleId;
     std::string json; ///< the report, valid JSON
     std::string screenshotId; ///< may be empty or unknown
     std::vector<std::string> fileIds; ///< unknown ones are left out
     std::int64_t received = 0;
+    ReportFacts facts = {};
+    std::string digest
+        = {}; ///< of the JSON without the addresses of files; empty: every such report is a new one
 };
 
 struct ReportSummary {

@@ -141,7 +141,7 @@ TEST_F(ContractTest, AnswersWrongAddressesAndMethods)
 {
     start();
     Client client = receiver->client();
-    EXPECT_EQ(client.request("GET", "/").status, 404);
+    EXPECT_EQ(client.request("GET", "/nothing").status, 404);
     EXPECT_EQ(client.post("/api/1.0/issue_tracking/apps/a/b", "{}").status, 404);
     const Reply wrongMethod = client.request("GET", applications);
     EXPECT_EQ(wrongMethod.status, 405);

@@ -37,7 +37,9 @@ void ReceiverProcess::start()
                                 QStringLiteral("--listen"), m_listen,
                                 QStringLiteral("--client"), clientId + u':' + clientSecret};
     m_process = std::make_unique<ChildProcess>(program, arguments + m_extraArguments);
-    const QString line = QString::fromUtf8(m_process->readLine());
+    QString line = QString::fromUtf8(m_process->readLine());
+    if (line.startsWith(QStringLiteral("Dashboard password: "))) // a new data folder
+        line = QString::fromUtf8(m_process->readLine());
     const QString announcement = QStringLiteral("Listening on ");
     ASSERT_TRUE(line.startsWith(announcement)) << "the receiver printed: " << line.toStdString();
     m_url = line.mid(announcement.size());

@@ -83,7 +83,12 @@ TestReceiver::TestReceiver(std::filesystem::path data, std::vector<std::string> 
     : m_data(std::move(data))
     , m_program(commandLine(m_data, std::move(options), std::move(runner)))
 {
-    const std::string line = m_program.readLine();
+    std::string line = m_program.readLine();
+    const std::string first = "Dashboard password: ";
+    if (line.starts_with(first)) {
+        m_password = line.substr(first.size());
+        line = m_program.readLine();
+    }
     const std::string announcement = "Listening on ";
     if (!line.starts_with(announcement))
         throw std::runtime_error("The receiver did not start: " + line);

@@ -56,6 +56,8 @@ public:
                           std::vector<std::string> runner = {});
 
     const Poco::URI &url() const { return m_url; }
+    /// The dashboard's, if this start was the folder's first.
+    const std::string &password() const { return m_password; }
     /// A connection that has signed in.
     Client client() const;
     Client stranger() const;
@@ -69,6 +71,7 @@ public:
 private:
     std::filesystem::path m_data;
     Program m_program;
+    std::string m_password;
     Poco::URI m_url;
 };
 

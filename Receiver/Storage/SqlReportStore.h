@@ -6,10 +6,10 @@
 namespace wexel::receiver {
 
 /// The report store in the data folder's database. The database must outlive it.
-class SqliteReportStore : public ReportStore
+class SqlReportStore : public ReportStore
 {
 public:
-    explicit SqliteReportStore(Database &database) : m_database(database) { }
+    explicit SqlReportStore(Database &database) : m_database(database) { }
 
     void registerApplication(const Application &application) override;
     bool isArchived(const std::string &bundleId) override;
@@ -22,6 +22,12 @@ public:
     std::vector<ReportSummary> reports() override;
     std::optional<std::string> reportJson(std::int64_t id) override;
     ReportFiles filesOf(std::int64_t reportId) override;
+    ReportPage page(const ReportQuery &query) override;
+    Filters filters(const std::string &bundleId) override;
+    std::optional<ReportRow> report(std::int64_t id) override;
+    std::vector<ApplicationOverview> applications() override;
+    bool setRetention(const std::string &bundleId, const Retention &retention) override;
+    bool removeReport(std::int64_t id) override;
 
 private:
     Database &m_database;

@@ -1,4 +1,6 @@
-#include "Storage/SqliteReportStore.h"
+#include "Storage/SqlReportStore.h"
+
+#include "Storage/ReportListing.h"
 
 #include <Poco/Data/RecordSet.h>
 
@@ -12,32 +14,41 @@ namespace {
 
 void insertApplication(Session &session, const Application &application)
 {
-    session << "INSERT OR IGNORE INTO applications (bundle_id, os, platform) VALUES (?, ?, ?)",
+    session
+        << "INSERT INTO applications (bundle_id, os, platform) VALUES ($1, $2, $3) ON CONFLICT DO NOTHING",
         bind(application.bundleId), bind(application.os), bind(application.platform), now;
 }
 
 bool readArchived(Session &session, const std::string &bundleId)
 {
     int archived = 0;
-    session << "SELECT archived FROM applications WHERE bundle_id = ?", bind(bundleId), into(archived), now;
+    session << "SELECT archived FROM applications WHERE bundle_id = $1", bind(bundleId), into(archived), now;
     return archived != 0;
 }
 
 std::int64_t insertReport(Session &session, const NewReport &report)
 {
-    session << "INSERT INTO reports (received, bundle_id, json) VALUES (?, ?, ?)", bind(report.received),
-        bind(report.bundleId), useRef(report.json), now;
-    Poco::Int64 id = 0;
-    session << "SELECT last_insert_rowid()", into(id), now;
+    std::int64_t id = 0;
+    session << "INSERT INTO reports (received, bundle_id) VALUES ($1, $2) RETURNING id",
+        bind(report.received), bind(report.bundleId), into(id), now;
+    session << "INSERT INTO report_documents (report_id, json) VALUES ($1, $2)", bind(id),
+        useRef(report.json), now;
     return id;
 }
 
 /// Links a file to a report; an id that is not ours (reports may carry any address) links nothing.
 void linkFile(Session &session, std::int64_t reportId, int position, const std::string &fileId)
 {
-    session
-        << "INSERT INTO report_files (report_id, position, file_id) SELECT ?, ?, id FROM files WHERE id = ?",
+    session << "INSERT INTO report_files (report_id, position, file_id) SELECT $1, $2, id FROM files "
+               "WHERE id = $3",
         bind(reportId), bind(position), bind(fileId), now;
+}
+
+bool isKnown(Session &session, const std::string &bundleId)
+{
+    int count = 0;
+    session << "SELECT count(*) FROM applications WHERE bundle_id = $1", bind(bundleId), into(count), now;
+    return count != 0;
 }
 
 StoredFile fileAt(RecordSet &rows)
@@ -49,48 +60,46 @@ StoredFile fileAt(RecordSet &rows)
 
 } // namespace
 
-void SqliteReportStore::registerApplication(const Application &application)
+void SqlReportStore::registerApplication(const Application &application)
 {
     m_database.write([&](Session &session) { insertApplication(session, application); });
 }
 
-bool SqliteReportStore::isArchived(const std::string &bundleId)
+bool SqlReportStore::isArchived(const std::string &bundleId)
 {
     bool archived = false;
     m_database.read([&](Session &session) { archived = readArchived(session, bundleId); });
     return archived;
 }
 
-bool SqliteReportStore::setArchived(const std::string &bundleId, bool archived)
+bool SqlReportStore::setArchived(const std::string &bundleId, bool archived)
 {
     bool known = false;
     m_database.write([&](Session &session) {
-        int count = 0;
-        session << "SELECT count(*) FROM applications WHERE bundle_id = ?", bind(bundleId), into(count), now;
-        known = count != 0;
+        known = isKnown(session, bundleId);
         insertApplication(session, {bundleId, "", ""});
-        session << "UPDATE applications SET archived = ? WHERE bundle_id = ?", bind(archived ? 1 : 0),
+        session << "UPDATE applications SET archived = $1 WHERE bundle_id = $2", bind(archived ? 1 : 0),
             bind(bundleId), now;
     });
     return known;
 }
 
-void SqliteReportStore::addFile(const StoredFile &file)
+void SqlReportStore::addFile(const StoredFile &file)
 {
     m_database.write([&](Session &session) {
-        session
-            << "INSERT INTO files (id, sha256, name, content_type, size, received) VALUES (?, ?, ?, ?, ?, ?)",
+        session << "INSERT INTO files (id, sha256, name, content_type, size, received, location) "
+                   "VALUES ($1, $2, $3, $4, $5, $6, $7)",
             bind(file.id), bind(file.sha256), bind(file.name), bind(file.contentType),
-            bind(static_cast<Poco::Int64>(file.size)), bind(file.received), now;
+            bind(static_cast<Poco::Int64>(file.size)), bind(file.received), bind(file.sha256), now;
     });
 }
 
-std::optional<StoredFile> SqliteReportStore::file(const std::string &id)
+std::optional<StoredFile> SqlReportStore::file(const std::string &id)
 {
     std::optional<StoredFile> file;
     m_database.read([&](Session &session) {
         Poco::Data::Statement select(session);
-        select << "SELECT id, sha256, name, content_type, size, received FROM files WHERE id = ?", bind(id),
+        select << "SELECT id, sha256, name, content_type, size, received FROM files WHERE id = $1", bind(id),
             now;
         RecordSet rows(select);
         if (rows.moveFirst())
@@ -99,26 +108,26 @@ std::optional<StoredFile> SqliteReportStore::file(const std::string &id)
     return file;
 }
 
-std::size_t SqliteReportStore::removeUnreportedFiles(std::int64_t before)
+std::size_t SqlReportStore::removeUnreportedFiles(std::int64_t before)
 {
     std::size_t count = 0;
     m_database.write([&](Session &session) {
         Poco::Data::Statement remove(session);
-        remove << "DELETE FROM files WHERE received < ? AND id NOT IN (SELECT file_id FROM report_files)",
+        remove << "DELETE FROM files WHERE received < $1 AND id NOT IN (SELECT file_id FROM report_files)",
             bind(before);
         count = remove.execute();
     });
     return count;
 }
 
-std::set<std::string> SqliteReportStore::fileContents()
+std::set<std::string> SqlReportStore::fileContents()
 {
     std::set<std::string> contents;
     m_database.read([&](Session &session) { session << "SELECT sha256 FROM files", into(contents), now; });
     return contents;
 }
 
-std::optional<std::int64_t> SqliteReportStore::addReport(const NewReport &report)
+std::optional<std::int64_t> SqlReportStore::addReport(const NewReport &report)
 {
     std::optional<std::int64_t> id;
     m_database.write([&](Session &session) {
@@ -129,11 +138,12 @@ std::optional<std::int64_t> SqliteReportStore::addReport(const NewReport &report
         linkFile(session, *id, 0, report.screenshotId);
         for (std::size_t i = 0; i < report.fileIds.size(); ++i)
             linkFile(session, *id, static_cast<int>(i) + 1, report.fileIds[i]);
+        describe(session, *id, report.bundleId, report.facts, report.json.size());
     });
     return id;
 }
 
-std::vector<ReportSummary> SqliteReportStore::reports()
+std::vector<ReportSummary> SqlReportStore::reports()
 {
     std::vector<ReportSummary> reports;
     m_database.read([&](Session &session) {
@@ -147,22 +157,22 @@ std::vector<ReportSummary> SqliteReportStore::reports()
     return reports;
 }
 
-std::optional<std::string> SqliteReportStore::reportJson(std::int64_t id)
+std::optional<std::string> SqlReportStore::reportJson(std::int64_t id)
 {
     std::vector<std::string> found;
     m_database.read([&](Session &session) {
-        session << "SELECT json FROM reports WHERE id = ?", bind(id), into(found), now;
+        session << "SELECT json FROM report_documents WHERE report_id = $1", bind(id), into(found), now;
     });
     return found.empty() ? std::nullopt : std::optional(found.front());
 }
 
-ReportFiles SqliteReportStore::filesOf(std::int64_t reportId)
+ReportFiles SqlReportStore::filesOf(std::int64_t reportId)
 {
     ReportFiles files;
     m_database.read([&](Session &session) {
         Poco::Data::Statement select(session);
         select << "SELECT id, sha256, name, content_type, size, received, position FROM report_files "
-                  "JOIN files ON id = file_id WHERE report_id = ? ORDER BY position",
+                  "JOIN files ON id = file_id WHERE report_id = $1 ORDER BY position",
             bind(reportId), now;
         RecordSet rows(select);
         for (bool more = rows.moveFirst(); more; more = rows.moveNext()) {
@@ -173,6 +183,34 @@ ReportFiles SqliteReportStore::filesOf(std::int64_t reportId)
         }
     });
     return files;
+}
+
+bool SqlReportStore::setRetention(const std::string &bundleId, const Retention &retention)
+{
+    const auto nullable = [](const std::optional<std::int64_t> &value) {
+        return value ? Poco::Nullable<std::int64_t>(*value) : Poco::Nullable<std::int64_t>();
+    };
+    bool known = false;
+    m_database.write([&](Session &session) {
+        known = isKnown(session, bundleId);
+        session << "UPDATE applications SET max_age_days = $1, max_bytes = $2 WHERE bundle_id = $3",
+            bind(nullable(retention.maximumAgeDays)), bind(nullable(retention.maximumBytes)), bind(bundleId),
+            now;
+    });
+    return known;
+}
+
+bool SqlReportStore::removeReport(std::int64_t id)
+{
+    std::size_t count = 0;
+    m_database.write([&](Session &session) {
+        session << "DELETE FROM report_files WHERE report_id = $1", bind(id), now;
+        session << "DELETE FROM report_documents WHERE report_id = $1", bind(id), now;
+        Poco::Data::Statement remove(session);
+        remove << "DELETE FROM reports WHERE id = $1", bind(id);
+        count = remove.execute();
+    });
+    return count != 0;
 }
 
 } // namespace wexel::receiver

@@ -1,0 +1,52 @@
+#include "Access/Administrator.h"
+
+#include "Access/Password.h"
+
+#include <vector>
+
+namespace wexel::receiver {
+
+using namespace Poco::Data::Keywords;
+using Poco::Data::Session;
+
+bool Administrator::hasPassword()
+{
+    return !hash().empty();
+}
+
+bool Administrator::setFirstPassword(const std::string &password)
+{
+    const std::string hash = passwordHash(password);
+    m_database.write([&](Session &session) {
+        session << "INSERT INTO administrator (id, password) VALUES (1, $1) ON CONFLICT DO NOTHING",
+            bind(hash), now;
+    });
+    return this->hash() == hash;
+}
+
+void Administrator::setPassword(const std::string &password, const std::string &keptSession)
+{
+    const std::string hash = passwordHash(password); // slow, so outside of the transaction
+    m_database.write([&](Session &session) {
+        session << "INSERT INTO administrator (id, password) VALUES (1, $1) "
+                   "ON CONFLICT (id) DO UPDATE SET password = excluded.password",
+            bind(hash), now;
+        session << "DELETE FROM sessions WHERE digest <> $1", bind(keptSession), now;
+    });
+}
+
+bool Administrator::isPassword(const std::string &password)
+{
+    const std::string hash = this->hash();
+    return !hash.empty() && receiver::isPassword(hash, password);
+}
+
+std::string Administrator::hash()
+{
+    std::vector<std::string> hashes;
+    m_database.read(
+        [&](Session &session) { session << "SELECT password FROM administrator", into(hashes), now; });
+    return hashes.empty() ? std::string() : hashes.front();
+}
+
+} // namespace wexel::receiver

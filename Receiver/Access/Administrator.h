@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Storage/Database.h"
+
+#include <string>
+
+namespace wexel::receiver {
+
+/// The one who may use the dashboard: a password, kept as its slow hash. Every thread may use it. Throws StorageError.
+class Administrator
+{
+public:
+    explicit Administrator(Database &database) : m_database(database) { }
+
+    bool hasPassword();
+    /// Sets the first password. False, with nothing changed, if there is one by now: another receiver may have been faster.
+    bool setFirstPassword(const std::string &password);
+    /// Sets another password and ends every session but the one with \a keptSession (its digest; may be empty).
+    void setPassword(const std::string &password, const std::string &keptSession = {});
+    bool isPassword(const std::string &password);
+
+private:
+    std::string hash();
+
+    Database &m_database;
+};
+
+} // namespace wexel::receiver

@@ -1,0 +1,85 @@
+#include "Access/Gatekeeper.h"
+
+#include "Http/HttpError.h"
+#include "Secrets.h"
+
+#include <Poco/String.h>
+#include <Poco/URI.h>
+
+namespace wexel::receiver {
+
+using Poco::Net::HTTPRequest;
+
+namespace {
+
+std::string originOf(const std::string &url)
+{
+    const Poco::URI uri(url);
+    return uri.getScheme() + "://" + uri.getAuthority();
+}
+
+std::string bearerToken(const HTTPRequest &header)
+{
+    const std::string value = header.get("Authorization", "");
+    constexpr std::size_t schemeLength = 7;
+    const bool isBearer = Poco::icompare(value, 0, schemeLength, std::string("Bearer ")) == 0;
+    return isBearer ? Poco::trim(value.substr(schemeLength)) : std::string();
+}
+
+bool changesNothing(const std::string &method)
+{
+    return method == HTTPRequest::HTTP_GET || method == HTTPRequest::HTTP_HEAD;
+}
+
+} // namespace
+
+Gatekeeper::Gatekeeper(const Options &options, TokenStore &tokens, SessionStore &sessions)
+    : m_options(options)
+    , m_tokens(tokens)
+    , m_sessions(sessions)
+    , m_cookie(options.isReachedByTls())
+    , m_publicOrigin(options.publicUrl.empty() ? "" : originOf(options.publicUrl))
+{
+}
+
+std::optional<Caller> Gatekeeper::client(const HTTPRequest &header) const
+{
+    const auto client = m_tokens.clientOf(bearerToken(header), currentMilliseconds());
+    if (!client || !m_options.clients.contains(*client))
+        return std::nullopt;
+    return Caller{.client = *client};
+}
+
+std::optional<Caller> Gatekeeper::administrator(const HTTPRequest &header) const
+{
+    const std::string token = m_cookie.token(header);
+    if (token.empty())
+        return std::nullopt;
+    const auto session = m_sessions.find(token, currentMilliseconds());
+    if (!session)
+        return std::nullopt;
+    return Caller{.session = session->digest, .csrf = session->csrf};
+}
+
+/// A page's origin is ours if it is the public address or has the host that the request was made to: a foreign page can
+/// choose neither.
+void Gatekeeper::refuseForeignPage(const HTTPRequest &header) const
+{
+    const std::string origin = header.get("Origin", "");
+    if (origin.empty() || origin == m_publicOrigin)
+        return;
+    const std::string host = Poco::toLower(header.get("Host", ""));
+    if (host.empty() || (origin != "http://" + host && origin != "https://" + host))
+        throw HttpError(Status::HTTP_FORBIDDEN, "The request comes from a page of another site");
+}
+
+void Gatekeeper::refuseForgery(const HTTPRequest &header, const Caller &caller) const
+{
+    if (changesNothing(header.getMethod()))
+        return;
+    refuseForeignPage(header);
+    if (!equalInConstantTime(header.get("X-CSRF-Token", ""), caller.csrf))
+        throw HttpError(Status::HTTP_FORBIDDEN, "The header X-CSRF-Token is missing or wrong");
+}
+
+} // namespace wexel::receiver

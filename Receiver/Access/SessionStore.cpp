@@ -1,0 +1,62 @@
+#include "Access/SessionStore.h"
+
+#include "Secrets.h"
+
+#include <vector>
+
+namespace wexel::receiver {
+
+using namespace Poco::Data::Keywords;
+using Poco::Data::Session;
+
+namespace {
+
+/// How exactly the time of the last use is kept, so that not every request writes.
+constexpr std::int64_t useResolution = 60 * 1000;
+
+} // namespace
+
+DashboardSession SessionStore::describe(const std::string &token)
+{
+    return {sha256(token), sha256("csrf " + token)};
+}
+
+std::string SessionStore::start(std::int64_t now)
+{
+    std::string token = randomId() + randomId();
+    m_database.write([&](Session &session) {
+        session << "DELETE FROM sessions WHERE expires <= $1 OR used <= $2", bind(now),
+            bind(now - longestIdle), Poco::Data::Keywords::now;
+        session << "INSERT INTO sessions (digest, used, expires) VALUES ($1, $2, $3)",
+            bind(describe(token).digest), bind(now), bind(now + longestLife), Poco::Data::Keywords::now;
+    });
+    return token;
+}
+
+std::optional<DashboardSession> SessionStore::find(const std::string &token, std::int64_t now)
+{
+    DashboardSession found = describe(token);
+    std::vector<Poco::Int64> used;
+    m_database.read([&](Session &session) {
+        session << "SELECT used FROM sessions WHERE digest = $1 AND expires > $2 AND used > $3",
+            bind(found.digest), bind(now), bind(now - longestIdle), into(used), Poco::Data::Keywords::now;
+    });
+    if (used.empty())
+        return std::nullopt;
+    if (used.front() + useResolution < now) {
+        m_database.write([&](Session &session) {
+            session << "UPDATE sessions SET used = $1 WHERE digest = $2", bind(now), bind(found.digest),
+                Poco::Data::Keywords::now;
+        });
+    }
+    return found;
+}
+
+void SessionStore::end(const std::string &digest)
+{
+    m_database.write([&](Session &session) {
+        session << "DELETE FROM sessions WHERE digest = $1", bind(digest), Poco::Data::Keywords::now;
+    });
+}
+
+} // namespace wexel::receiver

@@ -1,0 +1,24 @@
+#include "Access/SignIn.h"
+
+#include "Log.h"
+
+namespace wexel::receiver {
+
+std::optional<Answer> SignIn::refusal(const std::string &peer, const std::string &password)
+{
+    LoginThrottle::Attempt attempt(m_throttle, throttledPeer(peer), LoginThrottle::Clock::now());
+    if (const auto wait = attempt.refusal()) {
+        logEvent("sign_in_throttled", {{"peer", peer}});
+        Answer answer = errorAnswer(Status::HTTP_TOO_MANY_REQUESTS, "Too many wrong passwords; try later");
+        answer.headers.emplace_back("Retry-After", std::to_string(wait->count()));
+        return answer;
+    }
+    if (!m_administrator.isPassword(password)) {
+        logEvent("sign_in_failed", {{"peer", peer}});
+        return errorAnswer(Status::HTTP_UNAUTHORIZED, "The password is wrong");
+    }
+    attempt.succeed();
+    return std::nullopt;
+}
+
+} // namespace wexel::receiver

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <Poco/Data/Session.h>
+
+namespace wexel::receiver {
+
+/// Which database speaks.
+enum class Dialect { Sqlite, PostgreSql };
+
+/// Brings the database to the schema of this version, step by step. To be called inside a transaction that keeps every
+/// other process out of the schema. Throws StorageError if a newer version wrote it.
+void migrate(Poco::Data::Session &session, Dialect dialect);
+
+/// Throws StorageError unless the database has the schema of this version.
+void checkSchema(Poco::Data::Session &session, Dialect dialect);
+
+} // namespace wexel::receiver

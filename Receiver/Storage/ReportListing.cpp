@@ -1,0 +1,103 @@
+#include "Storage/ReportListing.h"
+
+#include "ReportDocument.h"
+
+#include <Poco/String.h>
+#include <Poco/UTF8String.h>
+
+#include <algorithm>
+
+namespace wexel::receiver {
+
+using namespace Poco::Data::Keywords;
+using Poco::Data::Session;
+
+namespace {
+
+constexpr std::size_t summaryLength = 200; // characters
+constexpr std::size_t factLength = 250; // characters; longer ones don't fit an index
+constexpr std::size_t searchSize = 4000; // bytes
+
+bool isInsideCharacter(char c)
+{
+    return (static_cast<unsigned char>(c) & 0xc0) == 0x80;
+}
+
+/// At most \a size bytes, whole characters only.
+std::string cut(const std::string &text, std::size_t size)
+{
+    while (size > 0 && size < text.size() && isInsideCharacter(text[size]))
+        --size;
+    return text.substr(0, size);
+}
+
+/// At most \a length characters, none of them zero, which no database takes.
+std::string shortened(const std::string &text, std::size_t length)
+{
+    std::size_t size = 0;
+    while (size < text.size() && (isInsideCharacter(text[size]) || length-- > 0))
+        ++size;
+    std::string result = text.substr(0, size);
+    std::erase(result, '\0');
+    return result;
+}
+
+std::string firstLine(const std::string &text)
+{
+    const std::string trimmed = Poco::trim(text);
+    return trimmed.substr(0, trimmed.find_first_of("\r\n"));
+}
+
+/// The facts of a report that was taken by a version that looked less closely may not be had.
+ReportFacts factsOf(const std::string &json)
+{
+    try {
+        return readReportDocument(json).facts;
+    } catch (const std::exception &) {
+        return {};
+    }
+}
+
+void describeStored(Session &session, std::int64_t id)
+{
+    std::string json;
+    std::string bundleId;
+    session << "SELECT bundle_id, json FROM reports JOIN report_documents ON report_id = id WHERE id = $1",
+        into(bundleId), into(json), bind(id), now;
+    describe(session, id, bundleId, factsOf(json), json.size());
+}
+
+} // namespace
+
+std::string searchText(const std::string &text, std::size_t size)
+{
+    std::string lower = cut(Poco::UTF8::toLower(cut(text, size)), size);
+    std::erase(lower, '\0');
+    return lower;
+}
+
+void describe(Session &session, std::int64_t id, const std::string &bundleId, const ReportFacts &facts,
+              std::size_t jsonSize)
+{
+    // The long one last, so that it alone is cut.
+    const std::string search = facts.tester + '\n' + facts.device + '\n' + facts.appVersion + '\n' + bundleId
+        + '\n' + facts.description;
+    session
+        << "UPDATE reports SET summary = $1, tester = $2, device = $3, os_version = $4, app_version = $5, "
+           "search = $6, bytes = $7 + (SELECT coalesce(sum(size), 0) FROM report_files JOIN files "
+           "ON files.id = file_id WHERE report_id = reports.id) WHERE id = $8",
+        bind(shortened(firstLine(facts.description), summaryLength)),
+        bind(shortened(facts.tester, factLength)), bind(shortened(facts.device, factLength)),
+        bind(shortened(facts.osVersion, factLength)), bind(shortened(facts.appVersion, factLength)),
+        bind(searchText(search, searchSize)), bind(static_cast<std::int64_t>(jsonSize)), bind(id), now;
+}
+
+void describeReports(Session &session)
+{
+    std::vector<std::int64_t> ids;
+    session << "SELECT id FROM reports ORDER BY id", into(ids), now;
+    for (const std::int64_t id : ids)
+        describeStored(session, id);
+}
+
+} // namespace wexel::receiver

@@ -1,0 +1,31 @@
+# wexel_embed_files(TARGET FILES NAME=PATH...)
+#
+# Makes the files' bytes part of the target, each under its name; Http/EmbeddedFiles.h gives access. A changed file is
+# embedded anew by the next build.
+function(wexel_embed_files target)
+    cmake_parse_arguments(PARSE_ARGV 1 embed "" "" FILES)
+    set(assembly ".section .rodata\n")
+    set(declarations "")
+    set(entries "")
+    set(paths "")
+    set(number 0)
+    foreach(file IN LISTS embed_FILES)
+        string(REGEX MATCH "^([^=]+)=(.+)$" matched "${file}")
+        set(name ${CMAKE_MATCH_1})
+        set(path ${CMAKE_MATCH_2})
+        set(symbol "wexel_embedded_${number}")
+        string(APPEND assembly ".global ${symbol}\n${symbol}:\n.incbin \"${path}\"\n"
+               ".global ${symbol}_end\n${symbol}_end:\n")
+        string(APPEND declarations "extern const char ${symbol}[];\nextern const char ${symbol}_end[];\n")
+        string(APPEND entries "        {\"${name}\", {${symbol}, ${symbol}_end}},\n")
+        list(APPEND paths "${path}")
+        math(EXPR number "${number} + 1")
+    endforeach()
+    string(APPEND assembly ".section .note.GNU-stack,\"\",%progbits\n")
+
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/embedded)
+    file(CONFIGURE OUTPUT ${folder}/Embedded.S CONTENT "${assembly}" @ONLY)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/EmbeddedFiles.cpp.in ${folder}/EmbeddedFiles.cpp @ONLY)
+    set_property(SOURCE ${folder}/Embedded.S PROPERTY OBJECT_DEPENDS ${paths})
+    target_sources(${target} PRIVATE ${folder}/Embedded.S ${folder}/EmbeddedFiles.cpp)
+endfunction()
