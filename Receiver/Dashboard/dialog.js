@@ -22,7 +22,7 @@ export function confirmDialog({title, text, button, danger = true, action}) {
     const act = el('button', {type: 'button', className: danger ? 'danger' : 'primary', onclick: run}, button);
     const cancel = el('button', {type: 'button', onclick: () => dialog.close()}, 'Cancel');
     const dialog = openDialog(title, el('.dialog-body', el('p', text), problem, el('.dialog-buttons', cancel, act)));
-    act.focus();
+    (danger ? cancel : act).focus();
     async function run() {
         act.disabled = true;
         try {
