@@ -36,12 +36,13 @@ Answer ReportHandler::handle(Request &request)
     const MemoryBudget::Share share(m_memory, request.body.longest());
     if (!share.isGranted())
         return busy();
-    const std::optional<std::int64_t> id
+    const std::optional<AddedReport> added
         = m_store.addReport(newReport(bundleId, request.body.readAll(), currentMilliseconds()));
-    if (!id)
+    if (!added)
         refuseArchived();
-    logEvent("report", {{"id", std::to_string(*id)}, {"bundle_id", bundleId}});
-    return jsonAnswer("{\"id\":" + std::to_string(*id) + "}");
+    logEvent(added->isNew ? "report" : "report_again",
+             {{"id", std::to_string(added->id)}, {"bundle_id", bundleId}});
+    return jsonAnswer("{\"id\":" + std::to_string(added->id) + "}");
 }
 
 } // namespace wexel::receiver
