@@ -21,10 +21,11 @@ std::string isoTime(std::int64_t milliseconds)
 
 std::string fileJson(const StoredFile &file, const FileStore &files)
 {
+    const std::filesystem::path path = files.pathOf(file.location);
     return "{\"id\":" + jsonString(file.id) + ",\"name\":" + jsonString(file.name)
         + ",\"size\":" + std::to_string(file.size) + ",\"content_type\":" + jsonString(file.contentType)
         + ",\"sha256\":" + jsonString(file.sha256)
-        + ",\"path\":" + jsonString(absolute(files.pathOf(file.sha256)).string()) + "}";
+        + ",\"path\":" + (path.empty() ? "null" : jsonString(absolute(path).string())) + "}";
 }
 
 void printJson(const ReportSummary &report, DataFolder &data)

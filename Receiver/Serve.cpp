@@ -3,6 +3,7 @@
 #include "Access/FirstPassword.h"
 #include "Log.h"
 #include "Server.h"
+#include "Storage/Maintenance.h"
 
 #include <Poco/Crypto/OpenSSLInitializer.h>
 
@@ -48,6 +49,7 @@ int serve(const Options &options)
     // torn down under it.
     const Poco::Crypto::OpenSSLInitializer openSsl;
     DataFolder data(options.data, DataFolder::Access::Serve);
+    const HourlyMaintenance maintenance({data.files(), data.reports()});
     if (const auto password = setFirstPassword(options, data.database()))
         std::cout << "Dashboard password: " << *password << std::endl;
     Server server(options, data);

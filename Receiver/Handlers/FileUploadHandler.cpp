@@ -58,7 +58,8 @@ void FileUploadHandler::receiveParts(Multipart &multipart, std::optional<Upload>
         if (part->fileName.size() > maximumNameLength)
             throw HttpError(Status::HTTP_BAD_REQUEST,
                             "The file name is longer than " + std::to_string(maximumNameLength) + " bytes");
-        upload.emplace(m_files, cleanFileName(part->fileName));
+        const std::string id = randomId();
+        upload = {id, m_files.receive(id), cleanFileName(part->fileName)};
         receive(multipart, *upload);
     }
 }
@@ -67,19 +68,25 @@ void FileUploadHandler::receive(Multipart &multipart, Upload &upload) const
 {
     for (std::string_view piece = multipart.readContent(); !piece.empty(); piece = multipart.readContent()) {
         upload.head += piece.substr(0, headSize - std::min(headSize, upload.head.size()));
-        if (upload.file.size() + piece.size() > m_maximumSize)
+        if (upload.file->size() + piece.size() > m_maximumSize)
             throw HttpError(Status::HTTP_REQUEST_ENTITY_TOO_LARGE,
                             "The file is larger than the limit of " + std::to_string(m_maximumSize)
                                 + " bytes");
-        upload.file.write(piece);
+        upload.file->write(piece);
     }
 }
 
-/// The bytes first: a crash leaves bytes without a row, which are swept at the next start, and never the reverse.
+/// The bytes first: a crash leaves bytes without a row, which are swept, and never the reverse.
 StoredFile FileUploadHandler::publish(Upload &upload) const
 {
-    StoredFile stored = {randomId(),         upload.file.publish(), upload.name, contentTypeOf(upload.head),
-                         upload.file.size(), currentMilliseconds()};
+    const std::string sha256 = upload.file->publish();
+    StoredFile stored = {upload.id,
+                         sha256,
+                         upload.name,
+                         contentTypeOf(upload.head),
+                         upload.file->size(),
+                         currentMilliseconds(),
+                         upload.id};
     m_store.addFile(stored);
     return stored;
 }

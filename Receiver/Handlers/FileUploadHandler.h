@@ -26,11 +26,10 @@ public:
 private:
     /// One upload until its body has proved to be whole.
     struct Upload {
-        Upload(const FileStore &files, std::string fileName) : file(files), name(std::move(fileName)) { }
-
-        IncomingFile file;
+        std::string id;
+        std::unique_ptr<IncomingFile> file;
         std::string name;
-        std::string head; ///< the first bytes, which tell the type
+        std::string head = {}; ///< the first bytes, which tell the type
     };
 
     void receiveParts(Multipart &multipart, std::optional<Upload> &upload) const;

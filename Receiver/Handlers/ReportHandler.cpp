@@ -28,18 +28,21 @@ Answer ReportHandler::handle(Request &request)
     const std::string &bundleId = request.parameter;
     if (const std::string fault = bundleIdFault(bundleId); !fault.empty())
         throw HttpError(Status::HTTP_BAD_REQUEST, fault);
+    if (!request.caller.mayReportFor(bundleId))
+        throw HttpError(Status::HTTP_FORBIDDEN, "The client may not report for this application");
     if (m_store.isArchived(bundleId)) // before the body, which need not be read then
         refuseArchived();
     request.body.setLimit(m_maximumSize, "The report");
     const MemoryBudget::Share share(m_memory, request.body.longest());
     if (!share.isGranted())
         return busy();
-    const std::optional<std::int64_t> id
+    const std::optional<AddedReport> added
         = m_store.addReport(newReport(bundleId, request.body.readAll(), currentMilliseconds()));
-    if (!id)
+    if (!added)
         refuseArchived();
-    logEvent("report", {{"id", std::to_string(*id)}, {"bundle_id", bundleId}});
-    return jsonAnswer("{\"id\":" + std::to_string(*id) + "}");
+    logEvent(added->isNew ? "report" : "report_again",
+             {{"id", std::to_string(added->id)}, {"bundle_id", bundleId}});
+    return jsonAnswer("{\"id\":" + std::to_string(added->id) + "}");
 }
 
 } // namespace wexel::receiver

@@ -16,10 +16,8 @@ namespace {
 
 FileContent openContent(const FileStore &files, const StoredFile &file)
 {
-    const std::filesystem::path path = files.pathOf(file.sha256);
-    std::error_code error;
-    FileContent content = {std::ifstream(path, std::ios::binary), std::filesystem::file_size(path, error)};
-    if (!content.stream || error || content.size != file.size)
+    FileContent content = {files.open(file.location, file.size), file.size};
+    if (!content.stream)
         failLost(file);
     return content;
 }
@@ -28,7 +26,7 @@ std::string readContent(const FileStore &files, const StoredFile &file)
 {
     FileContent content = openContent(files, file);
     std::string bytes(file.size, '\0');
-    if (!content.stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size())))
+    if (!content.stream->read(bytes.data(), static_cast<std::streamsize>(bytes.size())))
         failLost(file);
     return bytes;
 }

@@ -4,8 +4,9 @@
 #include "Text.h"
 
 #include <cstdint>
-#include <fstream>
 #include <functional>
+#include <istream>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -15,7 +16,7 @@ namespace wexel::receiver {
 
 /// The content of a file, open, so that it can't vanish between the answer's header and its bytes.
 struct FileContent {
-    std::ifstream stream;
+    std::unique_ptr<std::istream> stream;
     std::uint64_t size = 0;
 };
 

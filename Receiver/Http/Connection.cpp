@@ -89,7 +89,7 @@ void sendBody(std::ostream &stream, Answer &answer)
         answer.writer(stream);
     else if (!answer.file)
         stream << answer.body;
-    else if (Poco::StreamCopier::copyStream64(answer.file->stream, stream, 64 * 1024) != answer.file->size)
+    else if (Poco::StreamCopier::copyStream64(*answer.file->stream, stream, 64 * 1024) != answer.file->size)
         throw Poco::ReadFileException("A file ended early"); // and the connection with it
     stream.flush();
 }

@@ -1,11 +1,12 @@
 #include "Storage/DataFolder.h"
 
-#include "Log.h"
 #include "Storage/Folders.h"
+#include "Storage/Maintenance.h"
 #include "Storage/StorageError.h"
 
 #include <cerrno>
 #include <fcntl.h>
+#include <limits>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -16,9 +17,6 @@ namespace wexel::receiver {
 namespace fs = std::filesystem;
 
 namespace {
-
-/// Milliseconds after which no report will come for a file: the library uploads a report's files each time that it sends it.
-constexpr std::int64_t unreportedFileAge = std::int64_t(7) * 24 * 3600 * 1000;
 
 [[noreturn]] void refuse(const fs::path &folder, const std::string &why)
 {
@@ -69,23 +67,14 @@ DataFolder::DataFolder(const fs::path &path, Access access)
     , m_files(path)
     , m_database(path / "receiver.sqlite",
                  access == Access::Read ? Database::Mode::Read : Database::Mode::Write)
-    , m_reports(m_database)
+    , m_reports(m_database, m_files)
     , m_tokens(m_database)
 {
-    if (access == Access::Serve)
-        sweep();
-}
-
-/// Nothing is uploaded yet, so what has no row is not on its way to one.
-void DataFolder::sweep()
-{
+    if (access != Access::Serve)
+        return;
     m_files.prepare();
-    const std::size_t unreported = m_reports.removeUnreportedFiles(currentMilliseconds() - unreportedFileAge);
-    const auto known = m_reports.fileContents();
-    // A database that knows no file at all is more likely a new one that was put beside files still wanted.
-    const std::size_t contents = known.empty() ? 0 : m_files.removeAllBut(known);
-    logEvent("swept",
-             {{"unreported_files", std::to_string(unreported)}, {"contents", std::to_string(contents)}});
+    // Nothing is uploaded yet, so what has no row is not on its way to one.
+    Maintenance(m_files, m_reports).sweep(currentMilliseconds(), std::numeric_limits<std::int64_t>::max());
 }
 
 DataFolder::~DataFolder()

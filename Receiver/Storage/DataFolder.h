@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Storage/Database.h"
-#include "Storage/FileStore.h"
+#include "Storage/FolderFileStore.h"
 #include "Storage/SqlReportStore.h"
 #include "Storage/TokenStore.h"
 
@@ -31,10 +31,8 @@ public:
     TokenStore &tokens() { return m_tokens; }
 
 private:
-    void sweep();
-
     int m_lock; ///< the descriptor that holds the lock, or -1; first, as nothing may be touched without it
-    FileStore m_files;
+    FolderFileStore m_files;
     Database m_database;
     SqlReportStore m_reports;
     TokenStore m_tokens;

@@ -66,8 +66,9 @@ const std::vector<Step> &steps()
              // What was taken once, kept beyond the report.
              "CREATE TABLE report_digests (digest TEXT PRIMARY KEY, report_id INTEGER NOT NULL) WITHOUT "
              "ROWID",
-             "CREATE TABLE file_chunks (location TEXT NOT NULL, position INTEGER NOT NULL, bytes BLOB NOT "
-             "NULL, PRIMARY KEY (location, position))",
+             "CREATE TABLE file_chunks (location TEXT NOT NULL, position INTEGER NOT NULL, stored INTEGER "
+             "NOT "
+             "NULL, bytes BLOB NOT NULL, PRIMARY KEY (location, position))",
          },
          describeReports},
         {{

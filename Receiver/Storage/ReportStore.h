@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -17,6 +16,7 @@ struct StoredFile {
     std::string contentType;
     std::uint64_t size = 0;
     std::int64_t received = 0; ///< milliseconds since 1970
+    std::string location = {}; ///< of its bytes in the FileStore
 };
 
 /// What the list shows of a report's JSON; empty where it says nothing.
@@ -37,6 +37,19 @@ struct NewReport {
     ReportFacts facts = {};
     std::string digest
         = {}; ///< of the JSON without the addresses of files; empty: every such report is a new one
+};
+
+struct AddedReport {
+    std::int64_t id = 0;
+    bool isNew = true; ///< false: it was taken before under this id, whether it is still there or not
+};
+
+/// A report that is not to be kept longer.
+struct ExpiredReport {
+    std::int64_t id = 0;
+    std::string bundleId;
+    std::int64_t received = 0; ///< milliseconds since 1970
+    std::int64_t bytes = 0; ///< of JSON and files together
 };
 
 struct ReportSummary {
@@ -130,13 +143,14 @@ public:
 
     virtual void addFile(const StoredFile &file) = 0;
     virtual std::optional<StoredFile> file(const std::string &id) = 0;
-    /// Forgets the files that arrived before \a before (milliseconds since 1970) and that no report names. Returns how many.
+    /// Removes the files that arrived before \a before (milliseconds since 1970) and that no report names. Returns how many.
     virtual std::size_t removeUnreportedFiles(std::int64_t before) = 0;
-    /// The SHA-256 of every file that is known.
-    virtual std::set<std::string> fileContents() = 0;
+    /// Of \a locations, those that no file has; none at all while no file is known.
+    virtual std::vector<std::string> unknownLocations(const std::vector<std::string> &locations) = 0;
 
-    /// Registers the application if it is unknown. Returns the report's id, or nothing if the application is archived.
-    virtual std::optional<std::int64_t> addReport(const NewReport &report) = 0;
+    /// Registers the application if it is unknown. Returns nothing if the application is archived. A report that was taken
+    /// before, the addresses of its files aside, is not stored again, and the files that came with it now are removed.
+    virtual std::optional<AddedReport> addReport(const NewReport &report) = 0;
     /// Oldest first.
     virtual std::vector<ReportSummary> reports() = 0;
     virtual std::optional<std::string> reportJson(std::int64_t id) = 0;
@@ -151,6 +165,8 @@ public:
     virtual bool setRetention(const std::string &bundleId, const Retention &retention) = 0;
     /// Removes the report, its files and their bytes for good. False if there is none.
     virtual bool removeReport(std::int64_t id) = 0;
+    /// The reports that are beyond the retention of their applications at \a now (milliseconds since 1970).
+    virtual std::vector<ExpiredReport> reportsBeyondRetention(std::int64_t now) = 0;
 };
 
 } // namespace wexel::receiver

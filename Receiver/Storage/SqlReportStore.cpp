@@ -1,6 +1,10 @@
 #include "Storage/SqlReportStore.h"
 
+#include "Log.h"
+#include "Storage/FileRows.h"
+#include "Storage/ReportDigest.h"
 #include "Storage/ReportListing.h"
+#include "Storage/StorageError.h"
 
 #include <Poco/Data/RecordSet.h>
 
@@ -26,6 +30,14 @@ bool readArchived(Session &session, const std::string &bundleId)
     return archived != 0;
 }
 
+/// Links a file to a report; an id that is not ours (reports may carry any address) links nothing.
+void linkFile(Session &session, std::int64_t reportId, int position, const std::string &fileId)
+{
+    session << "INSERT INTO report_files (report_id, position, file_id) SELECT $1, $2, id FROM files "
+               "WHERE id = $3",
+        bind(reportId), bind(position), bind(fileId), now;
+}
+
 std::int64_t insertReport(Session &session, const NewReport &report)
 {
     std::int64_t id = 0;
@@ -33,15 +45,18 @@ std::int64_t insertReport(Session &session, const NewReport &report)
         bind(report.received), bind(report.bundleId), into(id), now;
     session << "INSERT INTO report_documents (report_id, json) VALUES ($1, $2)", bind(id),
         useRef(report.json), now;
+    linkFile(session, id, 0, report.screenshotId);
+    for (std::size_t i = 0; i < report.fileIds.size(); ++i)
+        linkFile(session, id, static_cast<int>(i) + 1, report.fileIds[i]);
+    describe(session, id, report.bundleId, report.facts, report.json.size());
     return id;
 }
 
-/// Links a file to a report; an id that is not ours (reports may carry any address) links nothing.
-void linkFile(Session &session, std::int64_t reportId, int position, const std::string &fileId)
+std::vector<std::string> filesNamedIn(const NewReport &report)
 {
-    session << "INSERT INTO report_files (report_id, position, file_id) SELECT $1, $2, id FROM files "
-               "WHERE id = $3",
-        bind(reportId), bind(position), bind(fileId), now;
+    std::vector<std::string> files = report.fileIds;
+    files.push_back(report.screenshotId);
+    return files;
 }
 
 bool isKnown(Session &session, const std::string &bundleId)
@@ -53,9 +68,10 @@ bool isKnown(Session &session, const std::string &bundleId)
 
 StoredFile fileAt(RecordSet &rows)
 {
-    return {rows["id"].convert<std::string>(),    rows["sha256"].convert<std::string>(),
-            rows["name"].convert<std::string>(),  rows["content_type"].convert<std::string>(),
-            rows["size"].convert<Poco::UInt64>(), rows["received"].convert<Poco::Int64>()};
+    return {rows["id"].convert<std::string>(),      rows["sha256"].convert<std::string>(),
+            rows["name"].convert<std::string>(),    rows["content_type"].convert<std::string>(),
+            rows["size"].convert<Poco::UInt64>(),   rows["received"].convert<Poco::Int64>(),
+            rows["location"].convert<std::string>()};
 }
 
 } // namespace
@@ -90,7 +106,7 @@ void SqlReportStore::addFile(const StoredFile &file)
         session << "INSERT INTO files (id, sha256, name, content_type, size, received, location) "
                    "VALUES ($1, $2, $3, $4, $5, $6, $7)",
             bind(file.id), bind(file.sha256), bind(file.name), bind(file.contentType),
-            bind(static_cast<Poco::Int64>(file.size)), bind(file.received), bind(file.sha256), now;
+            bind(static_cast<Poco::Int64>(file.size)), bind(file.received), bind(file.location), now;
     });
 }
 
@@ -99,8 +115,8 @@ std::optional<StoredFile> SqlReportStore::file(const std::string &id)
     std::optional<StoredFile> file;
     m_database.read([&](Session &session) {
         Poco::Data::Statement select(session);
-        select << "SELECT id, sha256, name, content_type, size, received FROM files WHERE id = $1", bind(id),
-            now;
+        select << "SELECT id, sha256, name, content_type, size, received, location FROM files WHERE id = $1",
+            bind(id), now;
         RecordSet rows(select);
         if (rows.moveFirst())
             file = fileAt(rows);
@@ -108,39 +124,27 @@ std::optional<StoredFile> SqlReportStore::file(const std::string &id)
     return file;
 }
 
-std::size_t SqlReportStore::removeUnreportedFiles(std::int64_t before)
+std::optional<AddedReport> SqlReportStore::addReport(const NewReport &report)
 {
-    std::size_t count = 0;
+    std::optional<AddedReport> added;
+    std::vector<std::string> unneeded;
     m_database.write([&](Session &session) {
-        Poco::Data::Statement remove(session);
-        remove << "DELETE FROM files WHERE received < $1 AND id NOT IN (SELECT file_id FROM report_files)",
-            bind(before);
-        count = remove.execute();
-    });
-    return count;
-}
-
-std::set<std::string> SqlReportStore::fileContents()
-{
-    std::set<std::string> contents;
-    m_database.read([&](Session &session) { session << "SELECT sha256 FROM files", into(contents), now; });
-    return contents;
-}
-
-std::optional<std::int64_t> SqlReportStore::addReport(const NewReport &report)
-{
-    std::optional<std::int64_t> id;
-    m_database.write([&](Session &session) {
+        added.reset();
         if (readArchived(session, report.bundleId))
             return;
         insertApplication(session, {report.bundleId, "", ""});
-        id = insertReport(session, report);
-        linkFile(session, *id, 0, report.screenshotId);
-        for (std::size_t i = 0; i < report.fileIds.size(); ++i)
-            linkFile(session, *id, static_cast<int>(i) + 1, report.fileIds[i]);
-        describe(session, *id, report.bundleId, report.facts, report.json.size());
+        const ReportDigest digest(session, report);
+        if (const auto known = digest.find(session)) {
+            digest.insertText(session, *known);
+            unneeded = removeUnnamedFiles(session, filesNamedIn(report));
+            added = {*known, false};
+        } else {
+            added = {insertReport(session, report), true};
+            digest.insert(session, added->id);
+        }
     });
-    return id;
+    removeBytes(unneeded);
+    return added;
 }
 
 std::vector<ReportSummary> SqlReportStore::reports()
@@ -171,8 +175,9 @@ ReportFiles SqlReportStore::filesOf(std::int64_t reportId)
     ReportFiles files;
     m_database.read([&](Session &session) {
         Poco::Data::Statement select(session);
-        select << "SELECT id, sha256, name, content_type, size, received, position FROM report_files "
-                  "JOIN files ON id = file_id WHERE report_id = $1 ORDER BY position",
+        select
+            << "SELECT id, sha256, name, content_type, size, received, location, position FROM report_files "
+               "JOIN files ON id = file_id WHERE report_id = $1 ORDER BY position",
             bind(reportId), now;
         RecordSet rows(select);
         for (bool more = rows.moveFirst(); more; more = rows.moveNext()) {
@@ -198,19 +203,6 @@ bool SqlReportStore::setRetention(const std::string &bundleId, const Retention &
             now;
     });
     return known;
-}
-
-bool SqlReportStore::removeReport(std::int64_t id)
-{
-    std::size_t count = 0;
-    m_database.write([&](Session &session) {
-        session << "DELETE FROM report_files WHERE report_id = $1", bind(id), now;
-        session << "DELETE FROM report_documents WHERE report_id = $1", bind(id), now;
-        Poco::Data::Statement remove(session);
-        remove << "DELETE FROM reports WHERE id = $1", bind(id);
-        count = remove.execute();
-    });
-    return count != 0;
 }
 
 } // namespace wexel::receiver

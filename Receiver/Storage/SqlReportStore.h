@@ -1,15 +1,16 @@
 #pragma once
 
 #include "Storage/Database.h"
+#include "Storage/FileStore.h"
 #include "Storage/ReportStore.h"
 
 namespace wexel::receiver {
 
-/// The report store in the data folder's database. The database must outlive it.
+/// The report store in a database; the bytes of files go with their rows. Both must outlive it.
 class SqlReportStore : public ReportStore
 {
 public:
-    explicit SqlReportStore(Database &database) : m_database(database) { }
+    SqlReportStore(Database &database, FileStore &files) : m_database(database), m_files(files) { }
 
     void registerApplication(const Application &application) override;
     bool isArchived(const std::string &bundleId) override;
@@ -17,8 +18,8 @@ public:
     void addFile(const StoredFile &file) override;
     std::optional<StoredFile> file(const std::string &id) override;
     std::size_t removeUnreportedFiles(std::int64_t before) override;
-    std::set<std::string> fileContents() override;
-    std::optional<std::int64_t> addReport(const NewReport &report) override;
+    std::vector<std::string> unknownLocations(const std::vector<std::string> &locations) override;
+    std::optional<AddedReport> addReport(const NewReport &report) override;
     std::vector<ReportSummary> reports() override;
     std::optional<std::string> reportJson(std::int64_t id) override;
     ReportFiles filesOf(std::int64_t reportId) override;
@@ -28,9 +29,13 @@ public:
     std::vector<ApplicationOverview> applications() override;
     bool setRetention(const std::string &bundleId, const Retention &retention) override;
     bool removeReport(std::int64_t id) override;
+    std::vector<ExpiredReport> reportsBeyondRetention(std::int64_t now) override;
 
 private:
+    void removeBytes(const std::vector<std::string> &locations);
+
     Database &m_database;
+    FileStore &m_files;
 };
 
 } // namespace wexel::receiver

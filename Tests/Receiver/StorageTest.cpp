@@ -1,3 +1,4 @@
+#include "Secrets.h"
 #include "Storage/DataFolder.h"
 #include "Storage/StorageError.h"
 #include "Support/TestReceiver.h"
@@ -16,10 +17,11 @@ protected:
     /// An upload of \a bytes that arrived \a age milliseconds ago.
     static StoredFile addFile(DataFolder &folder, const std::string &bytes, std::int64_t age)
     {
-        IncomingFile incoming(folder.files());
-        incoming.write(bytes);
-        StoredFile file
-            = {bytes + "-id", incoming.publish(), "name", "type", bytes.size(), currentMilliseconds() - age};
+        const std::string id = randomId();
+        const auto incoming = folder.files().receive(id);
+        incoming->write(bytes);
+        const std::string sha256 = incoming->publish();
+        const StoredFile file = {id, sha256, "name", "type", bytes.size(), currentMilliseconds() - age, id};
         folder.reports().addFile(file);
         return file;
     }
@@ -42,19 +44,23 @@ TEST_F(StorageTest, SweepsWhatNobodyNeeds)
     const StoredFile recent = addFile(*folder, "recent", 6 * day);
     const StoredFile abandoned = addFile(*folder, "abandoned", 8 * day);
     folder->reports().addReport({"org.example.app", "{}", reported.id, {}, 0});
-    IncomingFile rowless(folder->files());
-    rowless.write("rowless");
-    const auto rowlessPath = folder->files().pathOf(rowless.publish());
-    EXPECT_TRUE(exists(rowlessPath));
+    const auto rowless = folder->files().receive(randomId());
+    rowless->write("rowless");
+    rowless->publish();
+    const auto files = [&] {
+        using Entries = std::filesystem::recursive_directory_iterator;
+        return std::count_if(Entries(data / "files"), Entries(),
+                             [](const auto &entry) { return entry.is_regular_file(); });
+    };
+    EXPECT_EQ(files(), 4);
 
     folder.reset();
     folder.emplace(data, DataFolder::Access::Serve);
-    EXPECT_EQ(readFile(folder->files().pathOf(reported.sha256)), "reported");
-    EXPECT_EQ(readFile(folder->files().pathOf(recent.sha256)), "recent");
+    EXPECT_EQ(readFile(folder->files().pathOf(reported.location)), "reported");
+    EXPECT_EQ(readFile(folder->files().pathOf(recent.location)), "recent");
     EXPECT_TRUE(folder->reports().file(recent.id));
     EXPECT_FALSE(folder->reports().file(abandoned.id));
-    EXPECT_FALSE(exists(folder->files().pathOf(abandoned.sha256)));
-    EXPECT_FALSE(exists(rowlessPath));
+    EXPECT_EQ(files(), 2);
 }
 
 TEST_F(StorageTest, ReadsBesideAWriterAndWithoutWriting)

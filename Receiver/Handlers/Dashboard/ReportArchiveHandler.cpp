@@ -32,7 +32,7 @@ void addFile(ZipWriter &zip, const std::string &name, const StoredFile &file, co
 {
     const bool isPacked = file.contentType.starts_with("image/");
     FileContent content = openContent(files, file);
-    zip.add(name, content.stream, file.size, time,
+    zip.add(name, *content.stream, file.size, time,
             isPacked ? ZipWriter::Packing::Stored : ZipWriter::Packing::Deflated);
 }
 

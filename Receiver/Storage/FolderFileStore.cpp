@@ -1,0 +1,147 @@
+#include "Storage/FolderFileStore.h"
+
+#include "Secrets.h"
+#include "Storage/Folders.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <fstream>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace wexel::receiver {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class IncomingFolderFile : public IncomingFile
+{
+public:
+    IncomingFolderFile(fs::path temporary, fs::path target)
+        : m_path(std::move(temporary))
+        , m_target(std::move(target))
+        , m_descriptor(::open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600))
+    {
+        if (m_descriptor < 0)
+            failStorage("Can't create " + m_path.string(), errno);
+    }
+
+    ~IncomingFolderFile() override
+    {
+        ::close(m_descriptor);
+        if (!m_path.empty())
+            ::unlink(m_path.c_str());
+    }
+
+private:
+    void append(std::string_view bytes) override
+    {
+        while (!bytes.empty()) {
+            const ssize_t written = ::write(m_descriptor, bytes.data(), bytes.size());
+            if (written >= 0)
+                bytes.remove_prefix(static_cast<std::size_t>(written));
+            else if (errno != EINTR)
+                failStorage("Can't write " + m_path.string(), errno);
+        }
+    }
+
+    void finish() override
+    {
+        if (::fsync(m_descriptor) != 0)
+            failStorage("Can't sync " + m_path.string(), errno);
+        if (::rename(m_path.c_str(), m_target.c_str()) != 0)
+            failStorage("Can't publish " + m_target.string(), errno);
+        m_path.clear();
+        syncFolder(m_target.parent_path());
+    }
+
+    fs::path m_path; ///< empty once published
+    fs::path m_target;
+    int m_descriptor;
+};
+
+bool isOlder(const fs::path &file, std::int64_t before)
+{
+    struct stat state = {};
+    if (::stat(file.c_str(), &state) != 0)
+        return false; // gone
+    return std::int64_t(1000) * state.st_mtim.tv_sec + state.st_mtim.tv_nsec / 1000000 < before;
+}
+
+std::vector<fs::path> olderFiles(const fs::path &folder, std::int64_t before)
+{
+    std::vector<fs::path> files;
+    std::error_code error;
+    for (const fs::directory_entry &entry : fs::directory_iterator(folder, error)) {
+        if (isOlder(entry.path(), before))
+            files.push_back(entry.path());
+    }
+    return files;
+}
+
+} // namespace
+
+FolderFileStore::FolderFileStore(const fs::path &folder)
+    : m_folder(folder)
+    , m_files(folder / "files")
+    , m_incoming(folder / "incoming")
+{
+}
+
+void FolderFileStore::prepare() const
+{
+    makeFolder(m_files);
+    makeFolder(m_incoming);
+    // All of them now: whoever finds a folder that another upload has just made can't tell whether its entry is synced.
+    const std::string digits = "0123456789abcdef";
+    for (const char first : digits) {
+        for (const char second : digits)
+            makeFolder(m_files / std::string{first, second});
+    }
+    syncFolder(m_files);
+    syncFolder(m_folder);
+}
+
+std::unique_ptr<IncomingFile> FolderFileStore::receive(const std::string &location)
+{
+    return std::make_unique<IncomingFolderFile>(m_incoming / randomId(), pathOf(location));
+}
+
+std::unique_ptr<std::istream> FolderFileStore::open(const std::string &location, std::uint64_t size) const
+{
+    const fs::path path = pathOf(location);
+    std::error_code error;
+    auto stream = std::make_unique<std::ifstream>(path, std::ios::binary);
+    const bool isWhole = *stream && fs::file_size(path, error) == size && !error;
+    return isWhole ? std::move(stream) : nullptr;
+}
+
+void FolderFileStore::remove(const std::string &location)
+{
+    const fs::path path = pathOf(location);
+    if (::unlink(path.c_str()) != 0 && errno != ENOENT)
+        failStorage("Can't remove " + path.string(), errno);
+}
+
+std::size_t FolderFileStore::sweep(std::int64_t before, const UnknownAmong &unknownAmong)
+{
+    for (const fs::path &file : olderFiles(m_incoming, before))
+        fs::remove(file);
+    std::size_t count = 0;
+    for (const fs::directory_entry &folder : fs::directory_iterator(m_files)) {
+        std::vector<std::string> locations;
+        for (const fs::path &file : olderFiles(folder.path(), before))
+            locations.push_back(folder.path().filename().string() + file.filename().string());
+        for (const std::string &location : unknownAmong(locations))
+            count += fs::remove(pathOf(location)) ? 1 : 0;
+    }
+    return count;
+}
+
+fs::path FolderFileStore::pathOf(const std::string &location) const
+{
+    return m_files / location.substr(0, 2) / location.substr(2);
+}
+
+} // namespace wexel::receiver

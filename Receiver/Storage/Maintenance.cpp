@@ -1,0 +1,89 @@
+#include "Storage/Maintenance.h"
+
+#include "Log.h"
+#include "Storage/Database.h"
+
+#include <chrono>
+#include <functional>
+
+namespace wexel::receiver {
+
+namespace {
+
+constexpr std::int64_t second = 1000;
+constexpr std::int64_t hour = 3600 * second;
+constexpr std::int64_t day = 24 * hour;
+
+/// After which no report will come for a file: the library uploads a report's files each time that it sends it.
+constexpr std::int64_t unreportedFileAge = 7 * day;
+
+/// Longer than an upload may take.
+constexpr std::int64_t sweepGrace = 2 * hour;
+
+void guarded(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (const std::exception &error) {
+        logEvent("maintenance_failed", {{"error", error.what()}});
+    }
+}
+
+} // namespace
+
+void Maintenance::sweep(std::int64_t now, std::int64_t bytesBefore)
+{
+    guarded([&] {
+        const std::size_t unreported = m_reports.removeUnreportedFiles(now - unreportedFileAge);
+        const std::size_t contents = m_files.sweep(bytesBefore, [this](const std::vector<std::string> &some) {
+            return m_reports.unknownLocations(some);
+        });
+        logEvent("swept",
+                 {{"unreported_files", std::to_string(unreported)}, {"contents", std::to_string(contents)}});
+    });
+}
+
+void Maintenance::applyRetention(std::int64_t now)
+{
+    guarded([&] {
+        for (const ExpiredReport &report : m_reports.reportsBeyondRetention(now)) {
+            if (!m_reports.removeReport(report.id))
+                continue; // another receiver was faster
+            logEvent("report_expired",
+                     {{"id", std::to_string(report.id)},
+                      {"bundle_id", report.bundleId},
+                      {"age_days", std::to_string((now - report.received) / day)},
+                      {"bytes", std::to_string(report.bytes)}});
+        }
+    });
+}
+
+HourlyMaintenance::HourlyMaintenance(Maintenance maintenance)
+    : m_maintenance(maintenance)
+    , m_thread([this] { run(); })
+{
+}
+
+HourlyMaintenance::~HourlyMaintenance()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isEnding = true;
+    }
+    m_changed.notify_one();
+    m_thread.join();
+}
+
+void HourlyMaintenance::run()
+{
+    std::unique_lock lock(m_mutex);
+    do {
+        lock.unlock();
+        const std::int64_t now = currentMilliseconds();
+        m_maintenance.sweep(now, now - sweepGrace);
+        m_maintenance.applyRetention(now);
+        lock.lock();
+    } while (!m_changed.wait_for(lock, std::chrono::milliseconds(hour), [this] { return m_isEnding; }));
+}
+
+} // namespace wexel::receiver
