@@ -22,7 +22,7 @@ const scripted = {
     blackbox: {network_usage_history: [{type: attack, name: attack, time_occurred: time}], cpu_usage_history: [{value: '5', time_occurred: time}]},
     log: {user_taps: [{class_name: attack, property: attack, view: attack, timestamp: time}], network_requests: [request, {...request, url: 'https://example.org/?' + attack}]},
 };
-const image = `<svg xmlns="http://www.w3.org/2000/svg"><script>parent.__pwned=1;alert(1)</script></svg>`;
+const drawing = '<svg xmlns="http://www.w3.org/2000/svg"><script>parent.__pwned=1;alert(1)</script></svg>';
 const misshapen = {
     description: {a: [1, {b: null}]}, tester_email: ['x'], app_version: 1e308, device: [[[]]], permissions: 'on', sessions: {}, issue_reported_time: 12,
     battery_level: 'NaN', used_memory: '-5', available_memory: 'Infinity', used_disk_space: {}, screen_width: -1, screen_height: 'tall', quick_facts: 7,
@@ -36,7 +36,7 @@ before(async () => {
     [browser, receiver] = await Promise.all([openBrowser(), startReceiver()]);
     const {send} = receiver.library;
     await send(scripted, {screenshot: picture, files: [{name: attack, bytes: '<script>window.__pwned=1</script>', type: 'text/html'},
-        {name: 'drawing.svg', bytes: image, type: 'image/svg+xml'}, {name: overridden, ...picture}, {...picture, name: overridden}]});
+        {name: 'drawing.svg', bytes: drawing, type: 'image/svg+xml'}, {name: overridden, bytes: 'MZ'}, picture]});
     await send(misshapen);
     await send({description: 'Long. ' + 'word '.repeat(1024 * 1024), screen_width: 1, quick_facts: 'x'.repeat(300000)});
     await send({description: `\u202E${'\u05E9'.repeat(300)}\n\u2066second`, tester_email: 'ada@example.org', device: 'x'.repeat(5000)});
@@ -49,8 +49,7 @@ after(async () => {
 
 async function open(id) {
     await page.goto(`${receiver.dashboard}#/reports/${id}`);
-    await page.getByText(`Report ${id}`, {exact: true}).waitFor();
-    await page.locator('.facts').waitFor();
+    await page.locator(`.report[data-id="${id}"] .facts`).waitFor();
 }
 
 test('script in every field stays text, in the list and in the report', async () => {
@@ -70,8 +69,8 @@ test('script in every field stays text, in the list and in the report', async ()
 
 test('only raster images are shown; all else is a download whose name tells the truth', async () => {
     assert.equal(await page.locator('.file').count(), 4);
-    assert.equal(await page.locator('.file img').count(), 2);
-    assert.equal(await page.locator('.file', {hasText: 'invoice\\u202egnp.exe'}).count(), 2, 'what turns the name round is written out');
+    assert.equal(await page.locator('.file img').count(), 1);
+    assert.equal(await page.locator('.file', {hasText: 'invoice\\u202egnp.exe'}).count(), 1, 'what turns the name round is written out');
     for (const link of await page.locator('.file a').all()) {
         const answer = await page.request.get(await link.evaluate((each) => each.href));
         assert.equal(answer.headers()['x-content-type-options'], 'nosniff');
