@@ -32,6 +32,14 @@ void Clients::addFromFile(const std::string &path)
     }
 }
 
+std::vector<std::string> Clients::ids() const
+{
+    std::vector<std::string> ids;
+    for (const Client &client : m_clients)
+        ids.push_back(client.id);
+    return ids;
+}
+
 bool Clients::contains(std::string_view id) const
 {
     return std::any_of(m_clients.begin(), m_clients.end(),

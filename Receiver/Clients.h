@@ -6,7 +6,7 @@
 
 namespace wexel::receiver {
 
-/// The clients (host applications) that may ask for a token. Constant after start, so any thread may read it.
+/// The clients (host applications) of the command line. Constant after start, so any thread may read it.
 class Clients
 {
 public:
@@ -16,7 +16,7 @@ public:
     /// Reads one ID:SECRET a line; empty lines and lines that begin with # are skipped. Throws UsageError.
     void addFromFile(const std::string &path);
 
-    bool empty() const { return m_clients.empty(); }
+    std::vector<std::string> ids() const;
     bool contains(std::string_view id) const;
 
     /// Takes the same time for a wrong secret and for an unknown id.

@@ -16,4 +16,17 @@ int listReports(const Options &options);
 /// Switches an application off or on; a running server sees it at its next request.
 int setArchived(const Options &options, bool archived);
 
+/// Sets the dashboard's password and ends all sessions: the first line of the standard input, or a random one, which is
+/// printed, if that is empty.
+int setPassword(const Options &options);
+
+/// Adds, lists, rotates or revokes clients; a running server sees it at its next request. Secrets are printed once.
+int manageClients(const Options &options);
+
+/// Writes the reports (with the command backup: everything) to a file.
+int exportReports(const Options &options);
+
+/// Adds the reports of such a file.
+int importReports(const Options &options);
+
 } // namespace wexel::receiver

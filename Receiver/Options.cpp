@@ -36,7 +36,8 @@ Poco::Util::OptionSet optionSet()
     set.addOption(with("files", "DIR", "With --database: a folder for the files, shared by all receivers."));
     set.addOption(
         with("listen", "HOST:PORT", "Address to listen on (127.0.0.1:8787); port 0 takes a free one."));
-    set.addOption(with("client", "ID:SECRET", "A client that may send reports.").repeatable(true));
+    set.addOption(with("client", "ID:SECRET", "A client that may send reports, beside those that were added.")
+                      .repeatable(true));
     set.addOption(
         with("clients", "FILE", "File of such clients, one a line: keeps the secrets off the process list."));
     set.addOption(with("admin-password-file", "FILE",
@@ -51,6 +52,8 @@ Poco::Util::OptionSet optionSet()
     set.addOption(with("max-connections", "N", "Connections served at once (256)."));
     set.addOption(with("request-timeout", "SECONDS", "Time in which a whole request must arrive (60)."));
     set.addOption(with("token-lifetime", "SECONDS", "Time for which a token is good (2592000)."));
+    set.addOption(with("bundle", "BUNDLE_ID", "With client add: the only one that it may report for.")
+                      .repeatable(true));
     set.addOption(Option("json", "", "With reports: print JSON."));
     set.addOption(Option("help", "", "Print this text."));
     set.addOption(Option("version", "", "Print the version."));
@@ -96,6 +99,13 @@ void setPublicUrl(Options &options, std::string text)
                      + "\"");
 }
 
+std::string checkedBundleId(const std::string &bundleId)
+{
+    if (const std::string fault = bundleIdFault(bundleId); !fault.empty())
+        throw UsageError(fault);
+    return bundleId;
+}
+
 void apply(Options &options, const std::string &name, const std::string &value)
 {
     constexpr std::uint64_t gigabyte = 1024 * 1024 * 1024;
@@ -118,6 +128,7 @@ void apply(Options &options, const std::string &name, const std::string &value)
         {"max-connections", [&] { options.maximumConnections = asInt(10000); }},
         {"request-timeout", [&] { options.requestTimeout = asInt(3600); }},
         {"token-lifetime", [&] { options.tokenLifetime = asInt(tenYears); }},
+        {"bundle", [&] { options.bundleIds.push_back(checkedBundleId(value)); }},
         {"json", [&] { options.json = true; }},
         {"help", [&] { options.command = Command::Help; }},
         {"version", [&] { options.command = Command::Version; }},
@@ -125,24 +136,54 @@ void apply(Options &options, const std::string &name, const std::string &value)
     setters.at(name)();
 }
 
+void takeBundleId(Options &options, const std::vector<std::string> &words)
+{
+    if (words.size() != 2)
+        throw UsageError('"' + words.front() + "\" needs one BUNDLE_ID");
+    options.bundleId = checkedBundleId(words[1]);
+}
+
+void takeClientAction(Options &options, const std::vector<std::string> &words)
+{
+    const std::string action = words.size() > 1 ? words[1] : "";
+    const bool hasId = words.size() == 3;
+    const bool isRight = action == "list" ? words.size() == 2
+        : action == "add"                 ? words.size() <= 3
+                                          : (action == "rotate" || action == "revoke") && hasId;
+    if (!isRight)
+        throw UsageError("\"client\" needs add [ID], list, rotate ID or revoke ID");
+    options.clientAction = action;
+    options.clientId = hasId ? words[2] : "";
+}
+
+void takeFile(Options &options, const std::vector<std::string> &words)
+{
+    if (words.size() != 2 || words[1].empty())
+        throw UsageError('"' + words.front() + "\" needs one FILE (or - for a pipe)");
+    options.file = words[1];
+}
+
+void takeNothing(Options &, const std::vector<std::string> &words)
+{
+    if (words.size() != 1)
+        throw UsageError('"' + words.front() + "\" takes no further words");
+}
+
 void takePositional(Options &options, const std::vector<std::string> &words)
 {
-    static const std::map<std::string, std::pair<Command, std::size_t>> commands
-        = {{"reports", {Command::Reports, 1}},
-           {"archive", {Command::Archive, 2}},
-           {"unarchive", {Command::Unarchive, 2}}};
+    using Taker = void (*)(Options &, const std::vector<std::string> &);
+    static const std::map<std::string, std::pair<Command, Taker>> commands
+        = {{"reports", {Command::Reports, takeNothing}},      {"archive", {Command::Archive, takeBundleId}},
+           {"unarchive", {Command::Unarchive, takeBundleId}}, {"password", {Command::Password, takeNothing}},
+           {"client", {Command::Client, takeClientAction}},   {"export", {Command::Export, takeFile}},
+           {"import", {Command::Import, takeFile}},           {"backup", {Command::Backup, takeFile}}};
     if (words.empty())
         return;
     const auto found = commands.find(words.front());
     if (found == commands.end())
-        throw UsageError("Unknown command \"" + words.front()
-                         + "\"; the commands are reports, archive and unarchive");
-    if (words.size() != found->second.second)
-        throw UsageError(
-            "\"" + words.front()
-            + (found->second.second == 2 ? "\" needs one BUNDLE_ID" : "\" takes no further words"));
+        throw UsageError("Unknown command \"" + words.front() + '"');
     options.command = found->second.first;
-    options.bundleId = words.size() == 2 ? words[1] : "";
+    found->second.second(options, words);
 }
 
 void checkPlace(const StoragePlace &place)
@@ -162,18 +203,10 @@ void check(const Options &options)
     if (options.command == Command::Help || options.command == Command::Version)
         return;
     checkPlace(options.place);
-    if (options.command == Command::Archive || options.command == Command::Unarchive) {
-        if (const std::string fault = bundleIdFault(options.bundleId); !fault.empty())
-            throw UsageError(fault);
-    }
     if (options.command != Command::Serve)
         return;
     if (options.certificateFile.empty() != options.privateKeyFile.empty())
         throw UsageError("--tls-cert and --tls-key must be given together");
-    if (options.clients.empty())
-        throw UsageError(
-            "No client is known, so nobody could send a report: give --client ID:SECRET (the pair that the "
-            "application carries as APIClientID and APIClientSecret) or --clients FILE");
 }
 
 } // namespace
@@ -212,9 +245,13 @@ std::string usage()
     formatter.setAutoIndent();
     formatter.setWidth(100);
     formatter.setCommand("wexel-receiver");
-    formatter.setUsage("--data DIR --client ID:SECRET [OPTIONS]\n"
+    formatter.setUsage("--data DIR [OPTIONS]\n"
                        "       wexel-receiver reports --data DIR [--json]\n"
-                       "       wexel-receiver archive|unarchive BUNDLE_ID --data DIR");
+                       "       wexel-receiver archive|unarchive BUNDLE_ID --data DIR\n"
+                       "       wexel-receiver client add [ID] [--bundle BUNDLE_ID]... --data DIR\n"
+                       "       wexel-receiver client list|rotate ID|revoke ID --data DIR\n"
+                       "       wexel-receiver password --data DIR\n"
+                       "       wexel-receiver export|import|backup FILE --data DIR");
     formatter.setHeader("Receives the bug reports that applications send with the Wexel library.");
     std::ostringstream stream;
     formatter.format(stream);

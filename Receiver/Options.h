@@ -19,12 +19,28 @@ class UsageError : public std::runtime_error
 
 /// What the command line asked for.
 struct Options {
-    enum class Command { Serve, Reports, Archive, Unarchive, Help, Version };
+    enum class Command {
+        Serve,
+        Reports,
+        Archive,
+        Unarchive,
+        Password,
+        Client,
+        Export,
+        Import,
+        Backup,
+        Help,
+        Version
+    };
 
     Command command = Command::Serve;
     StoragePlace place;
     std::string bundleId; ///< of archive and unarchive
     bool json = false; ///< of reports
+    std::string file; ///< of export, import and backup; "-" is the standard output or input
+    std::string clientAction; ///< of client: add, list, rotate or revoke
+    std::string clientId; ///< of client; empty with add: one is made up
+    std::vector<std::string> bundleIds; ///< of client add
 
     std::string listenHost = "127.0.0.1";
     std::uint16_t listenPort = 8787; ///< 0: any free one

@@ -17,6 +17,11 @@ std::string randomId()
     return Poco::DigestEngine::digestToHex(bytes);
 }
 
+std::string randomSecret()
+{
+    return randomId() + randomId();
+}
+
 std::string sha256(std::string_view text)
 {
     Poco::Crypto::DigestEngine engine("SHA256");

@@ -8,6 +8,9 @@ namespace wexel::receiver {
 /// 32 hexadecimal digits (128 bits) from the operating system's random source.
 std::string randomId();
 
+/// 64 hexadecimal digits (256 bits) from there: for secrets that are kept by their SHA-256.
+std::string randomSecret();
+
 /// SHA-256 of \a text in 64 hexadecimal digits.
 std::string sha256(std::string_view text);
 

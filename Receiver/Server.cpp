@@ -74,7 +74,7 @@ Router routesFor(const Options &options, DataFolder &data, AccessControl &access
 {
     Router router(access.gatekeeper, options.usesTls());
     router.add("POST", "auth/oauth2/token", Access::Anyone,
-               std::make_unique<TokenHandler>(options.clients, data.tokens(), options.tokenLifetime));
+               std::make_unique<TokenHandler>(access.clients, options.tokenLifetime));
     router.add("POST", "api/1.0/issue_tracking/apps", Access::TokenNeeded,
                std::make_unique<ApplicationsHandler>(data.reports()));
     router.add("POST", "api/1.0/issue_tracking/apps/{}", Access::TokenNeeded,
@@ -87,7 +87,7 @@ Router routesFor(const Options &options, DataFolder &data, AccessControl &access
                std::make_unique<FileDownloadHandler>(data.files(), data.reports()));
     router.add("GET", "api/1.0/white-labeling", Access::TokenNeeded,
                std::make_unique<WhiteLabelingHandler>(options.whiteLabeling));
-    addAccessRoutes(router, access);
+    addAccessRoutes(router, access, options.clients);
     addDashboardPages(router);
     addDashboardData(router, data);
     return router;
@@ -128,6 +128,11 @@ Server::~Server() = default;
 std::string Server::url() const
 {
     return m_parts->url;
+}
+
+std::vector<std::string> Server::routes() const
+{
+    return m_parts->router.routes();
 }
 
 void Server::stop()

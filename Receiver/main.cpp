@@ -23,6 +23,15 @@ int run(const Options &options)
         return setArchived(options, true);
     case Options::Command::Unarchive:
         return setArchived(options, false);
+    case Options::Command::Password:
+        return setPassword(options);
+    case Options::Command::Client:
+        return manageClients(options);
+    case Options::Command::Export:
+    case Options::Command::Backup:
+        return exportReports(options);
+    case Options::Command::Import:
+        return importReports(options);
     case Options::Command::Help:
         std::cout << usage();
         return 0;

@@ -13,7 +13,9 @@ struct AccessControl {
         , signIn(administrator)
         , sessions(database)
         , cookie(options.isReachedByTls())
-        , gatekeeper(options, tokens, sessions)
+        , storedClients(database)
+        , clients(options.clients, storedClients, tokens)
+        , gatekeeper(options, clients, sessions)
     {
     }
 
@@ -21,6 +23,8 @@ struct AccessControl {
     SignIn signIn;
     SessionStore sessions;
     SessionCookie cookie;
+    ClientStore storedClients;
+    ClientDirectory clients;
     Gatekeeper gatekeeper;
 };
 

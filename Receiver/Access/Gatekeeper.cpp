@@ -33,9 +33,8 @@ bool changesNothing(const std::string &method)
 
 } // namespace
 
-Gatekeeper::Gatekeeper(const Options &options, TokenStore &tokens, SessionStore &sessions)
-    : m_options(options)
-    , m_tokens(tokens)
+Gatekeeper::Gatekeeper(const Options &options, ClientDirectory &clients, SessionStore &sessions)
+    : m_clients(clients)
     , m_sessions(sessions)
     , m_cookie(options.isReachedByTls())
     , m_publicOrigin(options.publicUrl.empty() ? "" : originOf(options.publicUrl))
@@ -44,10 +43,7 @@ Gatekeeper::Gatekeeper(const Options &options, TokenStore &tokens, SessionStore 
 
 std::optional<Caller> Gatekeeper::client(const HTTPRequest &header) const
 {
-    const auto client = m_tokens.clientOf(bearerToken(header), currentMilliseconds());
-    if (!client || !m_options.clients.contains(*client))
-        return std::nullopt;
-    return Caller{.client = *client};
+    return m_clients.callerOf(bearerToken(header), currentMilliseconds());
 }
 
 std::optional<Caller> Gatekeeper::administrator(const HTTPRequest &header) const

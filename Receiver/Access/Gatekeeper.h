@@ -1,10 +1,9 @@
 #pragma once
 
+#include "Access/ClientDirectory.h"
 #include "Access/SessionCookie.h"
 #include "Access/SessionStore.h"
-#include "Http/Caller.h"
 #include "Options.h"
-#include "Storage/TokenStore.h"
 
 #include <optional>
 
@@ -15,7 +14,7 @@ class Gatekeeper
 {
 public:
     /// All must outlive it.
-    Gatekeeper(const Options &options, TokenStore &tokens, SessionStore &sessions);
+    Gatekeeper(const Options &options, ClientDirectory &clients, SessionStore &sessions);
 
     /// The client whose bearer token \a header carries, or nothing if there is no good one.
     std::optional<Caller> client(const Poco::Net::HTTPRequest &header) const;
@@ -28,8 +27,7 @@ public:
     void refuseForgery(const Poco::Net::HTTPRequest &header, const Caller &caller) const;
 
 private:
-    const Options &m_options;
-    TokenStore &m_tokens;
+    ClientDirectory &m_clients;
     SessionStore &m_sessions;
     SessionCookie m_cookie;
     std::string m_publicOrigin;

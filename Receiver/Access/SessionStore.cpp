@@ -23,7 +23,7 @@ DashboardSession SessionStore::describe(const std::string &token)
 
 std::string SessionStore::start(std::int64_t now)
 {
-    std::string token = randomId() + randomId();
+    std::string token = randomSecret();
     m_database.write([&](Session &session) {
         session << "DELETE FROM sessions WHERE expires <= $1 OR used <= $2", bind(now),
             bind(now - longestIdle), Poco::Data::Keywords::now;

@@ -53,6 +53,8 @@ Answer ApplicationsHandler::handle(Request &request)
            textAt(*object, "platform", maximumTextLength)};
     if (const std::string fault = bundleIdFault(application.bundleId); !fault.empty())
         throw HttpError(Status::HTTP_BAD_REQUEST, fault);
+    if (!request.caller.mayReportFor(application.bundleId))
+        throw HttpError(Status::HTTP_FORBIDDEN, "The client may not report for this application");
     if (!isCheck(*object))
         m_store.registerApplication(application);
     else if (m_store.isArchived(application.bundleId))

@@ -28,6 +28,8 @@ Answer ReportHandler::handle(Request &request)
     const std::string &bundleId = request.parameter;
     if (const std::string fault = bundleIdFault(bundleId); !fault.empty())
         throw HttpError(Status::HTTP_BAD_REQUEST, fault);
+    if (!request.caller.mayReportFor(bundleId))
+        throw HttpError(Status::HTTP_FORBIDDEN, "The client may not report for this application");
     if (m_store.isArchived(bundleId)) // before the body, which need not be read then
         refuseArchived();
     request.body.setLimit(m_maximumSize, "The report");

@@ -24,11 +24,12 @@ Answer TokenHandler::handle(Request &request)
         return oauthError(Status::HTTP_BAD_REQUEST, "unsupported_grant_type",
                           "The grant_type must be client_credentials");
     const std::string &client = fields.at("client_id");
-    if (!m_clients.authenticate(client, fields.at("client_secret")))
+    const auto token
+        = m_clients.issueToken(client, fields.at("client_secret"), m_lifetime, currentMilliseconds());
+    if (!token)
         return oauthError(Status::HTTP_UNAUTHORIZED, "invalid_client",
                           "The client id or the client secret is wrong");
-    const std::string token = m_tokens.issue(client, m_lifetime, currentMilliseconds());
-    return jsonAnswer("{\"access_token\":" + jsonString(token)
+    return jsonAnswer("{\"access_token\":" + jsonString(*token)
                       + ",\"token_type\":\"bearer\",\"expires_in\":" + std::to_string(m_lifetime) + "}");
 }
 

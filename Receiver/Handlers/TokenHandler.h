@@ -1,8 +1,7 @@
 #pragma once
 
-#include "Clients.h"
+#include "Access/ClientDirectory.h"
 #include "Http/Handler.h"
-#include "Storage/TokenStore.h"
 
 namespace wexel::receiver {
 
@@ -11,18 +10,12 @@ namespace wexel::receiver {
 class TokenHandler : public Handler
 {
 public:
-    TokenHandler(const Clients &clients, TokenStore &tokens, int lifetime)
-        : m_clients(clients)
-        , m_tokens(tokens)
-        , m_lifetime(lifetime)
-    {
-    }
+    TokenHandler(ClientDirectory &clients, int lifetime) : m_clients(clients), m_lifetime(lifetime) { }
 
     Answer handle(Request &request) override;
 
 private:
-    const Clients &m_clients;
-    TokenStore &m_tokens;
+    ClientDirectory &m_clients;
     int m_lifetime; ///< seconds
 };
 

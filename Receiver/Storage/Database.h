@@ -25,7 +25,7 @@ public:
     /// write at once, \a work may be run again from its beginning.
     virtual void write(const Work &work) = 0;
 
-    /// Runs \a work, which must only read. Like write(), it may start again.
+    /// Runs \a work, which must only read.
     virtual void read(const Work &work) = 0;
 
     /// Runs \a work, which must only read, on what was there at one instant, and without keeping anybody waiting however

@@ -35,8 +35,8 @@ struct NewReport {
     std::vector<std::string> fileIds; ///< unknown ones are left out
     std::int64_t received = 0;
     ReportFacts facts = {};
-    std::string digest
-        = {}; ///< of the JSON without the addresses of files; empty: every such report is a new one
+    std::string digest = {}; ///< of the JSON without the addresses of files
+    bool evenIfArchived = false;
 };
 
 struct AddedReport {

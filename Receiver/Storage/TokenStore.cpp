@@ -30,4 +30,11 @@ std::optional<std::string> TokenStore::clientOf(const std::string &token, std::i
     return clients.empty() ? std::nullopt : std::optional(clients.front());
 }
 
+void TokenStore::end(const std::string &token)
+{
+    m_database.write([&](Session &session) {
+        session << "DELETE FROM tokens WHERE digest = $1", bind(sha256(token)), Poco::Data::Keywords::now;
+    });
+}
+
 } // namespace wexel::receiver

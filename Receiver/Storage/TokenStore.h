@@ -21,6 +21,8 @@ public:
     /// The client that \a token was issued to, or nothing if it is unknown or has expired by \a now.
     std::optional<std::string> clientOf(const std::string &token, std::int64_t now);
 
+    void end(const std::string &token);
+
 private:
     Database &m_database;
 };

@@ -1,5 +1,6 @@
 #include "Handlers/Dashboard/AccessRoutes.h"
 
+#include "Handlers/Dashboard/ClientHandlers.h"
 #include "Handlers/Dashboard/PasswordHandler.h"
 #include "Handlers/Dashboard/SessionHandlers.h"
 
@@ -7,7 +8,7 @@ namespace wexel::receiver {
 
 using Access = Router::Access;
 
-void addAccessRoutes(Router &router, AccessControl &access)
+void addAccessRoutes(Router &router, AccessControl &access, const Clients &commandLineClients)
 {
     const std::string session = "dashboard/api/session";
     router.add(
@@ -19,6 +20,16 @@ void addAccessRoutes(Router &router, AccessControl &access)
                std::make_unique<SignOutHandler>(access.sessions, access.cookie));
     router.add("POST", "dashboard/api/password", Access::SessionNeeded,
                std::make_unique<PasswordHandler>(access.signIn, access.administrator));
+    const std::string clients = "dashboard/api/clients";
+    ClientStore &store = access.storedClients;
+    router.add("GET", clients, Access::SessionNeeded,
+               std::make_unique<ClientsHandler>(store, commandLineClients));
+    router.add("POST", clients, Access::SessionNeeded,
+               std::make_unique<AddClientHandler>(store, commandLineClients));
+    router.add("POST", clients + "/{}/rotate", Access::SessionNeeded,
+               std::make_unique<RotateClientHandler>(store));
+    router.add("DELETE", clients + "/{}", Access::SessionNeeded,
+               std::make_unique<RevokeClientHandler>(store));
 }
 
 } // namespace wexel::receiver

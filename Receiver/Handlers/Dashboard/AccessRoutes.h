@@ -5,7 +5,7 @@
 
 namespace wexel::receiver {
 
-/// Adds what signs in and out, and changes the password. \a access must outlive the router.
-void addAccessRoutes(Router &router, AccessControl &access);
+/// Adds what signs in and out, changes the password, and manages clients. Both others must outlive the router.
+void addAccessRoutes(Router &router, AccessControl &access, const Clients &commandLineClients);
 
 } // namespace wexel::receiver

@@ -51,6 +51,8 @@ Reply Client::request(const std::string &method, const std::string &path, const 
     request.setContentLength64(static_cast<Poco::Int64>(body.size()));
     if (!token.empty())
         request.set("Authorization", "Bearer " + token);
+    for (const auto &[name, value] : headers)
+        request.set(name, value);
     m_session->sendRequest(request) << body;
     Reply reply;
     Poco::StreamCopier::copyToString(m_session->receiveResponse(reply.header), reply.body);
@@ -77,6 +79,15 @@ Reply Client::authenticate(const std::string &body)
 {
     Reply reply = request("POST", "/auth/oauth2/token", body, "application/x-www-form-urlencoded");
     token = reply.text("access_token");
+    return reply;
+}
+
+Reply Client::signIn(const std::string &password)
+{
+    Reply reply = post("/dashboard/api/session", R"({"password":")" + password + "\"}");
+    const std::string cookie = reply.header.get("Set-Cookie", "");
+    if (reply.status == 200)
+        headers = {{"Cookie", cookie.substr(0, cookie.find(';'))}, {"X-CSRF-Token", reply.text("csrf")}};
     return reply;
 }
 
@@ -116,6 +127,13 @@ Client TestReceiver::stranger() const
     session->setKeepAlive(true);
     session->setTimeout(Poco::Timespan(30, 0));
     return Client(std::move(session));
+}
+
+Client TestReceiver::administrator() const
+{
+    Client client = stranger();
+    EXPECT_EQ(client.signIn(m_password).status, 200);
+    return client;
 }
 
 Poco::Net::StreamSocket TestReceiver::connect() const

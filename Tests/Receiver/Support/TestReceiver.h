@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -34,6 +35,7 @@ public:
     explicit Client(std::unique_ptr<Poco::Net::HTTPClientSession> session) : m_session(std::move(session)) { }
 
     std::string token; ///< sent with each request unless empty
+    std::map<std::string, std::string> headers; ///< sent with each request
 
     Reply request(const std::string &method, const std::string &path, const std::string &body = {},
                   const std::string &contentType = "application/json");
@@ -43,6 +45,8 @@ public:
     Reply sendReport(const std::string &json, const std::string &bundle = bundleId);
     /// Signs in with \a body and keeps the token, if there is one.
     Reply authenticate(const std::string &body = credentials);
+    /// Signs in to the dashboard and keeps what its requests must carry, if the password is right.
+    Reply signIn(const std::string &password);
 
 private:
     std::unique_ptr<Poco::Net::HTTPClientSession> m_session;
@@ -64,6 +68,8 @@ public:
     /// A connection that has signed in.
     Client client() const;
     Client stranger() const;
+    /// A connection that has signed in to the dashboard; only after the folder's first start.
+    Client administrator() const;
     Poco::Net::StreamSocket connect() const;
     void kill();
     /// Ends it by SIGTERM and returns its exit code.

@@ -1,0 +1,98 @@
+// Every application: what it has sent, whether it may go on, and how much of it is kept.
+
+import {ageElement} from './ages.js';
+import {change, get} from './api.js';
+import {confirmDialog, openDialog} from './dialog.js';
+import {el, failed, fill, quoted} from './dom.js';
+import {emptyInbox} from './emptyInbox.js';
+import {bytes, integer, plural} from './format.js';
+import {say} from './notify.js';
+import {address} from './router.js';
+import {refreshApplications} from './shell.js';
+import {visible} from './text.js';
+
+const mebibyte = 1024 * 1024;
+
+export function showApplications({place, signal}) {
+    document.title = 'Applications · Wexel';
+    const content = el('.settings-content');
+    fill(place, el('h1', 'Applications'), content);
+    const load = async () => show(await get('applications', signal));
+    load().catch((error) => failed(content, error));
+
+    function show({applications}) {
+        applications.sort((a, b) => (b.last_received ?? 0) - (a.last_received ?? 0));
+        fill(content, applications.length === 0 ? emptyInbox() : el('.table-scroll', el('table.cards',
+            el('thead', el('tr', ['Application', 'Reports', 'Last one', 'Size', 'Kept', ''].map((name) => el('th', {scope: 'col'}, name)))),
+            el('tbody', applications.map(row)))));
+    }
+
+    function row(application) {
+        const {bundle_id: bundleId, archived} = application;
+        const inbox = address('reports', null, new URLSearchParams({bundle_id: bundleId}));
+        return el('tr', {className: archived ? 'is-off' : '', dataset: {bundle: bundleId}},
+            el('th', {scope: 'row'}, el('a', {href: inbox}, quoted(visible(bundleId, 255))), archived && el('span.tag', 'archived')),
+            el('td', {dataset: {name: 'Reports'}}, integer(application.reports)),
+            el('td', {dataset: {name: 'Last one'}}, application.last_received ? ageElement(application.last_received, {words: true}) : 'none yet'),
+            el('td', {dataset: {name: 'Size'}}, bytes(application.bytes)),
+            el('td', {dataset: {name: 'Kept'}}, retentionText(application)),
+            el('td.row-buttons', el('button.small', {type: 'button', onclick: () => editRetention(application, done)}, 'Retention'),
+                el('button.small', {type: 'button', onclick: () => archived ? unarchive(bundleId) : askToArchive(bundleId)},
+                    archived ? 'Unarchive' : 'Archive')));
+    }
+
+    function askToArchive(bundleId) {
+        confirmDialog({
+            title: 'Archive this application?',
+            text: 'It can’t send reports any more: its testers are told so. What it has sent stays here. You can unarchive it at any time.',
+            button: 'Archive',
+            danger: false,
+            action: () => set(bundleId, 'archive', 'Archived'),
+        });
+    }
+
+    function unarchive(bundleId) {
+        set(bundleId, 'unarchive', 'It may report again').catch((error) => say(error.message));
+    }
+
+    async function set(bundleId, what, words) {
+        await change('POST', `applications/${encodeURIComponent(bundleId)}/${what}`);
+        await done(words);
+    }
+
+    async function done(words) {
+        say(words);
+        await load();
+        await refreshApplications(signal);
+    }
+}
+
+function retentionText({max_age_days: days, max_bytes: size}) {
+    return [days && plural(days, 'day'), size && `up to ${bytes(size)}`].filter(Boolean).join(', ') || 'everything';
+}
+
+function editRetention(application, done) {
+    const days = el('input', {type: 'number', min: 1, step: 1, id: 'days', value: application.max_age_days ?? ''});
+    const size = el('input', {type: 'number', min: 1, step: 'any', id: 'size', value: application.max_bytes ? application.max_bytes / mebibyte : ''});
+    const problem = el('p.problem', {role: 'alert', hidden: true});
+    const form = el('form.dialog-body', {onsubmit: submit},
+        el('p', 'Reports beyond these limits are deleted for good, the oldest first. An empty field is no limit.'),
+        el('label', {htmlFor: 'days'}, 'Days'), days,
+        el('label', {htmlFor: 'size'}, 'Megabytes'), size, problem,
+        el('.dialog-buttons', el('button', {type: 'button', onclick: () => dialog.close()}, 'Cancel'), el('button.primary', {type: 'submit'}, 'Save')));
+    const dialog = openDialog('How much is kept', form);
+
+    async function submit(event) {
+        event.preventDefault();
+        try {
+            await change('PUT', `applications/${encodeURIComponent(application.bundle_id)}/retention`, {
+                max_age_days: days.value ? Math.round(days.valueAsNumber) : null,
+                max_bytes: size.value ? Math.round(size.valueAsNumber * mebibyte) : null,
+            });
+            dialog.close();
+            await done('Saved');
+        } catch (error) {
+            fill(problem, error.message).hidden = false;
+        }
+    }
+}

@@ -1,0 +1,69 @@
+// Who may send: the clients whose id and secret the applications carry.
+
+import {ageElement} from './ages.js';
+import {change, get} from './api.js';
+import {clientDialog, showSecret} from './clientDialogs.js';
+import {confirmDialog} from './dialog.js';
+import {el, failed, fill, quoted} from './dom.js';
+import {icon} from './icons.js';
+import {say} from './notify.js';
+import {visible} from './text.js';
+
+export function showClients({place, signal}) {
+    document.title = 'Clients · Wexel';
+    const content = el('.settings-content');
+    const create = () => clientDialog(reload);
+    fill(place, el('.page-head', el('h1', 'Clients'), el('button.primary', {type: 'button', onclick: create}, icon('plus'), 'New client')),
+        el('p.lead', 'An application sends with the id and the secret of a client. A client may be bound to the bundle ids it may send for.'), content);
+    const reload = async () => show(await get('clients', signal));
+    reload().catch((error) => failed(content, error));
+
+    function show({clients}) {
+        clients.sort((a, b) => a.revoked - b.revoked || a.id.localeCompare(b.id));
+        fill(content, clients.length === 0 ? el('.empty', el('h2', 'No clients yet'),
+            el('p', 'Create one, and put its id and its secret into your application.'),
+            el('button.primary', {type: 'button', onclick: create}, 'Create the first client'))
+            : el('.table-scroll', el('table.cards',
+                el('thead', el('tr', ['Client', 'May send for', 'Created', 'Last used', ''].map((name) => el('th', {scope: 'col'}, name)))),
+                el('tbody', clients.map(row)))));
+    }
+
+    function row(client) {
+        const fixed = client.from_command_line || client.revoked;
+        return el('tr', {className: client.revoked ? 'is-off' : '', dataset: {client: client.id}},
+            el('th', {scope: 'row'}, quoted(visible(client.id, 120)), client.revoked && el('span.tag', 'revoked'),
+                client.from_command_line && el('span.tag', {title: 'Given when the receiver was started; it is changed there'}, 'command line')),
+            el('td', {dataset: {name: 'May send for'}}, client.bundle_ids.length ? quoted(visible(client.bundle_ids.join(', '), 600)) : el('span.faint', 'any application')),
+            el('td', {dataset: {name: 'Created'}}, client.created ? ageElement(client.created, {words: true}) : '–'),
+            el('td', {dataset: {name: 'Last used'}}, client.last_used ? ageElement(client.last_used, {words: true}) : el('span.faint', 'never')),
+            el('td.row-buttons', !fixed && [
+                el('button.small', {type: 'button', onclick: () => askToRotate(client)}, 'New secret'),
+                el('button.small', {type: 'button', onclick: () => askToRevoke(client)}, 'Revoke')]));
+    }
+
+    function askToRotate({id}) {
+        confirmDialog({
+            title: `A new secret for ${visible(id, 60)}?`,
+            text: 'The old one stops working at once. Applications that carry it keep their reports until they get the new one.',
+            button: 'New secret',
+            async action() {
+                const {secret} = await change('POST', `clients/${encodeURIComponent(id)}/rotate`);
+                showSecret(id, secret);
+                await reload();
+            },
+        });
+    }
+
+    function askToRevoke({id}) {
+        confirmDialog({
+            title: `Revoke ${visible(id, 60)}?`,
+            text: 'Applications that carry it can’t send any more, for good.',
+            button: 'Revoke',
+            async action() {
+                await change('DELETE', `clients/${encodeURIComponent(id)}`);
+                say('Revoked');
+                await reload();
+            },
+        });
+    }
+}

@@ -1,0 +1,57 @@
+// Elements from descriptions. Texts become text nodes, always: what a report says is never parsed as HTML.
+
+const properties = new Set(['value', 'checked', 'disabled', 'hidden', 'tabIndex', 'htmlFor', 'className', 'title',
+    'indeterminate', 'required', 'open', 'selected']);
+
+/// el('a.row.is-new', {href, onclick, dataset: {id}}, 'text', child, [more], null): a null child is left out.
+export function el(description, attributes = {}, ...children) {
+    if (isChild(attributes)) {
+        children.unshift(attributes);
+        attributes = {};
+    }
+    const [tag, ...classes] = description.split('.');
+    const element = document.createElement(tag || 'div');
+    element.classList.add(...classes);
+    for (const [name, value] of Object.entries(attributes))
+        set(element, name, value);
+    element.append(...flat(children));
+    return element;
+}
+
+/// Puts these in the place of all that was there.
+export function fill(element, ...children) {
+    element.replaceChildren(...flat(children));
+    return element;
+}
+
+/// In the place of what could not be got.
+export function failed(element, error) {
+    if (error.name !== 'AbortError')
+        fill(element, el('p.problem', {role: 'alert'}, error.message));
+}
+
+/// What the report's own words are shown in: they can't turn the text around them.
+export function quoted(text) {
+    return el('bdi', text);
+}
+
+function isChild(value) {
+    return value === null || typeof value !== 'object' || value instanceof Node || Array.isArray(value);
+}
+
+function flat(children) {
+    return children.flat(Infinity).filter((child) => child !== null && child !== undefined && child !== false);
+}
+
+function set(element, name, value) {
+    if (value === null || value === undefined)
+        return;
+    if (name === 'dataset')
+        Object.assign(element.dataset, value);
+    else if (name.startsWith('on'))
+        element.addEventListener(name.slice(2), value);
+    else if (properties.has(name))
+        element[name] = value;
+    else if (value !== false)
+        element.setAttribute(name, value === true ? '' : value);
+}

@@ -1,0 +1,145 @@
+// The inbox: the list of reports as the address describes it, kept up to date.
+
+import {get} from './api.js';
+import {el, failed, fill} from './dom.js';
+import {integer, plural} from './format.js';
+import {emptyInbox, nothingFound} from './emptyInbox.js';
+import {buildFilters} from './inboxFilters.js';
+import {buildList} from './inboxList.js';
+import {changed, isFiltered, listQuery, order, pageNumber, pageSize} from './inboxQuery.js';
+import {icon} from './icons.js';
+import {resetKeys} from './keyboard.js';
+import {lastShown} from './lastShown.js';
+import {keepAsking} from './live.js';
+import {address, go} from './router.js';
+import {refreshApplications} from './shell.js';
+
+const atTop = 80; // pixels: scrolled less than this, what arrives is put in at once
+
+export function showInbox({place, route, signal}) {
+    const filters = buildFilters();
+    const list = buildList();
+    const count = el('p.list-count', {role: 'status'});
+    const news = el('button.news', {type: 'button', hidden: true, onclick: showNews});
+    const paging = el('nav.paging', {'aria-label': 'Pages of the list'});
+    const empty = el('.empty-place');
+    let parameters = route.parameters;
+    let shown = null; // the last answer for these parameters
+    let loading = new AbortController();
+
+    fill(place, el('h1.off-screen', 'Inbox'), filters.element, el('.list-line', count, news), list.element, empty, paging);
+    resetKeys({
+        j: () => list.move(1), ArrowDown: () => list.move(1), k: () => list.move(-1), ArrowUp: () => list.move(-1),
+        '/': filters.focusSearch, n: () => news.hidden ? false : showNews(), Escape: () => document.activeElement.blur(),
+    });
+    signal.addEventListener('abort', () => {
+        loading.abort();
+        Object.assign(lastShown, {scroll: scrollY, focused: list.focused()});
+    });
+    begin();
+    keepAsking(lookForNews, signal);
+    return {update};
+
+    function begin() {
+        document.title = 'Inbox · Wexel';
+        filters.show(parameters);
+        if (lastShown.parameters === parameters.toString() && lastShown.reports.length) {
+            list.show(lastShown.reports, parameters);
+            scrollTo(0, lastShown.scroll);
+            list.focus(lastShown.focused);
+        }
+        load().catch(giveUp);
+        filters.refresh(signal).catch(() => {});
+    }
+
+    function update(next) {
+        const otherApplication = next.parameters.get('bundle_id') !== parameters.get('bundle_id');
+        const otherPage = pageNumber(next.parameters) !== pageNumber(parameters);
+        parameters = next.parameters;
+        shown = null;
+        filters.show(parameters);
+        if (otherPage)
+            scrollTo(0, 0);
+        load().catch(giveUp);
+        if (otherApplication)
+            filters.refresh(signal).catch(() => {});
+    }
+
+    async function load() {
+        loading.abort();
+        loading = new AbortController();
+        list.element.setAttribute('aria-busy', 'true');
+        render(await get('reports?' + listQuery(parameters), loading.signal));
+    }
+
+    /// The receiver did not take the question: an address by hand, perhaps.
+    function giveUp(error) {
+        list.element.removeAttribute('aria-busy');
+        failed(empty, error);
+    }
+
+    function render(answer) {
+        const newFrom = shown?.newest;
+        shown = {...answer, top: answer.reports[0]?.id};
+        list.element.removeAttribute('aria-busy');
+        list.show(answer.reports, parameters, newFrom);
+        news.hidden = true;
+        Object.assign(lastShown, {parameters: parameters.toString(), reports: answer.reports});
+        count.textContent = plural(answer.total, 'report');
+        fill(empty, answer.total > 0 ? null : isFiltered(parameters) ? nothingFound() : emptyInbox());
+        fill(paging, pagingLinks(answer.total));
+    }
+
+    /// Asks for the first report only; the rest is asked for when there is something to show.
+    async function lookForNews() {
+        if (!shown)
+            return;
+        const asked = parameters;
+        const query = listQuery(parameters);
+        query.set('page', 1);
+        query.set('size', 1);
+        const now = await get('reports?' + query, signal);
+        if (asked !== parameters || !shown)
+            return;
+        if (now.newest !== shown.newest)
+            refreshLists();
+        const top = pageNumber(parameters) === 1 ? now.reports[0]?.id : shown.top;
+        if (now.total === shown.total && top === shown.top)
+            return;
+        const grown = now.total > shown.total || now.newest > shown.newest;
+        if (grown && (scrollY > atTop || pageNumber(parameters) > 1))
+            offerNews(Math.max(1, now.total - shown.total));
+        else
+            await load();
+    }
+
+    function offerNews(number) {
+        news.textContent = plural(number, 'new report');
+        news.hidden = false;
+    }
+
+    function showNews() {
+        scrollTo(0, 0);
+        if (pageNumber(parameters) > 1 || order(parameters) !== '-received')
+            return go(address('reports', null, changed(parameters, {sort: ''})));
+        load().catch(() => {});
+    }
+
+    function refreshLists() {
+        filters.refresh(signal).catch(() => {});
+        refreshApplications(signal);
+    }
+
+    function pagingLinks(total) {
+        const page = pageNumber(parameters);
+        const last = Math.max(1, Math.ceil(total / pageSize));
+        if (last === 1 && page === 1)
+            return null;
+        const link = (to, name, picture) => to < 1 || to > last ? el('span.button.is-off', icon(picture))
+            : el('a.button', {href: address('reports', null, changed(parameters, {page: to > 1 ? String(to) : ''})), 'aria-label': name}, icon(picture));
+        const first = (page - 1) * pageSize + 1;
+        return [link(page - 1, 'Previous page', 'back'),
+            el('span', `${integer(first)}–${integer(Math.min(total, page * pageSize))} of ${integer(total)}`),
+            link(page + 1, 'Next page', 'next')];
+    }
+}

@@ -1,0 +1,39 @@
+// Small words about what was done, and copying.
+
+import {el} from './dom.js';
+import {icon} from './icons.js';
+
+const shownFor = 4000; // milliseconds
+let place = null;
+
+export function say(text) {
+    if (!place?.isConnected)
+        document.body.append(place = el('.toasts', {role: 'status'}));
+    const toast = el('.toast', text);
+    place.append(toast);
+    setTimeout(() => toast.remove(), shownFor);
+}
+
+/// Also over plain HTTP, where the browser has no clipboard for pages.
+async function copy(text) {
+    try {
+        await navigator.clipboard.writeText(text);
+    } catch {
+        const area = el('textarea.off-screen', {value: text});
+        (document.querySelector('dialog[open]') ?? document.body).append(area);
+        area.select();
+        document.execCommand('copy');
+        area.remove();
+    }
+}
+
+/// Says on itself that it has copied, for a dialog may lie over all else.
+export function copyButton(makeText) {
+    const label = el('span', {role: 'status'}, 'Copy');
+    return el('button.quiet.small', {type: 'button', async onclick(event) {
+        event.stopPropagation();
+        await copy(makeText());
+        label.textContent = 'Copied';
+        setTimeout(() => { label.textContent = 'Copy'; }, shownFor / 2);
+    }}, icon('copy'), label);
+}

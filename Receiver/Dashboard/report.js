@@ -1,0 +1,113 @@
+// One report: everything it says, the most telling first.
+
+import {get} from './api.js';
+import {clippedText} from './clipped.js';
+import {el, fill, quoted} from './dom.js';
+import {requestTable, tapTable} from './eventTables.js';
+import {factGroups} from './facts.js';
+import {fileList, screenshotFigure} from './files.js';
+import {parseTime} from './format.js';
+import {jsonView} from './jsonView.js';
+import {permissionName, permissionState} from './names.js';
+import {noticesOf} from './notices.js';
+import {copyButton} from './notify.js';
+import {markOpened} from './opened.js';
+import {buildBar} from './reportBar.js';
+import {reportHead} from './reportHead.js';
+import {asArray, asObject, asText} from './text.js';
+import {buildTimeline} from './timeline.js';
+import {recordsOf} from './wire.js';
+
+const mostDescription = 20000; // characters
+
+export function showReport({place, route, signal}) {
+    let leaving = new AbortController();
+    signal.addEventListener('abort', () => leaving.abort());
+    update(route);
+    return {update};
+
+    function update(next) {
+        leaving.abort();
+        leaving = new AbortController();
+        load(next, leaving.signal).catch((error) => error.name === 'AbortError' || showMissing(error, next));
+    }
+
+    async function load({id, parameters}, ofThis) {
+        const bar = buildBar(Number(id), parameters);
+        document.title = `Report ${Number(id)} · Wexel`;
+        place.setAttribute('aria-busy', 'true');
+        const answer = await get(`reports/${encodeURIComponent(id)}`, ofThis);
+        place.removeAttribute('aria-busy');
+        markOpened(answer.id);
+        scrollTo(0, 0);
+        const figure = show(place, bar, answer, ofThis);
+        bar.ready(answer, figure, ofThis);
+    }
+
+    function showMissing(error, {parameters}) {
+        place.removeAttribute('aria-busy');
+        const bar = buildBar(null, parameters);
+        fill(place, bar.element, el('.empty', el('h1', error.status === 404 ? 'This report is gone' : 'This report can’t be shown'),
+            el('p', error.status === 404 ? 'It was deleted, or it never was.' : error.message)));
+    }
+}
+
+/// Returns the screenshot's figure, or null.
+function show(place, bar, answer, signal) {
+    const report = asObject(answer.report);
+    const records = recordsOf(report);
+    const end = parseTime(report.issue_reported_time) ?? answer.received;
+    const timeline = buildTimeline(records, end, signal);
+    const figure = screenshotFigure(answer.screenshot, report);
+    const layout = el('.report', {dataset: {id: answer.id}}, figure && el('.report-shot', figure),
+        el('.report-main',
+            reportHead(answer, report),
+            notices(report, records, end, timeline),
+            description(report),
+            timeline?.element,
+            section('Quick facts', asText(report.quick_facts) && clippedText('p.prose.mono', asText(report.quick_facts), mostDescription)),
+            section('Attachments', answer.files.length > 0 && fileList(answer.files), 'attachments'),
+            section('Requests', records.requests.length > 0 && requestTable(records.requests, end, timeline?.point), 'requests'),
+            section('Taps', records.taps.length > 0 && tapTable(records.taps, end, timeline?.point), 'taps'),
+            section('Facts', facts(answer, report)),
+            rawJson(report)));
+    const arrange = () => layout.classList.toggle('is-wide', figure?.classList.contains('is-wide') ?? false);
+    arrange();
+    layout.addEventListener('measured', arrange);
+    fill(place, bar.element, layout);
+    timeline?.draw();
+    return figure;
+}
+
+function section(name, content, id = null) {
+    return content ? el('section.part', {id}, el('h2', name), content) : null;
+}
+
+function notices(report, records, end, timeline) {
+    const all = noticesOf(report, records, end);
+    return all.length ? el('ul.notices', all.map(({text, level, time}) => el('li', {className: `notice is-${level}`,
+        onpointerenter: () => time !== undefined && timeline?.point(time)}, quoted(text)))) : null;
+}
+
+/// The first line is the page's heading already; a longer description is shown whole.
+function description(report) {
+    const text = asText(report.description).trim();
+    return text.length > 160 || /[\r\n]/.test(text) ? clippedText('p.prose', text, mostDescription) : null;
+}
+
+function facts(answer, report) {
+    const groups = factGroups({...answer, report}).map(([name, rows]) => el('section.fact-group', el('h3', name),
+        el('dl', rows.map(([key, text]) => el('.fact', el('dt', quoted(key)), el('dd', quoted(text)))))));
+    const allowed = asArray(report.permissions).map(asObject).slice(0, 50);
+    if (allowed.length)
+        groups.push(el('section.fact-group', el('h3', 'Permissions'), el('dl', allowed.map(({name, state}) =>
+            el('.fact', el('dt', quoted(permissionName(name))), el('dd', quoted(permissionState(state))))))));
+    return el('.facts', groups);
+}
+
+function rawJson(report) {
+    const pretty = () => JSON.stringify(report, null, 2);
+    const content = el('.raw-content');
+    return el('details.part.raw', {ontoggle: ({target}) => target.open && !content.hasChildNodes() && fill(content,
+        el('.body-line', copyButton(pretty)), jsonView(pretty()))}, el('summary', el('h2', 'JSON')), content);
+}

@@ -1,0 +1,124 @@
+// The black box: curves, bands and marks over one time axis, with one cross-hair.
+
+import {el, fill, quoted} from './dom.js';
+import {clock, duration, localTime} from './format.js';
+import {buildChart, chartCanvas, loadCharts} from './timelineChart.js';
+import {buildCursor} from './timelineCursor.js';
+import {axisLane, bandLane, requestLane, requestText, sessionMarks, tapLane, tapText} from './timelineLanes.js';
+import {sampleAt, timelineModel} from './timelineModel.js';
+
+const nearby = 8; // pixels: what the cross-hair says is at its place
+
+/// {element, draw(), point(time)}, or null when there is nothing to draw. `draw` once it is in the document.
+export function buildTimeline(records, end, signal) {
+    const model = timelineModel(records, end);
+    if (!model)
+        return null;
+    let span = {from: model.from, to: model.to, end};
+    let charts = [];
+    const values = new Map(); // where a curve's value at the cross-hair is shown
+    const readout = el('output.readout');
+    const stack = el('.stack', {tabIndex: 0, role: 'group', 'aria-label': 'Time line'});
+    const cursor = buildCursor({area: stack, span: () => span, show: describe, zoom, reset: () => setSpan(model.from, model.to)});
+    const sessions = sessionMarks(model.sessions);
+    const lanes = [model.requests.length && requestLane(model.requests, choose), model.taps.length && tapLane(model.taps, choose),
+        ...model.bands.map(bandLane), axisLane()].filter(Boolean);
+    const canvases = model.curves.map(chartCanvas);
+    const all = el('button.small', {type: 'button', 'aria-pressed': 'false', onclick: () => isAll() ? setSpan(model.from, model.to) : setSpan(model.first, model.to)}, 'All sessions');
+    const whole = el('button.small', {type: 'button', hidden: true, onclick: () => setSpan(model.from, model.to)}, 'Whole black box');
+
+    cursor.layer.prepend(...sessions.elements);
+    fill(stack, model.curves.map((curve, index) => line(curve.name, valueOf(curve), el('.track.is-curve', canvases[index],
+        el('span.limit.is-most', curve.format(curve.most)), curve.most > curve.least && el('span.limit.is-least', curve.format(curve.least))))),
+        lanes.map(({name, track}) => line(name, null, track)), cursor.layer);
+    const element = el('section.part.timeline', el('.timeline-head', el('h2', 'Black box'), readout, whole,
+        model.first < model.from - 1000 && all), stack);
+    describe(null);
+
+    function valueOf(curve) {
+        const value = el('output.lane-value');
+        values.set(curve, value);
+        return value;
+    }
+
+    function isAll() {
+        return span.from === model.first && model.first < model.from;
+    }
+
+    function setSpan(from, to) {
+        span = {from, to, end};
+        all.setAttribute('aria-pressed', String(isAll()));
+        whole.hidden = from === model.from && to === model.to;
+        arrange();
+        cursor.place(null);
+    }
+
+    function zoom(from, to) {
+        setSpan(from, to);
+    }
+
+    function arrange() {
+        for (const each of [...charts, ...lanes, sessions])
+            (each.setSpan ?? each.place)(span);
+    }
+
+    function describe(time) {
+        for (const curve of model.curves)
+            values.get(curve).textContent = valueText(curve, time);
+        fill(readout, time === null ? '' : [el('b', clock(time)), ' ', distance(time), ' ', marksAt(time)]);
+        readout.title = time === null ? '' : localTime(time);
+    }
+
+    function distance(time) {
+        const before = end - time;
+        return Math.abs(before) < 1 ? 'at the report' : `${duration(Math.abs(before))} ${before > 0 ? 'before' : 'after'}`;
+    }
+
+    function marksAt(time) {
+        const reach = nearby * (span.to - span.from) / Math.max(1, cursor.layer.clientWidth);
+        const texts = [
+            ...model.taps.filter((tap) => Math.abs(tap.time - time) < reach).map(tapText),
+            ...model.requests.filter((each) => time > each.time - reach && time < each.time + (each.duration ?? 0) + reach).map(requestText),
+            ...model.sessions.filter((change) => Math.abs(change.time - time) < reach).map(({text}) => text),
+        ];
+        return texts.length ? el('span.faint', '· ', quoted(texts.slice(0, 2).join(' · '))) : null;
+    }
+
+    function choose(table, time) {
+        const row = document.querySelector(`#${table} tr[data-time="${time}"]`);
+        row?.scrollIntoView({block: 'center'});
+        row?.classList.add('is-chosen');
+        row?.addEventListener('animationend', () => row.classList.remove('is-chosen'), {once: true});
+    }
+
+    async function draw() {
+        arrange();
+        const Chart = await loadCharts();
+        if (signal.aborted)
+            return;
+        charts = model.curves.map((curve, index) => buildChart(Chart, curve, canvases[index], span));
+        const observer = new ResizeObserver(() => arrange());
+        observer.observe(stack);
+        const scheme = matchMedia('(prefers-color-scheme: dark)');
+        scheme.addEventListener('change', () => charts.forEach((chart) => chart.recolour()), {signal});
+        signal.addEventListener('abort', () => {
+            observer.disconnect();
+            cursor.stop();
+            charts.forEach((chart) => chart.destroy());
+        });
+    }
+
+    return {element, draw, point: cursor.place};
+}
+
+/// At the cross-hair, else the last one.
+function valueText(curve, time) {
+    const sample = time === null ? curve.points.at(-1) : sampleAt(curve.points, time);
+    if (!sample || Number.isNaN(sample.y))
+        return '–';
+    return [curve.format(sample.y), sample.note].filter(Boolean).join(', ');
+}
+
+function line(name, value, track) {
+    return el('.lane', el('.lane-name', el('span', name), value), track);
+}
