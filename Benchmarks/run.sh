@@ -1,22 +1,25 @@
 #!/usr/bin/env bash
 # Builds the release preset, runs the benchmarks and prints their figures as a Markdown table.
 #
-#   Benchmarks/run.sh [startup] [save] [drain] [taps] [canvas] [flow] [requests] [idle]      all of them without an argument
+#   Benchmarks/run.sh [startup] [save] [drain] [taps] [canvas] [flow] [requests] [idle] [receiver]      all of them without an argument
 #
 # Environment: RUNS (20) fresh processes per start-up figure, DRAINS (3) drains, REPORTS (500) reports in each, IDLE (120)
 # seconds of doing nothing.
-# Needs about 2 GB in $TMPDIR, curl and jq.
+# CLIENTS (200) that send UPLOADS (2000) reports to the receiver at once.
+# Needs about 6 GB in $TMPDIR, curl, jq, and nginx for the comparison of the receiver.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-runs=${RUNS:-20} drains=${DRAINS:-3} reports=${REPORTS:-500} idle=${IDLE:-120}
+runs=${RUNS:-20} drains=${DRAINS:-3} reports=${REPORTS:-500} idle=${IDLE:-120} clients=${CLIENTS:-200} uploads=${UPLOADS:-2000}
 build=$PWD/build/release
 export QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software LC_ALL=C.UTF-8
 export QT_LOGGING_RULES='wexel=true' QT_FORCE_STDERR_LOGGING=1
 
 work=$(mktemp -d)
 receiver=
+nginx=
 cleanup() {
     [ -z "$receiver" ] || kill "$receiver" 2>/dev/null || true
+    [ -z "$nginx" ] || kill "$nginx" 2>/dev/null || true
     rm -rf "$work"
 }
 trap cleanup EXIT
@@ -24,10 +27,10 @@ trap cleanup EXIT
 # An install prefix with the hosts beside the library, whose bundle names the receiver.
 install_prefix() {
     cmake --preset release >/dev/null
-    cmake --build "$build" -j2 --target wexel-receiver Wexel SaveBenchmark TapBenchmark CanvasBenchmark FlowBenchmark RequestBenchmark \
+    cmake --build "$build" -j2 --target wexel-receiver Wexel SaveBenchmark TapBenchmark CanvasBenchmark FlowBenchmark RequestBenchmark ReceiverLoad \
         BenchmarkCoreHost BenchmarkCoreHostWithout BenchmarkQuickHost BenchmarkQuickHostWithout >/dev/null
     mkdir -p "$work/bin" "$work/share/wexel" "$work/$(library_folder)"
-    cp "$build"/bin/{wexel-receiver,SaveBenchmark,TapBenchmark,CanvasBenchmark,FlowBenchmark,RequestBenchmark,Benchmark*Host*} "$work/bin/"
+    cp "$build"/bin/{wexel-receiver,SaveBenchmark,TapBenchmark,CanvasBenchmark,FlowBenchmark,RequestBenchmark,ReceiverLoad,Benchmark*Host*} "$work/bin/"
     cp -L "$build/$(library_folder)/libWexel.so.1" "$work/$(library_folder)/"
     cat >"$work/bin/Info.plist" <<-PLIST
 	<plist version="1.0"><dict><key>CFBundleIdentifier</key><string>org.wexel.benchmark</string>
@@ -256,7 +259,51 @@ idle_row() { # idle_row KIND TITLE NAME DIVISOR FORMAT
         "$(divided "$with" "$4" "$5") / $(divided "$without" "$4" "$5")"
 }
 
-[ $# -gt 0 ] || set -- startup save drain taps canvas flow requests idle
+# The receiver and nginx, which stores the same bodies but syncs nothing, one after the other on the same disk.
+receiver() {
+    local size=$((1024 * 1024))
+    start_receiver
+    load wexel "$url" "$size"
+    load_row "wexel-receiver" "$(peak_memory "$receiver")"
+    stop_receiver
+    if ! command -v nginx >/dev/null; then
+        echo "nginx is not installed: no comparison" >&2
+        return
+    fi
+    start_nginx
+    load put "http://127.0.0.1:$nginx_port/" "$size"
+    load_row "nginx storing the same uploads, without a sync" "$(peak_memory $(pgrep -P "$nginx") "$nginx")"
+    kill "$nginx"
+    wait "$nginx" || true
+}
+load() { "$work/bin/ReceiverLoad" "$1" "$2" "$clients" "$uploads" "$3" >"$work/load"; }
+load_row() {
+    row "$1: $uploads reports with a screenshot of 1 MB, $clients clients at once" \
+        "$(figure reports_per_second %.0f) reports/s, median $(figure median_ms %.0f) ms, p99 $(figure p99_ms %.0f) ms, peak memory $2 MB"
+}
+figure() { awk -v name="$1" -v format="$2" '$1 == name { printf format, $2 }' "$work/load"; }
+peak_memory() { # peak_memory PID...: of all together, in MB
+    for process; do sed -n 's/^VmHWM:\s*\([0-9]*\) kB/\1/p' "/proc/$process/status"; done |
+        awk '{ sum += $1 } END { printf "%.0f", sum / 1024 }'
+}
+start_nginx() {
+    nginx_port=18787
+    mkdir -p "$work/nginx/stored" "$work/nginx/temp"
+    cat >"$work/nginx/conf" <<-CONF
+	daemon off; pid $work/nginx/pid; error_log $work/nginx/errors; worker_processes 2;
+	$([ "$(id -u)" -ne 0 ] || echo 'user root;')
+	events { worker_connections 1024; }
+	http {
+	    access_log off; client_max_body_size 64m; client_body_temp_path $work/nginx/temp;
+	    server { listen 127.0.0.1:$nginx_port; root $work/nginx/stored; location / { dav_methods PUT; } }
+	}
+	CONF
+    nginx -e "$work/nginx/errors" -c "$work/nginx/conf" &
+    nginx=$!
+    until curl -s -o /dev/null "http://127.0.0.1:$nginx_port/"; do sleep 0.05; done
+}
+
+[ $# -gt 0 ] || set -- startup save drain taps canvas flow requests idle receiver
 install_prefix
 printf '| What | Figure |\n|---|---|\n'
 for benchmark; do "$benchmark"; done

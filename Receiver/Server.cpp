@@ -136,6 +136,11 @@ std::string Server::url() const
     return m_parts->url;
 }
 
+std::vector<std::string> Server::routes() const
+{
+    return m_parts->router.routes();
+}
+
 void Server::stop()
 {
     m_parts->server.stop();

@@ -89,6 +89,14 @@ Answer Router::answer(const HTTPRequest &header, RequestBody &body, const std::s
     return answer;
 }
 
+std::vector<std::string> Router::routes() const
+{
+    std::vector<std::string> names;
+    for (const Route &route : m_routes)
+        names.push_back(route.method + " /" + route.path);
+    return names;
+}
+
 Router::Match Router::find(const std::string &method, std::string_view path) const
 {
     std::string allowed;
