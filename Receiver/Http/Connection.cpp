@@ -1,6 +1,7 @@
 #include "Http/Connection.h"
 
 #include "Log.h"
+#include "Metrics.h"
 
 #include <Poco/Net/NetException.h>
 #include <Poco/StreamCopier.h>
@@ -12,6 +13,7 @@
 
 namespace wexel::receiver {
 
+using Poco::Net::HTTPMessage;
 using Poco::Net::HTTPServerRequestImpl;
 using Poco::Net::HTTPServerResponseImpl;
 using Poco::Net::HTTPServerSession;
@@ -48,11 +50,12 @@ std::string loggable(std::string_view uri)
     return path;
 }
 
-void logRequest(const std::string &peer, const HTTPServerRequestImpl &request, const Answer &answer,
-                std::uint64_t received, Watchdog::Clock::time_point started)
+void record(const std::string &peer, const HTTPServerRequestImpl &request, const Answer &answer,
+            std::uint64_t received, Watchdog::Clock::time_point started)
 {
-    const auto duration
-        = std::chrono::duration_cast<std::chrono::milliseconds>(Watchdog::Clock::now() - started);
+    const auto time = Watchdog::Clock::now() - started;
+    const auto duration = std::chrono::duration_cast<std::chrono::milliseconds>(time);
+    Metrics::instance().countRequest(answer.route, answer.status, time, received);
     logEvent("request",
              {{"peer", peer},
               {"method", request.getMethod()},
@@ -71,14 +74,14 @@ bool hasBody(Status status)
 /// Chunks where the peer knows of them; otherwise the body ends with the connection.
 bool endsWithConnection(const HTTPServerRequestImpl &request, const Answer &answer)
 {
-    return answer.writer && request.getVersion() == Poco::Net::HTTPMessage::HTTP_1_0;
+    return answer.writer && request.getVersion() == HTTPMessage::HTTP_1_0;
 }
 
 void setLength(HTTPServerResponseImpl &response, const Answer &answer)
 {
     const std::uint64_t size = answer.file ? answer.file->size : answer.body.size();
     if (answer.writer)
-        response.setChunkedTransferEncoding(response.getVersion() != Poco::Net::HTTPMessage::HTTP_1_0);
+        response.setChunkedTransferEncoding(response.getVersion() != HTTPMessage::HTTP_1_0);
     else if (hasBody(answer.status))
         response.setContentLength64(static_cast<Poco::Int64>(size + (answer.brokenOff ? 1 : 0)));
 }
@@ -117,6 +120,7 @@ Connection::Connection(const Poco::Net::StreamSocket &socket, Service &service)
 
 void Connection::run()
 {
+    const Metrics::Connected connected;
     try {
         m_peer = socket().peerAddress().toString();
         serve();
@@ -180,13 +184,16 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
                           Watchdog::Watch &watch)
 {
     const auto started = Watchdog::Clock::now();
-    response.setVersion(request.getVersion());
+    response.setVersion(request.getVersion() == HTTPMessage::HTTP_1_0 ? HTTPMessage::HTTP_1_0
+                                                                      : HTTPMessage::HTTP_1_1);
     std::optional<RequestBody> body;
     Answer answer;
     try {
         // The header of a slow request may have been cut short, so it is not to be trusted.
         if (watch.expired())
             throw HttpError(Status::HTTP_REQUEST_TIMEOUT, tooSlow);
+        if (request.getVersion() != response.getVersion())
+            throw HttpError(Status::HTTP_VERSION_NOT_SUPPORTED, "The version must be HTTP/1.1 or HTTP/1.0");
         body.emplace(request, response, watch);
         answer = m_service.router.answer(request, *body, m_peer);
     } catch (const HttpError &error) {
@@ -196,7 +203,7 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
     const bool another = !answer.brokenOff && body && body->leavesConnectionClean() && request.getKeepAlive()
         && !watch.expired() && !watch.stopping() && !endsWithConnection(request, answer);
     response.setKeepAlive(another);
-    logRequest(m_peer, request, answer, body ? body->size() : 0, started);
+    record(m_peer, request, answer, body ? body->size() : 0, started);
     watch.enter(Phase::Answering, m_service.requestTimeout * answerTimeFactor);
     try {
         send(response, answer);
@@ -220,8 +227,9 @@ void Connection::sendUnasked(HTTPServerSession &session, Answer answer) const
 {
     answer.brokenOff = true; // it may have been an upload
     logEvent("request_refused", {{"peer", m_peer}, {"status", std::to_string(answer.status)}});
+    Metrics::instance().countRequest({}, answer.status, {}, 0);
     HTTPServerResponseImpl response(session);
-    response.setVersion(Poco::Net::HTTPMessage::HTTP_1_1);
+    response.setVersion(HTTPMessage::HTTP_1_1);
     response.setKeepAlive(false);
     send(response, answer);
 }

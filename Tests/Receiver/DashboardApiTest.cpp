@@ -246,6 +246,26 @@ TEST_F(DashboardApiTest, PacksAReportIntoOneArchive)
     EXPECT_EQ(get("reports").status, 200) << "after an archive on the same connection";
 }
 
+TEST_F(DashboardApiTest, NeverEndsAHalfArchiveAsAWhole)
+{
+    const std::string id = report("\"n\":1", {}, {{"a", "lost"}, {"b", std::string(200'000, 'b')}});
+    const auto fetch = [&](const std::string &version) {
+        auto socket = receiver->connect();
+        send(socket,
+             "GET " + api + "reports/" + id + "/archive HTTP/" + version
+                 + "\r\nConnection: close\r\nCookie: " + admin->headers.at("Cookie") + "\r\n\r\n");
+        return readUntilClosed(socket).value_or("open");
+    };
+    const std::string whole = fetch("1.0"); // which knows no chunks
+    EXPECT_EQ(unpacked(whole.substr(whole.find("\r\n\r\n") + 4)).size(), 3U);
+    EXPECT_TRUE(fetch("1.1").ends_with("\r\n0\r\n\r\n"));
+    std::filesystem::remove_all(data / "files");
+    const std::string half = fetch("1.1");
+    EXPECT_THAT(half, testing::StartsWith("HTTP/1.1 200"));
+    EXPECT_FALSE(half.ends_with("\r\n0\r\n\r\n"));
+    EXPECT_EQ(get("reports").status, 200);
+}
+
 TEST_F(DashboardApiTest, ArchivesApplicationsAndLimitsThem)
 {
     const std::string application = api + "applications/" + bundleId;
