@@ -128,7 +128,7 @@ test('a deleted report is gone with its files, and the way out closes the door',
 
     await page.getByRole('link', {name: 'Account'}).click();
     await page.getByRole('button', {name: 'Log out'}).click();
-    await page.getByLabel('Password').waitFor();
+    await page.getByLabel('Password', {exact: true}).waitFor();
     assert.equal((await page.request.get(receiver.dashboard + 'api/reports')).status(), 401);
     await checkPage(page);
 });
