@@ -29,7 +29,7 @@ export function buildTimeline(records, end, signal) {
     const whole = el('button.small', {type: 'button', hidden: true, onclick: () => setSpan(model.from, model.to)}, 'Whole black box');
 
     cursor.layer.prepend(...sessions.elements);
-    fill(stack, model.curves.map((curve, index) => line(curve.name, [valueOf(curve), el('span.lane-range', rangeOf(curve))], el('.track.is-curve', canvases[index])))),
+    fill(stack, model.curves.map((curve, index) => line(curve.name, [valueOf(curve), el('span.lane-range', rangeOf(curve))], el('.track.is-curve', canvases[index]))),
         lanes.map(({name, track}) => line(name, null, track)), cursor.layer);
     const element = el('section.part.timeline', el('.timeline-head', el('h2', 'Black box'), readout, whole,
         model.first < model.from - worthMore && all), stack);
