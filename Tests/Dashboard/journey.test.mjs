@@ -89,6 +89,7 @@ test('everything is saved as one archive', async () => {
 
 test('a search is kept by the address, through a reload and back', async () => {
     await page.keyboard.press('Escape');
+    await row(description).waitFor();
     await page.keyboard.press('/');
     await page.keyboard.type('no such words');
     await page.getByRole('heading', {name: 'No report matches'}).waitFor();
