@@ -72,7 +72,10 @@ start_receiver() {
     for plist in "$root"/Demo/*/Info.plist; do
         clients+=(--client="$(plist_value APIClientID "$plist"):$(plist_value APIClientSecret "$plist")")
     done
-    launch receiver "$prefix/bin/wexel-receiver" --data="$data/receiver" --listen="127.0.0.1:${1:-0}" "${clients[@]}"
+    password_file=$data/dashboard-password
+    [ -s "$password_file" ] || (umask 077 && head -c 9 /dev/urandom | base64 | tr '+/' 'wx' >"$password_file")
+    launch receiver "$prefix/bin/wexel-receiver" --data="$data/receiver" --listen="127.0.0.1:${1:-0}" "${clients[@]}" \
+        --admin-password-file="$password_file"
     receiver_url=$(listening receiver)
 }
 
@@ -98,7 +101,7 @@ start_editor() { launch host "$prefix/bin/wexel-demo-editor"; }
 
 use_host() { # use_host START: until the user closes it
     step "Opening the app; close its window to end"
-    say "  The reports you send, at any time: $prefix/bin/wexel-receiver reports --data $data/receiver"
+    say "  The reports you send appear at $receiver_url in a browser; the password is $(cat "$password_file")"
     "$1"
     wait "${pids[host]}"
     "$prefix/bin/wexel-receiver" reports --data "$data/receiver"
