@@ -6,6 +6,7 @@
 #include "Handlers/Dashboard/DashboardRoutes.h"
 #include "Handlers/FileDownloadHandler.h"
 #include "Handlers/FileUploadHandler.h"
+#include "Handlers/OperationHandlers.h"
 #include "Handlers/ReportHandler.h"
 #include "Handlers/TokenHandler.h"
 #include "Handlers/WhiteLabelingHandler.h"
@@ -70,7 +71,8 @@ Poco::Net::HTTPServerParams::Ptr parametersFor(const Options &options)
     return parameters;
 }
 
-Router routesFor(const Options &options, DataFolder &data, AccessControl &access, const std::string &baseUrl)
+Router routesFor(const Options &options, DataFolder &data, AccessControl &access, HealthProbe &probe,
+                 const std::string &baseUrl)
 {
     Router router(access.gatekeeper, options.usesTls());
     router.add("POST", "auth/oauth2/token", Access::Anyone,
@@ -87,6 +89,8 @@ Router routesFor(const Options &options, DataFolder &data, AccessControl &access
                std::make_unique<FileDownloadHandler>(data.files(), data.reports()));
     router.add("GET", "api/1.0/white-labeling", Access::TokenNeeded,
                std::make_unique<WhiteLabelingHandler>(options.whiteLabeling));
+    router.add("GET", "healthz", Access::Anyone, std::make_unique<HealthHandler>(probe));
+    router.add("GET", "metrics", Access::Anyone, std::make_unique<MetricsHandler>());
     addAccessRoutes(router, access, options.clients);
     addDashboardPages(router);
     addDashboardData(router, data);
@@ -100,7 +104,8 @@ struct Server::Parts {
         : socket(openSocket(options))
         , url((options.usesTls() ? "https://" : "http://") + socket.address().toString() + '/')
         , access(options, data.database(), data.tokens())
-        , router(routesFor(options, data, access, options.publicUrl.empty() ? url : options.publicUrl))
+        , probe(data.database())
+        , router(routesFor(options, data, access, probe, options.publicUrl.empty() ? url : options.publicUrl))
         , service{router, watchdog, std::chrono::seconds(options.requestTimeout),
                   static_cast<std::size_t>(options.maximumConnections), parametersFor(options)}
         , threads(2, options.maximumConnections + spareThreads + 1)
@@ -111,6 +116,7 @@ struct Server::Parts {
     ServerSocket socket;
     std::string url;
     AccessControl access;
+    HealthProbe probe;
     Router router;
     Watchdog watchdog;
     Service service;
@@ -128,6 +134,11 @@ Server::~Server() = default;
 std::string Server::url() const
 {
     return m_parts->url;
+}
+
+std::vector<std::string> Server::routes() const
+{
+    return m_parts->router.routes();
 }
 
 void Server::stop()

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace wexel::receiver {
 
@@ -20,6 +21,9 @@ public:
 
     /// The address it listens on, for example http://127.0.0.1:8787/.
     std::string url() const;
+
+    /// What it answers, each as in "GET /api/1.0/files/{}".
+    std::vector<std::string> routes() const;
 
     /// Takes no further connection, lets the requests in flight end for some seconds, and returns when all are gone.
     void stop();

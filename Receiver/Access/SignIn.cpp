@@ -1,6 +1,7 @@
 #include "Access/SignIn.h"
 
 #include "Log.h"
+#include "Metrics.h"
 
 namespace wexel::receiver {
 
@@ -15,6 +16,7 @@ std::optional<Answer> SignIn::refusal(const std::string &peer, const std::string
     }
     if (!m_administrator.isPassword(password)) {
         logEvent("sign_in_failed", {{"peer", peer}});
+        Metrics::instance().count(Metrics::Event::SignInFailed);
         return errorAnswer(Status::HTTP_UNAUTHORIZED, "The password is wrong");
     }
     attempt.succeed();

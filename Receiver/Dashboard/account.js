@@ -3,11 +3,10 @@
 import {change, connection} from './api.js';
 import {el, fill} from './dom.js';
 import {say} from './notify.js';
-import {refreshApplications} from './shell.js';
 
 const shortest = 10; // characters
 
-export function showAccount({place, signal}) {
+export function showAccount({place}) {
     document.title = 'Account · Wexel';
     const now = field('current', 'Current password', 'current-password');
     const next = field('new', `New password, at least ${shortest} characters`, 'new-password');
@@ -19,7 +18,6 @@ export function showAccount({place, signal}) {
         el('button.primary', {type: 'submit'}, 'Change the password'));
     fill(place, el('h1', 'Account'), form, el('section.panel', el('h2', 'Session'),
         el('p', 'You are logged in on this browser.'), el('button', {type: 'button', onclick: logOut}, 'Log out')));
-    refreshApplications(signal).catch(() => {});
 
     async function submit(event) {
         event.preventDefault();

@@ -10,7 +10,7 @@ import {resetKeys} from './keyboard.js';
 import {showLogin} from './login.js';
 import {showReport} from './report.js';
 import {current, onRoute} from './router.js';
-import {buildShell} from './shell.js';
+import {buildShell, refreshApplications} from './shell.js';
 
 const pages = {applications: showApplications, clients: showClients, account: showAccount};
 let shell = null;
@@ -33,6 +33,7 @@ function show(route) {
     resetKeys();
     const leaving = new AbortController();
     open = {page, leaving};
+    refreshApplications(leaving.signal);
     open.update = page({place: shell.main, route, signal: leaving.signal})?.update;
 }
 

@@ -3,7 +3,7 @@
 import {ageElement} from './ages.js';
 import {change, get} from './api.js';
 import {confirmDialog, openDialog} from './dialog.js';
-import {el, fill, quoted} from './dom.js';
+import {el, failed, fill, quoted} from './dom.js';
 import {emptyInbox} from './emptyInbox.js';
 import {bytes, integer, plural} from './format.js';
 import {say} from './notify.js';
@@ -18,8 +18,7 @@ export function showApplications({place, signal}) {
     const content = el('.settings-content');
     fill(place, el('h1', 'Applications'), content);
     const load = async () => show(await get('applications', signal));
-    load().catch(() => {});
-    refreshApplications(signal).catch(() => {});
+    load().catch((error) => failed(content, error));
 
     function show({applications}) {
         applications.sort((a, b) => (b.last_received ?? 0) - (a.last_received ?? 0));

@@ -4,10 +4,9 @@ import {ageElement} from './ages.js';
 import {change, get} from './api.js';
 import {clientDialog, showSecret} from './clientDialogs.js';
 import {confirmDialog} from './dialog.js';
-import {el, fill, quoted} from './dom.js';
+import {el, failed, fill, quoted} from './dom.js';
 import {icon} from './icons.js';
 import {say} from './notify.js';
-import {refreshApplications} from './shell.js';
 import {visible} from './text.js';
 
 export function showClients({place, signal}) {
@@ -17,8 +16,7 @@ export function showClients({place, signal}) {
     fill(place, el('.page-head', el('h1', 'Clients'), el('button.primary', {type: 'button', onclick: create}, icon('plus'), 'New client')),
         el('p.lead', 'An application sends with the id and the secret of a client. A client may be bound to the bundle ids it may send for.'), content);
     const reload = async () => show(await get('clients', signal));
-    reload().catch(() => {});
-    refreshApplications(signal).catch(() => {});
+    reload().catch((error) => failed(content, error));
 
     function show({clients}) {
         clients.sort((a, b) => a.revoked - b.revoked || a.id.localeCompare(b.id));

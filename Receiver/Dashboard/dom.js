@@ -24,6 +24,12 @@ export function fill(element, ...children) {
     return element;
 }
 
+/// In the place of what could not be got.
+export function failed(element, error) {
+    if (error.name !== 'AbortError')
+        fill(element, el('p.problem', {role: 'alert'}, error.message));
+}
+
 /// What the report's own words are shown in: they can't turn the text around them.
 export function quoted(text) {
     return el('bdi', text);

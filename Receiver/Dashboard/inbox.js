@@ -1,7 +1,7 @@
 // The inbox: the list of reports as the address describes it, kept up to date.
 
 import {get} from './api.js';
-import {el, fill} from './dom.js';
+import {el, failed, fill} from './dom.js';
 import {integer, plural} from './format.js';
 import {emptyInbox, nothingFound} from './emptyInbox.js';
 import {buildFilters} from './inboxFilters.js';
@@ -48,8 +48,8 @@ export function showInbox({place, route, signal}) {
             scrollTo(0, lastShown.scroll);
             list.focus(lastShown.focused);
         }
-        load().catch(() => {});
-        refreshLists();
+        load().catch(giveUp);
+        filters.refresh(signal).catch(() => {});
     }
 
     function update(next) {
@@ -60,7 +60,7 @@ export function showInbox({place, route, signal}) {
         filters.show(parameters);
         if (otherPage)
             scrollTo(0, 0);
-        load().catch(() => {});
+        load().catch(giveUp);
         if (otherApplication)
             filters.refresh(signal).catch(() => {});
     }
@@ -70,6 +70,12 @@ export function showInbox({place, route, signal}) {
         loading = new AbortController();
         list.element.setAttribute('aria-busy', 'true');
         render(await get('reports?' + listQuery(parameters), loading.signal));
+    }
+
+    /// The receiver did not take the question: an address by hand, perhaps.
+    function giveUp(error) {
+        list.element.removeAttribute('aria-busy');
+        failed(empty, error);
     }
 
     function render(answer) {
@@ -121,7 +127,7 @@ export function showInbox({place, route, signal}) {
 
     function refreshLists() {
         filters.refresh(signal).catch(() => {});
-        refreshApplications(signal).catch(() => {});
+        refreshApplications(signal);
     }
 
     function pagingLinks(total) {

@@ -14,7 +14,6 @@ import {copyButton} from './notify.js';
 import {markOpened} from './opened.js';
 import {buildBar} from './reportBar.js';
 import {reportHead} from './reportHead.js';
-import {refreshApplications} from './shell.js';
 import {asArray, asObject, asText} from './text.js';
 import {buildTimeline} from './timeline.js';
 import {recordsOf} from './wire.js';
@@ -24,7 +23,6 @@ const mostDescription = 20000; // characters
 export function showReport({place, route, signal}) {
     let leaving = new AbortController();
     signal.addEventListener('abort', () => leaving.abort());
-    refreshApplications(signal).catch(() => {});
     update(route);
     return {update};
 
@@ -61,7 +59,7 @@ function show(place, bar, answer, signal) {
     const end = parseTime(report.issue_reported_time) ?? answer.received;
     const timeline = buildTimeline(records, end, signal);
     const figure = screenshotFigure(answer.screenshot, report);
-    const layout = el('.report', figure && el('.report-shot', figure),
+    const layout = el('.report', {dataset: {id: answer.id}}, figure && el('.report-shot', figure),
         el('.report-main',
             reportHead(answer, report),
             notices(report, records, end, timeline),

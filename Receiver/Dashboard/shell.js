@@ -4,7 +4,7 @@ import {connection, get} from './api.js';
 import {el, fill, quoted} from './dom.js';
 import {integer} from './format.js';
 import {icon} from './icons.js';
-import {address} from './router.js';
+import {address, current} from './router.js';
 import {visible} from './text.js';
 import {showHelp} from './help.js';
 
@@ -50,19 +50,19 @@ function markApplication(applications, route) {
         mark(link, link.dataset.bundle === bundleId);
 }
 
-/// Lists the applications beside the pages, as ways into the inbox.
+/// Lists the applications beside the pages, as ways into the inbox; as before when they can't be had.
 export async function refreshApplications(signal) {
+    const {applications} = await get('applications', signal).catch(() => ({}));
     const place = document.querySelector('.nav-apps');
-    const {applications} = await get('applications', signal);
+    if (!applications || !place)
+        return;
     const active = applications.filter((application) => !application.archived && application.reports > 0);
     active.sort((a, b) => (b.last_received ?? 0) - (a.last_received ?? 0));
     fill(place, active.length > 0 && el('h2', 'Applications'), active.slice(0, 12).map((application) =>
         el('a.nav-link', {href: address('reports', null, new URLSearchParams({bundle_id: application.bundle_id})),
             dataset: {bundle: application.bundle_id}, title: application.bundle_id},
         el('span.cut', quoted(shortName(application, active))), el('span.count', integer(application.reports)))));
-    const hash = new URLSearchParams(location.hash.split('?')[1]);
-    for (const link of place.querySelectorAll('a'))
-        mark(link, location.hash.startsWith('#/reports') && link.dataset.bundle === hash.get('bundle_id'));
+    markApplication(place, current());
 }
 
 /// The end of the bundle id, unless another application's ends likewise.

@@ -2,6 +2,7 @@
 
 #include "BundleId.h"
 #include "Log.h"
+#include "Metrics.h"
 #include "ReportDocument.h"
 #include "Storage/Database.h"
 
@@ -42,6 +43,7 @@ Answer ReportHandler::handle(Request &request)
         refuseArchived();
     logEvent(added->isNew ? "report" : "report_again",
              {{"id", std::to_string(added->id)}, {"bundle_id", bundleId}});
+    Metrics::instance().count(added->isNew ? Metrics::Event::ReportStored : Metrics::Event::ReportRepeated);
     return jsonAnswer("{\"id\":" + std::to_string(added->id) + "}");
 }
 

@@ -1,6 +1,7 @@
 #include "Http/Connection.h"
 
 #include "Log.h"
+#include "Metrics.h"
 
 #include <Poco/Net/NetException.h>
 #include <Poco/StreamCopier.h>
@@ -48,11 +49,12 @@ std::string loggable(std::string_view uri)
     return path;
 }
 
-void logRequest(const std::string &peer, const HTTPServerRequestImpl &request, const Answer &answer,
-                std::uint64_t received, Watchdog::Clock::time_point started)
+void record(const std::string &peer, const HTTPServerRequestImpl &request, const Answer &answer,
+            std::uint64_t received, Watchdog::Clock::time_point started)
 {
-    const auto duration
-        = std::chrono::duration_cast<std::chrono::milliseconds>(Watchdog::Clock::now() - started);
+    const auto time = Watchdog::Clock::now() - started;
+    const auto duration = std::chrono::duration_cast<std::chrono::milliseconds>(time);
+    Metrics::instance().countRequest(answer.route, answer.status, time, received);
     logEvent("request",
              {{"peer", peer},
               {"method", request.getMethod()},
@@ -117,6 +119,7 @@ Connection::Connection(const Poco::Net::StreamSocket &socket, Service &service)
 
 void Connection::run()
 {
+    const Metrics::Connected connected;
     try {
         m_peer = socket().peerAddress().toString();
         serve();
@@ -196,7 +199,7 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
     const bool another = !answer.brokenOff && body && body->leavesConnectionClean() && request.getKeepAlive()
         && !watch.expired() && !watch.stopping() && !endsWithConnection(request, answer);
     response.setKeepAlive(another);
-    logRequest(m_peer, request, answer, body ? body->size() : 0, started);
+    record(m_peer, request, answer, body ? body->size() : 0, started);
     watch.enter(Phase::Answering, m_service.requestTimeout * answerTimeFactor);
     try {
         send(response, answer);
@@ -220,6 +223,7 @@ void Connection::sendUnasked(HTTPServerSession &session, Answer answer) const
 {
     answer.brokenOff = true; // it may have been an upload
     logEvent("request_refused", {{"peer", m_peer}, {"status", std::to_string(answer.status)}});
+    Metrics::instance().countRequest({}, answer.status, {}, 0);
     HTTPServerResponseImpl response(session);
     response.setVersion(Poco::Net::HTTPMessage::HTTP_1_1);
     response.setKeepAlive(false);

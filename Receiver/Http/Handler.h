@@ -6,7 +6,6 @@
 
 #include <Poco/Net/HTTPRequest.h>
 
-#include <map>
 #include <string>
 
 namespace wexel::receiver {
@@ -17,8 +16,6 @@ struct Request {
     RequestBody &body;
     std::string peer; ///< the address that it came from, with its port
     std::string parameter; ///< the decoded text in the route's place of {}; hostile
-    std::map<std::string, std::string>
-        query; ///< the decoded fields behind the address's question mark; hostile
     Caller caller; ///< empty where anyone may ask
 };
 

@@ -2,6 +2,7 @@
 
 #include "Http/SecurityHeaders.h"
 #include "Log.h"
+#include "Metrics.h"
 #include "Storage/StorageError.h"
 
 #include <optional>
@@ -32,6 +33,7 @@ std::optional<std::string> match(std::string_view pattern, std::string_view path
 Answer storageAnswer(const StorageError &error)
 {
     logEvent("storage_failed", {{"error", error.what()}});
+    Metrics::instance().count(Metrics::Event::StorageFailed);
     if (error.kind() == StorageError::Kind::Full)
         return errorAnswer(Status::HTTP_INSUFFICIENT_STORAGE, "There is no room to store this");
     return errorAnswer(Status::HTTP_SERVICE_UNAVAILABLE,
@@ -47,12 +49,11 @@ Answer unauthorized(Router::Access access)
     return answer;
 }
 
-/// The path without its leading slash, and what is behind the question mark.
-std::pair<std::string_view, std::string_view> addressParts(std::string_view uri)
+/// Without its leading slash.
+std::string_view pathOf(std::string_view uri)
 {
     uri.remove_prefix(uri.starts_with('/') ? 1 : 0);
-    const std::size_t mark = uri.find('?');
-    return {uri.substr(0, mark), mark == uri.npos ? std::string_view() : uri.substr(mark + 1)};
+    return uri.substr(0, uri.find('?'));
 }
 
 Answer unroutable(const std::string &allowed)
@@ -74,11 +75,11 @@ void Router::add(const std::string &method, const std::string &path, Access acce
 
 Answer Router::answer(const HTTPRequest &header, RequestBody &body, const std::string &peer) const
 {
-    const auto [path, query] = addressParts(header.getURI());
+    const std::string_view path = pathOf(header.getURI());
     const Match match = find(header.getMethod(), path);
     Answer answer;
     if (match.route) {
-        answer = run(*match.route, {header, body, peer, match.parameter, formFields(query), {}});
+        answer = run(*match.route, {header, body, peer, match.parameter, {}});
     } else {
         answer = unroutable(match.allowed);
         answer.brokenOff = header.getMethod() == HTTPRequest::HTTP_POST && !isOfDashboard(path);
@@ -86,6 +87,14 @@ Answer Router::answer(const HTTPRequest &header, RequestBody &body, const std::s
     if (isOfDashboard(path))
         protect(answer, m_usesTls);
     return answer;
+}
+
+std::vector<std::string> Router::routes() const
+{
+    std::vector<std::string> names;
+    for (const Route &route : m_routes)
+        names.push_back(route.method + " /" + route.path);
+    return names;
 }
 
 Router::Match Router::find(const std::string &method, std::string_view path) const
@@ -116,6 +125,7 @@ Answer Router::run(const Route &route, Request request) const
         }
     };
     Answer answer = guarded();
+    answer.route = route.method + ' ' + route.path;
     answer.brokenOff = route.refusal == Refusal::BrokenOff && answer.status >= Status::HTTP_BAD_REQUEST
         && answer.status != Status::HTTP_FORBIDDEN;
     return answer;

@@ -34,6 +34,9 @@ public:
     /// route that is.
     Answer answer(const Poco::Net::HTTPRequest &header, RequestBody &body, const std::string &peer) const;
 
+    /// Each as in "GET /api/1.0/files/{}".
+    std::vector<std::string> routes() const;
+
 private:
     struct Route {
         std::string method;

@@ -1,6 +1,7 @@
 #include "Storage/Maintenance.h"
 
 #include "Log.h"
+#include "Metrics.h"
 #include "Storage/Database.h"
 
 #include <chrono>
@@ -49,6 +50,7 @@ void Maintenance::applyRetention(std::int64_t now)
         for (const ExpiredReport &report : m_reports.reportsBeyondRetention(now)) {
             if (!m_reports.removeReport(report.id))
                 continue; // another receiver was faster
+            Metrics::instance().count(Metrics::Event::ReportDeleted);
             logEvent("report_expired",
                      {{"id", std::to_string(report.id)},
                       {"bundle_id", report.bundleId},

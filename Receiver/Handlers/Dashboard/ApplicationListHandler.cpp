@@ -34,7 +34,7 @@ Answer ArchivedHandler::handle(Request &request)
     if (const std::string fault = bundleIdFault(bundleId); !fault.empty())
         throw HttpError(Status::HTTP_BAD_REQUEST, fault);
     m_store.setArchived(bundleId, m_archived);
-    logEvent(m_archived ? "archived" : "unarchived", {{"bundle_id", bundleId}});
+    logEvent(m_archived ? "archived" : "unarchived", {{"peer", request.peer}, {"bundle_id", bundleId}});
     return {.status = Status::HTTP_NO_CONTENT};
 }
 

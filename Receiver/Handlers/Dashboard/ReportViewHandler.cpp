@@ -3,6 +3,7 @@
 #include "Handlers/Dashboard/ReportAddress.h"
 #include "Json.h"
 #include "Log.h"
+#include "Metrics.h"
 
 namespace wexel::receiver {
 
@@ -43,7 +44,8 @@ Answer ReportRemovalHandler::handle(Request &request)
     const std::int64_t id = reportIdFrom(request.parameter);
     if (!m_store.removeReport(id))
         failNoReport();
-    logEvent("report_removed", {{"id", std::to_string(id)}});
+    logEvent("report_removed", {{"peer", request.peer}, {"id", std::to_string(id)}});
+    Metrics::instance().count(Metrics::Event::ReportDeleted);
     return {.status = Status::HTTP_NO_CONTENT};
 }
 

@@ -42,7 +42,8 @@ Answer RetentionHandler::handle(Request &request)
     if (!m_store.setRetention(request.parameter, retention))
         throw HttpError(Status::HTTP_NOT_FOUND, "There is no such application");
     logEvent("retention_set",
-             {{"bundle_id", request.parameter},
+             {{"peer", request.peer},
+              {"bundle_id", request.parameter},
               {"max_age_days", shown(retention.maximumAgeDays)},
               {"max_bytes", shown(retention.maximumBytes)}});
     return {.status = Status::HTTP_NO_CONTENT};

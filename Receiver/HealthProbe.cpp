@@ -1,0 +1,62 @@
+#include "HealthProbe.h"
+
+#include "Log.h"
+
+namespace wexel::receiver {
+
+using namespace Poco::Data::Keywords;
+
+HealthProbe::HealthProbe(Database &database) : m_database(database), m_thread([this] { run(); }) { }
+
+HealthProbe::~HealthProbe()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isStopping = true;
+        m_changed.notify_all();
+    }
+    m_thread.join();
+}
+
+bool HealthProbe::isHealthy(std::chrono::milliseconds patience)
+{
+    std::unique_lock lock(m_mutex);
+    const std::uint64_t wanted = m_begun + 1;
+    m_asked = wanted;
+    m_changed.notify_all();
+    return m_changed.wait_for(lock, patience, [&] { return m_ended >= wanted; }) && m_succeeded;
+}
+
+void HealthProbe::run()
+{
+    std::unique_lock lock(m_mutex);
+    for (;;) {
+        m_changed.wait(lock, [this] { return m_isStopping || m_asked > m_begun; });
+        if (m_isStopping)
+            return;
+        ++m_begun;
+        lock.unlock();
+        const bool success = succeeds();
+        lock.lock();
+        m_ended = m_begun;
+        m_succeeded = success;
+        m_changed.notify_all();
+    }
+}
+
+/// Writes nothing, yet takes what writing takes: a database that can only be read stores no report.
+bool HealthProbe::succeeds()
+{
+    try {
+        m_database.write([](Poco::Data::Session &session) {
+            int one = 0;
+            session << "SELECT count(*) FROM administrator", into(one), now;
+        });
+        return true;
+    } catch (const std::exception &error) {
+        logEvent("health_failed", {{"error", error.what()}});
+        return false;
+    }
+}
+
+} // namespace wexel::receiver

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Storage/Database.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+namespace wexel::receiver {
+
+/// Tells whether the database can be written to at once. One thread asks it for everybody, so that a database that hangs
+/// holds no more than that. Every thread may use it.
+class HealthProbe
+{
+public:
+    /// \a database must outlive it.
+    explicit HealthProbe(Database &database);
+    ~HealthProbe();
+    HealthProbe(const HealthProbe &) = delete;
+    HealthProbe &operator=(const HealthProbe &) = delete;
+
+    /// Whether a round trip that began after the call succeeded within \a patience.
+    bool isHealthy(std::chrono::milliseconds patience);
+
+private:
+    void run();
+    bool succeeds();
+
+    Database &m_database;
+    std::mutex m_mutex; ///< guards all below but the thread
+    std::condition_variable m_changed;
+    std::uint64_t m_asked = 0; ///< number of the last round trip that somebody waits for
+    std::uint64_t m_begun = 0;
+    std::uint64_t m_ended = 0; ///< like m_begun, counts them
+    bool m_succeeded = false; ///< whether the last one that ended did
+    bool m_isStopping = false;
+    std::thread m_thread;
+};
+
+} // namespace wexel::receiver

@@ -1,0 +1,111 @@
+// An inbox in daily use: many reports, keys, small windows, and a receiver that is away for a while.
+
+import assert from 'node:assert/strict';
+import {after, before, test} from 'node:test';
+import {checkPage, checkWidth, logIn, openBrowser, openInbox, openPage} from './browser.mjs';
+import {picture, startReceiver} from './receiver.mjs';
+
+const number = 60;
+const phone = {width: 390, height: 844, hasTouch: true, isMobile: true};
+let browser;
+let receiver;
+let page;
+
+before(async () => {
+    [browser, receiver] = await Promise.all([openBrowser(), startReceiver()]);
+    for (let index = 1; index <= number; index++)
+        await send(`Report number ${index}`, {app_version: index % 2 ? '1.0' : '2.0'});
+    page = await openInbox(browser, receiver);
+});
+after(async () => {
+    await browser?.close();
+    await receiver?.stop();
+});
+
+const send = (description, more = {}) => receiver.library.send({description, device: 'x86_64', ...more}, {screenshot: picture});
+const focused = () => page.evaluate(() => document.activeElement.querySelector('.row-summary')?.textContent);
+const heading = (text) => page.getByRole('heading', {name: text, level: 1, exact: true}).waitFor();
+
+test('the whole journey goes by keys, and comes back to where it began', async () => {
+    for (const key of ['j', 'j', 'ArrowDown', 'k'])
+        await page.keyboard.press(key);
+    assert.equal(await focused(), `Report number ${number - 1}`);
+    await page.keyboard.press('Enter');
+    await heading(`Report number ${number - 1}`);
+    await page.waitForSelector('[aria-label="Older report"][href]');
+    await page.keyboard.press('j');
+    await heading(`Report number ${number - 2}`);
+    await page.waitForSelector('[aria-label="Newer report"][href]');
+    await page.keyboard.press('k');
+    await heading(`Report number ${number - 1}`);
+    await page.keyboard.press('?');
+    await page.getByRole('heading', {name: 'Keys'}).waitFor();
+    await page.keyboard.press('Escape');
+    await page.getByRole('heading', {name: 'Keys'}).waitFor({state: 'detached'});
+    await page.keyboard.press('Escape');
+    await page.locator('.row').first().waitFor();
+    assert.equal(await focused(), `Report number ${number - 1}`);
+});
+
+test('filters and pages are steps of the history', async () => {
+    await page.getByLabel('Next page').click();
+    await page.getByText('51–60 of 60').waitFor();
+    await page.getByLabel('Version').selectOption('2.0');
+    await page.getByText('30 reports').waitFor();
+    await page.goBack();
+    await page.getByText('51–60 of 60').waitFor();
+    await page.goBack();
+    await page.getByText('1–50 of 60').waitFor();
+});
+
+test('what arrives while the list is scrolled waits for a key', async () => {
+    await page.evaluate(() => scrollTo(0, 1000));
+    await send('Just arrived');
+    await page.getByRole('button', {name: '1 new report'}).waitFor();
+    assert.equal(await page.evaluate(() => scrollY), 1000);
+    await page.keyboard.press('n');
+    await page.locator('.row.is-new', {hasText: 'Just arrived'}).waitFor();
+});
+
+test('a receiver that is away is said to be, and the list goes on by itself', async () => {
+    await page.context().setOffline(true);
+    await page.getByText('The receiver does not answer.').waitFor();
+    await send('Sent in the meantime');
+    await page.context().setOffline(false);
+    await page.locator('.row', {hasText: 'Sent in the meantime'}).waitFor();
+    await page.locator('.connection').waitFor({state: 'hidden'});
+    await checkPage(page);
+});
+
+test('nothing is wider than a phone', async () => {
+    const small = await openInbox(browser, receiver, phone);
+    for (const [place, sign] of [['reports', '.row'], ['reports/1', '.facts'], ['applications', '.cards'], ['clients', '.cards'], ['account', '.panel']]) {
+        await small.goto(`${receiver.dashboard}#/${place}`);
+        await small.locator(sign).first().waitFor();
+        await checkWidth(small);
+    }
+    await checkPage(small);
+    await small.context().close();
+});
+
+test('the page is there soon', async (t) => {
+    await page.goto(receiver.dashboard);
+    await page.reload();
+    await page.locator('.row').nth(49).waitFor();
+    const [loaded, shown] = await page.evaluate(() => [performance.getEntriesByType('navigation')[0].domContentLoadedEventEnd, performance.now()]);
+    t.diagnostic(`DOMContentLoaded after ${Math.round(loaded)} ms, a list of 50 reports seen after ${Math.round(shown)} ms`);
+    assert.ok(shown < 10000);
+});
+
+test('who guesses passwords has to wait, and is told how long', async () => {
+    const guessing = await openPage(browser, receiver);
+    for (let attempt = 0; attempt < 6 && await guessing.getByText(/Too many attempts/).count() === 0; attempt++) {
+        const answered = guessing.waitForResponse(/api\/session$/);
+        await logIn(guessing, `guess ${attempt}`);
+        await (await answered).finished();
+        await guessing.getByText(/not the password|Too many attempts/).waitFor();
+    }
+    await guessing.getByText(/Too many attempts. Try again in \d+ s/).waitFor();
+    assert.ok(await guessing.getByRole('button', {name: 'Log in'}).isDisabled());
+    await checkPage(guessing);
+});

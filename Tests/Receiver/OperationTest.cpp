@@ -1,0 +1,88 @@
+#include "Support/TestReceiver.h"
+
+#include "Storage/Database.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::HasSubstr;
+
+class OperationTest : public ReceiverTest
+{
+protected:
+    /// All samples; every line must be a comment or a name with a number.
+    static std::map<std::string, double> samples(const std::string &text)
+    {
+        const std::string prefix = "wexel_receiver_";
+        std::map<std::string, double> values;
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);) {
+            EXPECT_THAT(line,
+                        testing::MatchesRegex("# (HELP|TYPE) wexel_receiver_[a-z_]+ .+|wexel_receiver_[a-z_]+"
+                                              "(\\{([a-z]+=\"[^\"\\]+\",?)+\\})? [0-9.]+"));
+            const std::size_t blank = line.rfind(' ');
+            const std::string name = line.substr(0, blank);
+            if (!line.starts_with('#') && blank != line.npos)
+                values[name.substr(std::min(prefix.size(), name.size()))] = std::atof(line.c_str() + blank);
+        }
+        return values;
+    }
+};
+
+TEST_F(OperationTest, CountsWhatItDoes)
+{
+    start();
+    Client client = receiver->client();
+    client.upload("a", std::string(1000, 'x'));
+    client.sendReport(R"({"description":"one"})");
+    client.sendReport(R"({"description":"one"})");
+    client.sendReport(R"({"description":"two"})");
+    Client administrator = receiver->administrator();
+    administrator.signIn("a wrong password");
+    administrator.request("DELETE", "/dashboard/api/reports/1");
+    administrator.request("GET", "/no\"where");
+    const Reply reply = receiver->stranger().request("GET", "/metrics");
+    EXPECT_EQ(reply.header.getContentType(), "text/plain; version=0.0.4; charset=utf-8");
+    auto values = samples(reply.body);
+    const auto requests = [&](const std::string &route, int status) {
+        return values["requests_total{route=\"" + route + "\",status=\"" + std::to_string(status) + "\"}"];
+    };
+    EXPECT_EQ(requests("POST api/1.0/files", 200), 1);
+    EXPECT_EQ(requests("POST api/1.0/issue_tracking/apps/{}", 200), 3);
+    EXPECT_EQ(requests("POST dashboard/api/session", 401), 1);
+    EXPECT_EQ(values["reports_stored_total"], 2);
+    EXPECT_EQ(values["reports_repeated_total"], 1);
+    EXPECT_EQ(values["reports_deleted_total"], 1);
+    EXPECT_EQ(values["sign_in_failures_total"], 1);
+    EXPECT_EQ(values["storage_failures_total"], 0);
+    EXPECT_EQ(values["connections"], 3);
+    EXPECT_GT(values["received_bytes_total"], 1000);
+    EXPECT_EQ(values["request_duration_seconds_count"],
+              values["request_duration_seconds_bucket{le=\"+Inf\"}"]);
+    EXPECT_GE(values["request_duration_seconds_count"], 8);
+    EXPECT_THAT(reply.body, testing::Not(HasSubstr(bundleId)));
+}
+
+TEST_F(OperationTest, TellsWhetherItCouldStore)
+{
+    start();
+    Client client = receiver->stranger();
+    const auto health = [&] { return client.request("GET", "/healthz"); };
+    EXPECT_EQ(health().text("status"), "ok");
+    {
+        using namespace wexel::receiver;
+        Database other(data / "receiver.sqlite", Database::Mode::Write);
+        other.write([&](Poco::Data::Session &) {
+            const auto asked = std::chrono::steady_clock::now();
+            EXPECT_EQ(health().status, 503) << "while another process keeps the database";
+            EXPECT_LT(std::chrono::steady_clock::now() - asked, std::chrono::seconds(5));
+        });
+    }
+    Reply reply = health();
+    for (int i = 0; i < 10 && reply.status != 200; ++i) // The one that waited is asked for first.
+        reply = health();
+    EXPECT_EQ(reply.status, 200);
+}
+
+} // namespace
