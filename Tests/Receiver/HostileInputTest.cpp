@@ -118,4 +118,50 @@ TEST_F(HostileInputTest, UnderstandsChunksAndExpectations)
     EXPECT_TRUE(readUntilClosed(refused).value_or("open").starts_with("HTTP/1.1 401"));
 }
 
+TEST_F(HostileInputTest, AnswersPeersThatHaveSentTheirLast)
+{
+    start();
+    const std::string form = "POST /auth/oauth2/token HTTP/1.1\r\nContent-Length: "
+        + std::to_string(credentials.size()) + "\r\n\r\n" + credentials;
+    auto whole = receiver->connect();
+    send(whole, form);
+    whole.shutdownSend();
+    EXPECT_TRUE(readUntilClosed(whole).value_or("open").starts_with("HTTP/1.1 200"));
+    for (std::size_t length : {form.size() - 1, form.size() - credentials.size(), std::size_t(40)}) {
+        auto cut = receiver->connect();
+        send(cut, form.substr(0, length));
+        cut.shutdownSend();
+        const auto answer = readUntilClosed(cut);
+        ASSERT_TRUE(answer) << "the receiver waits for what can't come";
+        EXPECT_TRUE(answer->empty() || answer->starts_with("HTTP/1.1 400")) << *answer;
+    }
+    EXPECT_EQ(receiver->client().sendReport("{}").status, 200);
+}
+
+TEST_F(HostileInputTest, AnswersPipelinedRequestsInTheirOrder)
+{
+    start();
+    const std::string token = receiver->client().token;
+    std::string requests;
+    for (int i = 1; i <= 20; ++i) {
+        const std::string report = R"({"description":")" + std::to_string(i) + "\"}";
+        requests += "POST /api/1.0/issue_tracking/apps/a HTTP/1.1\r\nAuthorization: Bearer " + token
+            + "\r\nContent-Length: " + std::to_string(report.size()) + "\r\n\r\n" + report;
+    }
+    // What follows a body that was refused unread must not be taken for a request.
+    const std::string smuggled = "GET /healthz HTTP/1.1\r\n\r\n";
+    requests += "POST /api/1.0/files HTTP/1.1\r\nContent-Length: " + std::to_string(smuggled.size())
+        + "\r\n\r\n" + smuggled;
+    auto socket = receiver->connect();
+    send(socket, requests);
+    const std::string answers = readUntilClosed(socket).value_or("open");
+    std::size_t position = 0;
+    for (int i = 1; i <= 20; ++i) {
+        position = answers.find("{\"id\":" + std::to_string(i) + "}", position);
+        ASSERT_NE(position, answers.npos) << i;
+    }
+    EXPECT_NE(answers.find("HTTP/1.1 401", position), answers.npos);
+    EXPECT_EQ(answers.find("\"status\""), answers.npos);
+}
+
 } // namespace
