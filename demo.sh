@@ -48,7 +48,7 @@ step "Starting the receiver"
 [ "$mode" != --auto ] || own_home
 start_receiver
 set_api_url "$receiver_url"
-say "  Receiver at $receiver_url"
+say "  Receiver at $receiver_url, where its dashboard is too (password $dashboard_password)"
 
 case "$mode" in
 --auto)

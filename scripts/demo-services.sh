@@ -66,13 +66,17 @@ listening() {
 
 plist_value() { sed -n "/<key>$1<\/key>/{n;s/.*<string>\(.*\)<\/string>.*/\1/p}" "$2"; }
 
-# start_receiver [PORT]: sets receiver_url; a free port unless one is given. Knows the clients of all demos.
+# start_receiver [PORT]: sets receiver_url and dashboard_password; a free port unless one is given. Knows the clients of all
+# demos.
 start_receiver() {
-    local plist clients=()
+    local plist clients=() password_file=$data/dashboard-password
+    [ -s "$password_file" ] || (umask 077 && head -c 12 /dev/urandom | base64 >"$password_file")
+    dashboard_password=$(cat "$password_file")
     for plist in "$root"/Demo/*/Info.plist; do
         clients+=(--client="$(plist_value APIClientID "$plist"):$(plist_value APIClientSecret "$plist")")
     done
-    launch receiver "$prefix/bin/wexel-receiver" --data="$data/receiver" --listen="127.0.0.1:${1:-0}" "${clients[@]}"
+    launch receiver "$prefix/bin/wexel-receiver" --data="$data/receiver" --listen="127.0.0.1:${1:-0}" \
+        --admin-password-file="$password_file" "${clients[@]}"
     receiver_url=$(listening receiver)
 }
 

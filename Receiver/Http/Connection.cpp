@@ -13,6 +13,7 @@
 
 namespace wexel::receiver {
 
+using Poco::Net::HTTPMessage;
 using Poco::Net::HTTPServerRequestImpl;
 using Poco::Net::HTTPServerResponseImpl;
 using Poco::Net::HTTPServerSession;
@@ -73,14 +74,14 @@ bool hasBody(Status status)
 /// Chunks where the peer knows of them; otherwise the body ends with the connection.
 bool endsWithConnection(const HTTPServerRequestImpl &request, const Answer &answer)
 {
-    return answer.writer && request.getVersion() == Poco::Net::HTTPMessage::HTTP_1_0;
+    return answer.writer && request.getVersion() == HTTPMessage::HTTP_1_0;
 }
 
 void setLength(HTTPServerResponseImpl &response, const Answer &answer)
 {
     const std::uint64_t size = answer.file ? answer.file->size : answer.body.size();
     if (answer.writer)
-        response.setChunkedTransferEncoding(response.getVersion() != Poco::Net::HTTPMessage::HTTP_1_0);
+        response.setChunkedTransferEncoding(response.getVersion() != HTTPMessage::HTTP_1_0);
     else if (hasBody(answer.status))
         response.setContentLength64(static_cast<Poco::Int64>(size + (answer.brokenOff ? 1 : 0)));
 }
@@ -183,13 +184,16 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
                           Watchdog::Watch &watch)
 {
     const auto started = Watchdog::Clock::now();
-    response.setVersion(request.getVersion());
+    response.setVersion(request.getVersion() == HTTPMessage::HTTP_1_0 ? HTTPMessage::HTTP_1_0
+                                                                      : HTTPMessage::HTTP_1_1);
     std::optional<RequestBody> body;
     Answer answer;
     try {
         // The header of a slow request may have been cut short, so it is not to be trusted.
         if (watch.expired())
             throw HttpError(Status::HTTP_REQUEST_TIMEOUT, tooSlow);
+        if (request.getVersion() != response.getVersion())
+            throw HttpError(Status::HTTP_VERSION_NOT_SUPPORTED, "The version must be HTTP/1.1 or HTTP/1.0");
         body.emplace(request, response, watch);
         answer = m_service.router.answer(request, *body, m_peer);
     } catch (const HttpError &error) {
@@ -225,7 +229,7 @@ void Connection::sendUnasked(HTTPServerSession &session, Answer answer) const
     logEvent("request_refused", {{"peer", m_peer}, {"status", std::to_string(answer.status)}});
     Metrics::instance().countRequest({}, answer.status, {}, 0);
     HTTPServerResponseImpl response(session);
-    response.setVersion(Poco::Net::HTTPMessage::HTTP_1_1);
+    response.setVersion(HTTPMessage::HTTP_1_1);
     response.setKeepAlive(false);
     send(response, answer);
 }

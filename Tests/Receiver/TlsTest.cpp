@@ -53,6 +53,11 @@ TEST_F(TlsTest, ServesOverTls)
     EXPECT_TRUE(url.starts_with("https://"));
     EXPECT_EQ(client.request("GET", Poco::URI(url).getPath()).body, bytes);
     EXPECT_EQ(client.sendReport("{}").status, 200);
+    const Reply signedIn = client.signIn(receiver->password());
+    EXPECT_TRUE(signedIn.header.get("Set-Cookie", "").starts_with("__Host-wexel_session="));
+    EXPECT_TRUE(signedIn.header.get("Set-Cookie", "").find("; Secure") != std::string::npos);
+    EXPECT_TRUE(signedIn.header.has("Strict-Transport-Security"));
+    EXPECT_EQ(client.request("GET", "/dashboard/api/session").status, 200);
     // Whoever speaks plain HTTP, or leaves in the middle of the handshake, disturbs nobody.
     auto plain = receiver->connect();
     send(plain, "GET / HTTP/1.1\r\n\r\n");
