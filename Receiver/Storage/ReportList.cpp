@@ -176,6 +176,8 @@ ReportPage SqlReportStore::page(const ReportQuery &query)
         Conditions conditions = conditionsOf(query);
         page.total = countRows(session, conditions);
         session << "SELECT coalesce(max(id), 0) FROM reports", into(page.newest), now;
+        if ((query.page - 1) * query.size >= page.total)
+            return;
         const std::string where = conditions.text();
         const std::string limit = " LIMIT " + conditions.value(query.size);
         const std::string offset = " OFFSET " + conditions.value((query.page - 1) * query.size);
