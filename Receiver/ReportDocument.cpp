@@ -1,6 +1,7 @@
 #include "ReportDocument.h"
 
 #include "Http/HttpError.h"
+#include "Text.h"
 
 #include <Poco/Crypto/DigestEngine.h>
 #include <Poco/JSON/Handler.h>
@@ -122,6 +123,9 @@ ReportDocument readReportDocument(const std::string &json)
     }
     if (!reader->isObject)
         fail("The report must be a JSON object");
+    // The parser lets some of it pass, and not every database takes it.
+    if (json.find('\0') != json.npos || !isUtf8(json))
+        fail("The report is not UTF-8 text");
     return reader->take();
 }
 

@@ -1,6 +1,7 @@
 #include "Storage/ReportListing.h"
 
 #include "ReportDocument.h"
+#include "Storage/ReportDigest.h"
 
 #include <Poco/String.h>
 #include <Poco/UTF8String.h>
@@ -48,13 +49,13 @@ std::string firstLine(const std::string &text)
     return trimmed.substr(0, trimmed.find_first_of("\r\n"));
 }
 
-/// The facts of a report that was taken by a version that looked less closely may not be had.
-ReportFacts factsOf(const std::string &json)
+/// What a version that looked less closely took may not be readable.
+NewReport readLeniently(const std::string &bundleId, const std::string &json)
 {
     try {
-        return readReportDocument(json).facts;
+        return newReport(bundleId, json, 0);
     } catch (const std::exception &) {
-        return {};
+        return {bundleId, json, "", {}};
     }
 }
 
@@ -64,7 +65,11 @@ void describeStored(Session &session, std::int64_t id)
     std::string bundleId;
     session << "SELECT bundle_id, json FROM reports JOIN report_documents ON report_id = id WHERE id = $1",
         into(bundleId), into(json), bind(id), now;
-    describe(session, id, bundleId, factsOf(json), json.size());
+    const NewReport report = readLeniently(bundleId, json);
+    describe(session, id, bundleId, report.facts, json.size());
+    const ReportDigest digest(session, report);
+    if (!digest.find(session))
+        digest.insert(session, id);
 }
 
 } // namespace
