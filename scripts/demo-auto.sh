@@ -250,5 +250,5 @@ run_auto() {
     say "Done: two reports sent, two received."
     say "The received screenshot:   $data/received-screenshot.jpg"
     say "Pictures of every screen:  $data/1-menu.png to 7-banner.png"
-    say "The receiver's folder:     $data/receiver (wexel-receiver reports --data $data/receiver)"
+    say "The reports in a browser:  $prefix/bin/wexel-receiver --data $data/receiver; the password is $dashboard_password"
 }

@@ -11,7 +11,8 @@ export function el(description, attributes = {}, ...children) {
     }
     const [tag, ...classes] = description.split('.');
     const element = document.createElement(tag || 'div');
-    element.classList.add(...classes);
+    if (classes.length)
+        element.className = classes.join(' ');
     for (const [name, value] of Object.entries(attributes))
         set(element, name, value);
     element.append(...flat(children));

@@ -40,7 +40,7 @@ function timeCell(time, end) {
 function requestRows(request, end, point) {
     const detail = el('tr.detail', {hidden: true}, el('td', {colspan: 6}));
     const toggle = el('button.quiet.square', {type: 'button', 'aria-expanded': 'false', 'aria-label': 'Headers and bodies'}, icon('next'));
-    const row = el('tr.request', {dataset: {time: request.time}, className: request.failed ? 'request is-failed' : 'request',
+    const row = el('tr.request', {dataset: {time: request.time}, className: `request ${outcome(request)}`,
         onpointerenter: () => point(request.time), onclick: switchDetail},
     timeCell(request.time, end), el('td.method', quoted(visible(request.method, 20))),
     el('td', el('span.status', quoted(visible(request.status, 20) || 'none'))),
@@ -55,6 +55,10 @@ function requestRows(request, end, point) {
         toggle.setAttribute('aria-expanded', String(!detail.hidden));
     }
     return [row, detail];
+}
+
+function outcome({failed, unanswered}) {
+    return failed ? 'is-failed' : unanswered ? 'is-unanswered' : '';
 }
 
 function requestDetail(request) {

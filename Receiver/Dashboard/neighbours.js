@@ -11,18 +11,18 @@ export async function neighboursOf(id, received, parameters, signal) {
     const inList = {newer: ids[at - 1] ?? null, older: at < 0 ? null : ids[at + 1] ?? null};
     if ((inList.newer && inList.older) || !order(parameters).endsWith('received'))
         return inList;
-    const byTime = {newer: await nearest(id, 'received', {from: received}, parameters, signal),
-        older: await nearest(id, '-received', {to: received + 1}, parameters, signal)};
+    const byTime = {newer: await nearest(id, received, 'received', {from: received}, parameters, signal),
+        older: await nearest(id, received, '-received', {to: received + 1}, parameters, signal)};
     return order(parameters) === '-received' ? byTime : {newer: byTime.older, older: byTime.newer};
 }
 
 /// Of those that arrived in the same millisecond, the ids tell the order.
-async function nearest(id, sort, limits, parameters, signal) {
+async function nearest(id, received, sort, limits, parameters, signal) {
     const query = filterQuery(parameters);
     for (const [name, value] of Object.entries(limits))
         query.set(name, value);
     query.set('sort', sort);
     query.set('size', 10);
     const {reports} = await get('reports?' + query, signal);
-    return reports.find((report) => sort === 'received' ? report.id > id : report.id < id)?.id ?? null;
+    return reports.find((report) => report.received !== received || (sort === 'received' ? report.id > id : report.id < id))?.id ?? null;
 }

@@ -3,6 +3,7 @@
 import {batteryLevel, usage} from './facts.js';
 import {duration, megabytes, percent, plural} from './format.js';
 import {asNumber, visible} from './text.js';
+import {tapText} from './timelineLanes.js';
 
 const lowBattery = 0.15;
 const littleFree = 0.05;
@@ -17,12 +18,13 @@ export function noticesOf(report, records, end) {
 
 function requests({requests: all}, end) {
     const failed = all.filter((request) => request.failed);
-    if (failed.length === 0)
-        return [];
+    const unanswered = all.filter((request) => request.unanswered);
     const last = failed.at(-1);
-    const status = last.status && last.status !== '0' ? visible(last.status, 20) : 'without an answer';
-    return [{level: 'bad', time: last.time, target: 'requests',
-        text: `${failed.length} of ${plural(all.length, 'request')} failed, the last ${status}, ${duration(Math.max(0, end - last.time))} before`}];
+    return [
+        last && {level: 'bad', time: last.time, text: `${failed.length} of ${plural(all.length, 'request')} failed, the last with `
+            + `${visible(last.status, 20)}, ${duration(Math.max(0, end - last.time))} before`},
+        unanswered.length && {level: 'warn', time: unanswered.at(-1).time, text: `${plural(unanswered.length, 'request')} without an answer`},
+    ].filter(Boolean);
 }
 
 function offline(report, {network}, end) {
@@ -59,12 +61,8 @@ function battery(report) {
     return level !== null && level <= lowBattery && !charging ? [{level: 'warn', text: `Battery ${percent(level)}`}] : [];
 }
 
+/// Taps on the reporting itself tell nothing of what went wrong.
 function lastTap({taps}, end) {
-    const tap = taps.findLast(({time}) => time <= end);
-    if (!tap)
-        return [];
-    const what = [tap.property, tap.className].find(Boolean);
-    const where = tap.view ? ` in ${visible(tap.view, 60)}` : '';
-    return [{level: 'plain', time: tap.time, target: 'taps',
-        text: `Last tap: ${visible(what ?? 'something', 60)}${where}, ${duration(end - tap.time)} before`}];
+    const tap = taps.findLast(({time, view}) => time <= end && view !== 'Wexel');
+    return tap ? [{level: 'plain', time: tap.time, text: `${tapText(tap).replace('Tap', 'Last tap')}, ${duration(end - tap.time)} before`}] : [];
 }

@@ -8,6 +8,7 @@ import {axisLane, bandLane, requestLane, requestText, sessionMarks, tapLane, tap
 import {sampleAt, timelineModel} from './timelineModel.js';
 
 const nearby = 8; // pixels: what the cross-hair says is at its place
+const worthMore = 5000; // milliseconds before the black box for which there is a button
 
 /// {element, draw(), point(time)}, or null when there is nothing to draw. `draw` once it is in the document.
 export function buildTimeline(records, end, signal) {
@@ -24,15 +25,14 @@ export function buildTimeline(records, end, signal) {
     const lanes = [model.requests.length && requestLane(model.requests, choose), model.taps.length && tapLane(model.taps, choose),
         ...model.bands.map(bandLane), axisLane()].filter(Boolean);
     const canvases = model.curves.map(chartCanvas);
-    const all = el('button.small', {type: 'button', 'aria-pressed': 'false', onclick: () => isAll() ? setSpan(model.from, model.to) : setSpan(model.first, model.to)}, 'All sessions');
+    const all = el('button.small', {type: 'button', 'aria-pressed': 'false', onclick: () => isAll() ? setSpan(model.from, model.to) : setSpan(model.first, model.to)}, 'Everything');
     const whole = el('button.small', {type: 'button', hidden: true, onclick: () => setSpan(model.from, model.to)}, 'Whole black box');
 
     cursor.layer.prepend(...sessions.elements);
-    fill(stack, model.curves.map((curve, index) => line(curve.name, valueOf(curve), el('.track.is-curve', canvases[index],
-        el('span.limit.is-most', curve.format(curve.most)), curve.most > curve.least && el('span.limit.is-least', curve.format(curve.least))))),
+    fill(stack, model.curves.map((curve, index) => line(curve.name, [valueOf(curve), el('span.lane-range', rangeOf(curve))], el('.track.is-curve', canvases[index]))),
         lanes.map(({name, track}) => line(name, null, track)), cursor.layer);
     const element = el('section.part.timeline', el('.timeline-head', el('h2', 'Black box'), readout, whole,
-        model.first < model.from - 1000 && all), stack);
+        model.first < model.from - worthMore && all), stack);
     describe(null);
 
     function valueOf(curve) {
@@ -109,6 +109,11 @@ export function buildTimeline(records, end, signal) {
     }
 
     return {element, draw, point: cursor.place};
+}
+
+function rangeOf({least, most, format}) {
+    const [from, to] = [format(least), format(most)];
+    return from === to ? '' : `${from} – ${to}`;
 }
 
 /// At the cross-hair, else the last one.

@@ -21,7 +21,7 @@ export function tapLane(taps, choose) {
 }
 
 export function requestLane(requests, choose) {
-    const marks = requests.map((request) => el('button', {type: 'button', tabIndex: -1, className: request.failed ? 'request-mark is-failed' : 'request-mark',
+    const marks = requests.map((request) => el('button', {type: 'button', tabIndex: -1, className: `request-mark ${request.failed ? 'is-failed' : request.unanswered ? 'is-unanswered' : ''}`,
         'aria-label': requestText(request), title: requestText(request), onclick: () => choose('requests', request.time)}));
     const row = rowsOf(requests);
     marks.forEach((mark, index) => { mark.style.top = `${row[index] * 5}px`; });
@@ -47,7 +47,8 @@ export function axisLane() {
 }
 
 export function tapText(tap) {
-    return `Tap on ${visible([tap.property, tap.className].filter(Boolean).join(', ') || 'something', 80)}${tap.view ? ` in ${visible(tap.view, 60)}` : ''}`;
+    const what = visible([tap.property, tap.className].filter(Boolean).join(', '), 80);
+    return ['Tap', what && `on ${what}`, tap.view && `in ${visible(tap.view, 60)}`].filter(Boolean).join(' ');
 }
 
 export function requestText(request) {

@@ -46,7 +46,8 @@ function requestOf(record) {
     return {
         method: asText(record.method),
         status,
-        failed: status === '' || status === '0' || Number(status) >= 400,
+        failed: Number(status) >= 400,
+        unanswered: status === '' || status === '0', // yet, or for ever: the report does not tell
         url: asText(record.url),
         duration: seconds === null || seconds < 0 ? null : seconds * 1000,
         requestHeaders: asObject(record.request_headers),

@@ -41,7 +41,7 @@ export async function openPage(browser, receiver, {width = 1440, height = 900, .
 }
 
 export async function logIn(page, word = password) {
-    await page.getByLabel('Password').fill(word);
+    await page.getByLabel('Password', {exact: true}).fill(word);
     await page.getByRole('button', {name: 'Log in'}).click();
 }
 

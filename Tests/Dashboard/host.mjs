@@ -26,13 +26,14 @@ export async function installHost(folder, receiverUrl, {id, secret}) {
     return join(folder, 'bin', basename(program));
 }
 
-/// Runs it until it ends; rejects with what it printed unless it ended well.
+/// Runs it until it ends, for a minute at most; rejects with what it printed unless it ended well.
 export function runHost(program, folder, ...commands) {
     const environment = {...process.env, HOME: join(folder, 'home'), XDG_DATA_HOME: join(folder, 'home/data'),
         XDG_CONFIG_HOME: join(folder, 'home/config'), QT_QPA_PLATFORM: 'offscreen', QT_FORCE_STDERR_LOGGING: '1'};
-    const host = spawn(program, commands, {env: environment, stdio: ['ignore', 'pipe', 'inherit']});
+    const host = spawn(program, commands, {env: environment, stdio: ['ignore', 'pipe', 'pipe'], timeout: 60000});
     const lines = [];
-    createInterface({input: host.stdout}).on('line', (line) => lines.push(line));
+    for (const input of [host.stdout, host.stderr])
+        createInterface({input}).on('line', (line) => lines.push(line));
     return new Promise((resolve, reject) =>
-        host.once('close', (code) => code === 0 ? resolve(lines) : reject(new Error(`the host ended with ${code}:\n${lines.join('\n')}`))));
+        host.once('close', (code, signal) => code === 0 ? resolve(lines) : reject(new Error(`the host ended with ${code ?? signal}:\n${lines.join('\n')}`))));
 }

@@ -12,7 +12,6 @@
 namespace {
 
 using Operation = ApiDescription::Operation;
-using testing::HasSubstr;
 
 class OpenApiTest : public ReceiverTest
 {
@@ -27,7 +26,7 @@ protected:
         const std::string sent = body                  ? *body
             : replacements.contains(operation.route()) ? replacements.at(operation.route())
                                                        : operation.exampleBody();
-        const Reply reply = type == "multipart/form-data" && !body
+        Reply reply = type == "multipart/form-data" && !body
             ? client.upload("a.txt", "text")
             : client.request(operation.method, path + query, sent, type.empty() ? "application/json" : type);
         EXPECT_EQ(description.fault(operation, reply.status, reply.header.getContentType(), reply.body), "")
