@@ -10,7 +10,7 @@ import {resetKeys} from './keyboard.js';
 import {showLogin} from './login.js';
 import {showReport} from './report.js';
 import {current, onRoute} from './router.js';
-import {buildShell, refreshApplications} from './shell.js';
+import {buildShell, connectionLine, refreshApplications} from './shell.js';
 
 const pages = {applications: showApplications, clients: showClients, account: showAccount};
 let shell = null;
@@ -54,6 +54,7 @@ function enter(session) {
 async function begin() {
     onRoute((route) => shell && show(route));
     connection.addEventListener('logged-out', () => shell && askForPassword());
+    fill(document.body, connectionLine());
     try {
         enter(await get('session'));
     } catch {

@@ -72,7 +72,8 @@ function shortName({bundle_id: bundleId}, applications) {
     return visible(isAlone && end.length > 2 ? end.replace('.', '') : bundleId, 100);
 }
 
-function connectionLine() {
+/// Hidden unless the receiver is away.
+export function connectionLine() {
     const line = el('p.connection', {role: 'status', hidden: true});
     connection.addEventListener('trouble', ({detail}) => {
         line.hidden = false;
