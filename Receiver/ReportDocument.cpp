@@ -104,10 +104,11 @@ private:
     std::string m_innerKey;
 };
 
-/// The id in the address of one of our files: its last segment.
+/// The id in the address of one of our files: its last segment. Empty if it can't be one, whatever else it says.
 std::string fileId(const std::string &address)
 {
-    return address.substr(address.rfind('/') + 1);
+    const std::string id = address.substr(address.rfind('/') + 1);
+    return isId(id) ? id : std::string();
 }
 
 } // namespace

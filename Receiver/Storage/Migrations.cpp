@@ -57,6 +57,8 @@ const std::vector<Step> &steps()
              "ALTER TABLE reports ADD COLUMN search TEXT NOT NULL DEFAULT ''",
              "CREATE INDEX reports_received ON reports (received, id)",
              "CREATE INDEX reports_bundle_id ON reports (bundle_id, received, bytes)",
+             "CREATE INDEX reports_app_version ON reports (app_version)",
+             "CREATE INDEX reports_device ON reports (device)",
              "ALTER TABLE applications ADD COLUMN max_age_days INTEGER",
              "ALTER TABLE applications ADD COLUMN max_bytes INTEGER",
              // The name of a file's bytes; several files had one in the versions before.

@@ -80,8 +80,8 @@ void rollBack(Session &session)
     }
 }
 
-/// False if it lost a race and may try again.
-bool attempt(SessionPool &pool, const std::string &opening, const Database::Work &work)
+/// False if it lost a race and may try again, unless it is the last time.
+bool attempt(SessionPool &pool, const std::string &opening, const Database::Work &work, bool isLast)
 {
     SessionPool::Loan loan(pool);
     begin(loan, opening);
@@ -91,7 +91,7 @@ bool attempt(SessionPool &pool, const std::string &opening, const Database::Work
         return true;
     } catch (const Poco::Exception &error) {
         rollBack(loan.session());
-        if (!isLostRace(error))
+        if (isLast || !isLostRace(error))
             throw;
         return false;
     } catch (...) {
@@ -153,11 +153,8 @@ void PostgresDatabase::readSnapshot(const Work &work)
 void PostgresDatabase::run(const std::string &opening, const Work &work)
 {
     try {
-        for (int number = 1; !attempt(m_pool, opening, work); ++number) {
-            if (number == attempts)
-                throw StorageError(StorageError::Kind::Failed, "Too many others write the same");
+        for (int number = 1; !attempt(m_pool, opening, work, number == attempts); ++number)
             pauseBeforeAttempt(std::min(number, 6));
-        }
     } catch (const Poco::Exception &error) {
         fail(error);
     }

@@ -2,6 +2,7 @@
 
 #include "ReportDocument.h"
 #include "Storage/ReportDigest.h"
+#include "Text.h"
 
 #include <Poco/String.h>
 #include <Poco/UTF8String.h>
@@ -32,15 +33,13 @@ std::string cut(const std::string &text, std::size_t size)
     return text.substr(0, size);
 }
 
-/// At most \a length characters, none of them zero, which no database takes.
+/// At most \a length characters.
 std::string shortened(const std::string &text, std::size_t length)
 {
     std::size_t size = 0;
     while (size < text.size() && (isInsideCharacter(text[size]) || length-- > 0))
         ++size;
-    std::string result = text.substr(0, size);
-    std::erase(result, '\0');
-    return result;
+    return storable(text.substr(0, size));
 }
 
 std::string firstLine(const std::string &text)
@@ -76,9 +75,7 @@ void describeStored(Session &session, std::int64_t id)
 
 std::string searchText(const std::string &text, std::size_t size)
 {
-    std::string lower = cut(Poco::UTF8::toLower(cut(text, size)), size);
-    std::erase(lower, '\0');
-    return lower;
+    return cut(Poco::UTF8::toLower(cut(storable(text), size)), size);
 }
 
 void describe(Session &session, std::int64_t id, const std::string &bundleId, const ReportFacts &facts,

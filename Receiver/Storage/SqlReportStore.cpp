@@ -1,10 +1,9 @@
 #include "Storage/SqlReportStore.h"
 
-#include "Log.h"
 #include "Storage/FileRows.h"
 #include "Storage/ReportDigest.h"
 #include "Storage/ReportListing.h"
-#include "Storage/StorageError.h"
+#include "Text.h"
 
 #include <Poco/Data/RecordSet.h>
 
@@ -20,7 +19,7 @@ void insertApplication(Session &session, const Application &application)
 {
     session
         << "INSERT INTO applications (bundle_id, os, platform) VALUES ($1, $2, $3) ON CONFLICT DO NOTHING",
-        bind(application.bundleId), bind(application.os), bind(application.platform), now;
+        bind(application.bundleId), bind(storable(application.os)), bind(storable(application.platform)), now;
 }
 
 bool readArchived(Session &session, const std::string &bundleId)
@@ -105,6 +104,8 @@ void SqlReportStore::addFile(const StoredFile &file)
 std::optional<StoredFile> SqlReportStore::file(const std::string &id)
 {
     std::optional<StoredFile> file;
+    if (!isId(id))
+        return file;
     m_database.read([&](Session &session) { file = readFile(session, id); });
     return file;
 }

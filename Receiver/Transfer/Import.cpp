@@ -1,7 +1,7 @@
 #include "Transfer/Import.h"
 
 #include "ReportDocument.h"
-#include "Storage/StorageError.h"
+#include "Secrets.h"
 #include "Text.h"
 #include "Transfer/AccessRecords.h"
 #include "Transfer/Records.h"
@@ -17,6 +17,11 @@ namespace {
 
 constexpr std::size_t longestRecord = std::size_t(256) * 1024 * 1024;
 constexpr std::size_t longestReport = std::size_t(512) * 1024 * 1024;
+
+struct Received {
+    std::string location;
+    std::unique_ptr<IncomingFile> file;
+};
 
 class Importer
 {
@@ -86,9 +91,11 @@ private:
     {
         if (!isFileId(id))
             m_tar.fail("a file's id is wrong");
-        auto file = m_data.files().receive(id);
-        m_tar.read([&](std::string_view piece) { file->write(piece); });
-        m_files.insert_or_assign(id, std::move(file));
+        // Not under the id, where bytes may be that are in use.
+        Received received = {randomId(), nullptr};
+        received.file = m_data.files().receive(received.location);
+        m_tar.read([&](std::string_view piece) { received.file->write(piece); });
+        m_files.insert_or_assign(id, std::move(received));
     }
 
     void takeReport(const ReportRecord &record)
@@ -118,8 +125,10 @@ private:
                 m_tar.fail("a file is missing");
             return;
         }
-        if (incoming->second->size() != file.size || incoming->second->publish() != file.sha256)
+        Received &received = incoming->second;
+        if (received.file->size() != file.size || received.file->publish() != file.sha256)
             m_tar.fail("a file is damaged");
+        file.location = received.location;
         // Old ones without a report would be swept.
         file.received = currentMilliseconds();
         m_data.reports().addFile(file);
@@ -138,7 +147,7 @@ private:
     TarReader &m_tar;
     DataFolder &m_data;
     std::vector<ApplicationOverview> m_newApplications;
-    std::map<std::string, std::unique_ptr<IncomingFile>> m_files; ///< by id; of the next report
+    std::map<std::string, Received> m_files; ///< by id; of the next report
     std::string m_json; ///< of the next report
     bool m_isWhole = false;
     ImportResult m_result;

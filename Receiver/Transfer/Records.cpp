@@ -59,7 +59,6 @@ StoredFile fileOf(const Object::Ptr &object)
     file.name = cleanFileName(object->getValue<std::string>("name"));
     file.contentType = checkedType(object->getValue<std::string>("content_type"));
     file.size = object->getValue<Poco::UInt64>("size");
-    file.location = file.id;
     return file;
 }
 

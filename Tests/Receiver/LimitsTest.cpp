@@ -147,7 +147,9 @@ TEST_F(LimitsTest, ServesManyClientsAtOnce)
                 const std::string url
                     = client.upload("a", std::string(100000, static_cast<char>('a' + (i + k) % 20)))
                           .text("url");
-                sent += client.sendReport("{\"screenshot_url\":\"" + url + "\"}").status == 200 ? 1 : 0;
+                const std::string json = "{\"title\":\"" + std::to_string(i) + '/' + std::to_string(k)
+                    + "\",\"screenshot_url\":\"" + url + "\"}";
+                sent += client.sendReport(json).status == 200 ? 1 : 0;
             }
         });
     }

@@ -234,10 +234,18 @@ TEST_P(StorageTest, ServesWithIt)
     EXPECT_EQ(client.sendReport("{\"screenshot_url\":\"" + url + "\"}").status, 200);
     EXPECT_EQ(client.sendReport(std::string("{\"a\":\"\0\"}", 9)).status, 400);
     EXPECT_EQ(client.sendReport("{\"a\":\"\xed\xa0\x80\"}").status, 400);
+    EXPECT_EQ(
+        client.sendReport(R"({"screenshot_url":"/\u0000","files":[{"url":"/é"}],"description":"\u0000x"})")
+            .status,
+        200);
+    EXPECT_EQ(client.post("/api/1.0/issue_tracking/apps", R"({"bundle_id":"b","os":"\u0000","platform":""})")
+                  .status,
+              200);
     EXPECT_EQ(client.upload("\xed\xa0\x80", "x").status, 200);
+    EXPECT_EQ(client.request("GET", "/api/1.0/files/%ff%00").status, 404);
     ASSERT_TRUE(receiver.setArchived(true));
     EXPECT_EQ(client.sendReport("{}").status, 403);
-    EXPECT_EQ(receiver.reports()->size(), 1U);
+    EXPECT_EQ(receiver.reports()->size(), 2U);
     EXPECT_EQ(receiver.stop(), 0);
 }
 
