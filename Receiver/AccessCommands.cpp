@@ -95,7 +95,7 @@ int addClient(const Options &options, ClientStore &clients)
 
 int setPassword(const Options &options)
 {
-    DataFolder data(options.data, DataFolder::Access::Change);
+    DataFolder data(options.place, DataFolder::Access::Change);
     const std::string typed = typedPassword();
     const std::string password = typed.empty() ? randomPassword() : checkedPassword(typed);
     Administrator(data.database()).setPassword(password);
@@ -107,7 +107,7 @@ int setPassword(const Options &options)
 int manageClients(const Options &options)
 {
     constexpr const char *unknown = "There is no such client";
-    DataFolder data(options.data, DataFolder::Access::Change);
+    DataFolder data(options.place, DataFolder::Access::Change);
     ClientStore clients(data.database());
     if (options.clientAction == "add")
         return addClient(options, clients);

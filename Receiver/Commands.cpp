@@ -73,14 +73,14 @@ void printTable(DataFolder &data)
 
 int listReports(const Options &options)
 {
-    DataFolder data(options.data, DataFolder::Access::Read);
+    DataFolder data(options.place, DataFolder::Access::Read);
     options.json ? printAllJson(data) : printTable(data);
     return std::cout.flush() ? 0 : 1;
 }
 
 int setArchived(const Options &options, bool archived)
 {
-    DataFolder data(options.data, DataFolder::Access::Change);
+    DataFolder data(options.place, DataFolder::Access::Change);
     const bool known = data.reports().setArchived(options.bundleId, archived);
     std::cout << escaped(options.bundleId) << (archived ? " is archived" : " may send reports")
               << (known ? "" : " (it was not known before)") << '\n';

@@ -23,4 +23,10 @@ int setPassword(const Options &options);
 /// Adds, lists, rotates or revokes clients; a running server sees it at its next request. Secrets are printed once.
 int manageClients(const Options &options);
 
+/// Writes the reports (with the command backup: everything) to a file.
+int exportReports(const Options &options);
+
+/// Adds the reports of such a file.
+int importReports(const Options &options);
+
 } // namespace wexel::receiver

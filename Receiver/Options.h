@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Clients.h"
+#include "Storage/StoragePlace.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -18,12 +19,25 @@ class UsageError : public std::runtime_error
 
 /// What the command line asked for.
 struct Options {
-    enum class Command { Serve, Reports, Archive, Unarchive, Password, Client, Help, Version };
+    enum class Command {
+        Serve,
+        Reports,
+        Archive,
+        Unarchive,
+        Password,
+        Client,
+        Export,
+        Import,
+        Backup,
+        Help,
+        Version
+    };
 
     Command command = Command::Serve;
-    std::filesystem::path data;
+    StoragePlace place;
     std::string bundleId; ///< of archive and unarchive
     bool json = false; ///< of reports
+    std::string file; ///< of export, import and backup; "-" is the standard output or input
     std::string clientAction; ///< of client: add, list, rotate or revoke
     std::string clientId; ///< of client; empty with add: one is made up
     std::vector<std::string> bundleIds; ///< of client add

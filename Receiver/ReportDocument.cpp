@@ -1,6 +1,7 @@
 #include "ReportDocument.h"
 
 #include "Http/HttpError.h"
+#include "Text.h"
 
 #include <Poco/Crypto/DigestEngine.h>
 #include <Poco/JSON/Handler.h>
@@ -103,10 +104,11 @@ private:
     std::string m_innerKey;
 };
 
-/// The id in the address of one of our files: its last segment.
+/// The id in the address of one of our files: its last segment. Empty if it can't be one, whatever else it says.
 std::string fileId(const std::string &address)
 {
-    return address.substr(address.rfind('/') + 1);
+    const std::string id = address.substr(address.rfind('/') + 1);
+    return isId(id) ? id : std::string();
 }
 
 } // namespace
@@ -122,6 +124,9 @@ ReportDocument readReportDocument(const std::string &json)
     }
     if (!reader->isObject)
         fail("The report must be a JSON object");
+    // The parser lets some of it pass, and not every database takes it.
+    if (json.find('\0') != json.npos || !isUtf8(json))
+        fail("The report is not UTF-8 text");
     return reader->take();
 }
 

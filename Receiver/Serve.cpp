@@ -48,12 +48,12 @@ int serve(const Options &options)
     // Each digest holds one of these; were the last of them let go by one thread while another takes one, OpenSSL would be
     // torn down under it.
     const Poco::Crypto::OpenSSLInitializer openSsl;
-    DataFolder data(options.data, DataFolder::Access::Serve);
+    DataFolder data(options.place, DataFolder::Access::Serve);
     const HourlyMaintenance maintenance({data.files(), data.reports()});
     if (const auto password = setFirstPassword(options, data.database()))
         std::cout << "Dashboard password: " << *password << std::endl;
     Server server(options, data);
-    logEvent("started", {{"url", server.url()}, {"data", options.data.string()}});
+    logEvent("started", {{"url", server.url()}, {"data", options.place.data.string()}});
     std::cout << "Listening on " << server.url() << std::endl;
     const int signal = waitForEnd(signals);
     logEvent("stopping", {{"signal", std::to_string(signal)}});

@@ -82,6 +82,21 @@ bool isUtf8(const std::string &text)
     return true;
 }
 
+std::string storable(std::string text)
+{
+    const bool utf8 = isUtf8(text);
+    std::erase_if(text, [utf8](char c) { return c == '\0' || (!utf8 && (c & 0x80) != 0); });
+    return text;
+}
+
+bool isId(std::string_view text)
+{
+    constexpr std::size_t longest = 64;
+    return !text.empty() && text.size() <= longest && std::all_of(text.begin(), text.end(), [](char c) {
+        return Poco::Ascii::isAlphaNumeric(static_cast<unsigned char>(c));
+    });
+}
+
 std::string cleanFileName(std::string name)
 {
     const bool utf8 = isUtf8(name);

@@ -27,6 +27,11 @@ int run(const Options &options)
         return setPassword(options);
     case Options::Command::Client:
         return manageClients(options);
+    case Options::Command::Export:
+    case Options::Command::Backup:
+        return exportReports(options);
+    case Options::Command::Import:
+        return importReports(options);
     case Options::Command::Help:
         std::cout << usage();
         return 0;

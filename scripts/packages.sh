@@ -9,14 +9,14 @@ set -euo pipefail
 build=(cmake ninja-build g++ pkg-config ca-certificates # Qt trusts the certificates of the system when it sends over HTTPS
     qt6-base-dev qt6-declarative-dev qt6-declarative-dev-tools qt6-sensors-dev qt6-svg-dev
     qt6-tools-dev qt6-l10n-tools libgl-dev
-    libsqlite3-dev libpoco-dev libxcb-shape0-dev
+    libsqlite3-dev libpq-dev libpoco-dev libxcb-shape0-dev
     libsodium-dev libarchive-dev libturbojpeg0-dev libjs-chart.js)
 demo=(xvfb xdotool openbox x11-utils imagemagick jq fonts-dejavu-core libqt6svg6
     qml6-module-qtqml qml6-module-qtqml-workerscript qml6-module-qtquick qml6-module-qtquick-window
     qml6-module-qtquick-controls qml6-module-qtquick-templates qml6-module-qtquick-layouts)
 test=(libgtest-dev libgmock-dev picom openssl dbus-daemon at-spi2-core curl liblmdb-dev libbenchmark-dev
     qt6-virtualkeyboard-plugin qml6-module-qtquick-virtualkeyboard qml6-module-qt-labs-folderlistmodel
-    libvalijson-dev chromium nodejs)
+    libvalijson-dev postgresql chromium nodejs)
 command -v npm >/dev/null || test+=(npm) # a nodejs from elsewhere may have it inside
 ci=(git clang clang-format clang-tidy libclang-rt-14-dev)
 

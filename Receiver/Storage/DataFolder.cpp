@@ -1,12 +1,17 @@
 #include "Storage/DataFolder.h"
 
+#include "Storage/DatabaseFileStore.h"
+#include "Storage/FolderFileStore.h"
 #include "Storage/Folders.h"
 #include "Storage/Maintenance.h"
+#include "Storage/PostgresDatabase.h"
+#include "Storage/SqliteDatabase.h"
 #include "Storage/StorageError.h"
 
 #include <cerrno>
 #include <fcntl.h>
 #include <limits>
+#include <map>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -17,6 +22,8 @@ namespace wexel::receiver {
 namespace fs = std::filesystem;
 
 namespace {
+
+const std::string databaseName = "receiver.sqlite";
 
 [[noreturn]] void refuse(const fs::path &folder, const std::string &why)
 {
@@ -50,31 +57,55 @@ int lock(const fs::path &folder)
 
 int prepare(const fs::path &folder, DataFolder::Access access)
 {
+    if (folder.empty())
+        return -1;
     if (access == DataFolder::Access::Serve) {
         create(folder);
         return lock(folder);
     }
     std::error_code error;
-    if (!fs::exists(folder / "receiver.sqlite", error))
+    if (!fs::exists(folder / databaseName, error))
         refuse(folder, "no wexel-receiver has served it yet");
     return -1;
 }
 
+std::unique_ptr<Database> openDatabase(const StoragePlace &place, DataFolder::Access access)
+{
+    using Access = DataFolder::Access;
+    static const std::map<Access, Database::Mode> modes = {{Access::Serve, Database::Mode::Serve},
+                                                           {Access::Change, Database::Mode::Write},
+                                                           {Access::Read, Database::Mode::Read}};
+    if (place.database.empty())
+        return std::make_unique<SqliteDatabase>(place.data / databaseName, modes.at(access));
+    return std::make_unique<PostgresDatabase>(place.database, modes.at(access));
+}
+
+std::unique_ptr<FileStore> openFiles(const StoragePlace &place, Database &database, DataFolder::Access access)
+{
+    if (!place.database.empty() && place.files.empty())
+        return std::make_unique<DatabaseFileStore>(database);
+    auto files = std::make_unique<FolderFileStore>(place.database.empty() ? place.data : place.files);
+    if (access == DataFolder::Access::Serve) {
+        if (!place.files.empty())
+            create(place.files);
+        files->prepare();
+    }
+    return files;
+}
+
 } // namespace
 
-DataFolder::DataFolder(const fs::path &path, Access access)
-    : m_lock(prepare(path, access))
-    , m_files(path)
-    , m_database(path / "receiver.sqlite",
-                 access == Access::Read ? Database::Mode::Read : Database::Mode::Write)
-    , m_reports(m_database, m_files)
-    , m_tokens(m_database)
+DataFolder::DataFolder(const StoragePlace &place, Access access)
+    : m_lock(prepare(place.data, access))
+    , m_database(openDatabase(place, access))
+    , m_files(openFiles(place, *m_database, access))
+    , m_reports(*m_database, *m_files)
+    , m_tokens(*m_database)
 {
-    if (access != Access::Serve)
-        return;
-    m_files.prepare();
-    // Nothing is uploaded yet, so what has no row is not on its way to one.
-    Maintenance(m_files, m_reports).sweep(currentMilliseconds(), std::numeric_limits<std::int64_t>::max());
+    // Nothing is uploaded yet to a folder that is ours alone, so what has no row is not on its way to one.
+    if (m_lock >= 0)
+        Maintenance(*m_files, m_reports)
+            .sweep(currentMilliseconds(), std::numeric_limits<std::int64_t>::max());
 }
 
 DataFolder::~DataFolder()

@@ -1,39 +1,40 @@
 #pragma once
 
 #include "Storage/Database.h"
-#include "Storage/FolderFileStore.h"
+#include "Storage/FileStore.h"
 #include "Storage/SqlReportStore.h"
+#include "Storage/StoragePlace.h"
 #include "Storage/TokenStore.h"
 
-#include <filesystem>
+#include <memory>
 
 namespace wexel::receiver {
 
-/// A data folder and what is in it.
+/// Everything that a receiver keeps.
 class DataFolder
 {
 public:
     enum class Access {
-        Serve, ///< takes the folder for this process, makes what is missing, removes what nobody needs
-        Change, ///< for a command beside a running server; the folder must exist
+        Serve, ///< makes what is missing and removes what nobody needs; a folder is taken for this process
+        Change, ///< for a command beside servers; what is to be changed must be there
         Read ///< the same, and nothing is written
     };
 
-    /// Throws StorageError with a text for the user.
-    DataFolder(const std::filesystem::path &path, Access access);
+    /// Throws StorageError with a text for the user, or UsageError.
+    DataFolder(const StoragePlace &place, Access access);
     ~DataFolder();
     DataFolder(const DataFolder &) = delete;
     DataFolder &operator=(const DataFolder &) = delete;
 
-    FileStore &files() { return m_files; }
+    FileStore &files() { return *m_files; }
     ReportStore &reports() { return m_reports; }
-    Database &database() { return m_database; }
+    Database &database() { return *m_database; }
     TokenStore &tokens() { return m_tokens; }
 
 private:
-    int m_lock; ///< the descriptor that holds the lock, or -1; first, as nothing may be touched without it
-    FolderFileStore m_files;
-    Database m_database;
+    int m_lock; ///< the descriptor that holds the folder's lock, or -1; first, as nothing may be touched without it
+    std::unique_ptr<Database> m_database;
+    std::unique_ptr<FileStore> m_files;
     SqlReportStore m_reports;
     TokenStore m_tokens;
 };

@@ -2,35 +2,35 @@
 
 #include <Poco/Data/Session.h>
 
-#include <filesystem>
+#include <cstdint>
 #include <functional>
-#include <mutex>
 
 namespace wexel::receiver {
 
-/// The SQLite database of a data folder (DIR/receiver.sqlite): a connection that writes and one that reads, each used
-/// by one thread at a time, so that a reader never waits for a writer's disk. Every thread may use it.
+/// Where everything but the bytes of files is kept. Statements are written once, with the placeholders $1, $2 ... in the
+/// order in which they first appear. Every thread may use it. Every failure of the database comes out as a StorageError.
 class Database
 {
 public:
-    enum class Mode { Write, Read };
+    enum class Mode {
+        Serve, ///< makes what is missing, and brings an older schema up to date
+        Write, ///< for a command beside servers: the schema must be that of this version
+        Read ///< the same, and nothing can be written
+    };
+    using Work = std::function<void(Poco::Data::Session &)>;
 
-    /// Opens it, or makes it with the schema of this version; with Mode::Read it must exist, and write() fails. Throws
-    /// StorageError.
-    Database(const std::filesystem::path &file, Mode mode);
+    virtual ~Database() = default;
 
-    /// Runs \a work as one transaction, which is on disk when this returns and undone when \a work throws. A failure of
-    /// the database comes out as a StorageError.
-    void write(const std::function<void(Poco::Data::Session &)> &work);
+    /// Runs \a work as one transaction, which is on disk when this returns and undone when \a work throws. Where others
+    /// write at once, \a work may be run again from its beginning.
+    virtual void write(const Work &work) = 0;
 
     /// Runs \a work, which must only read.
-    void read(const std::function<void(Poco::Data::Session &)> &work);
+    virtual void read(const Work &work) = 0;
 
-private:
-    std::mutex m_writing; ///< guards m_writer
-    std::mutex m_reading; ///< guards m_reader; the two are never held together
-    Poco::Data::Session m_writer;
-    Poco::Data::Session m_reader;
+    /// Runs \a work, which must only read, on what was there at one instant, and without keeping anybody waiting however
+    /// long it takes.
+    virtual void readSnapshot(const Work &work) = 0;
 };
 
 /// The time of now as the database keeps it: milliseconds since 1970.

@@ -1,9 +1,13 @@
 #include "Storage/FileRows.h"
 
+#include <Poco/Data/RecordSet.h>
+
 namespace wexel::receiver {
 
 using namespace Poco::Data::Keywords;
+using Poco::Data::RecordSet;
 using Poco::Data::Session;
+using Poco::Data::Statement;
 
 namespace {
 
@@ -24,7 +28,41 @@ bool hasFile(Session &session, const std::string &location)
     return count != 0;
 }
 
+StoredFile fileAt(RecordSet &rows)
+{
+    return {rows["id"].convert<std::string>(),      rows["sha256"].convert<std::string>(),
+            rows["name"].convert<std::string>(),    rows["content_type"].convert<std::string>(),
+            rows["size"].convert<Poco::UInt64>(),   rows["received"].convert<Poco::Int64>(),
+            rows["location"].convert<std::string>()};
+}
+
 } // namespace
+
+std::optional<StoredFile> readFile(Session &session, const std::string &id)
+{
+    Statement select(session);
+    select << "SELECT id, sha256, name, content_type, size, received, location FROM files WHERE id = $1",
+        bind(id), now;
+    RecordSet rows(select);
+    return rows.moveFirst() ? std::optional(fileAt(rows)) : std::nullopt;
+}
+
+ReportFiles readFilesOf(Session &session, std::int64_t reportId)
+{
+    ReportFiles files;
+    Statement select(session);
+    select << "SELECT id, sha256, name, content_type, size, received, location, position FROM report_files "
+              "JOIN files ON id = file_id WHERE report_id = $1 ORDER BY position",
+        bind(reportId), now;
+    RecordSet rows(select);
+    for (bool more = rows.moveFirst(); more; more = rows.moveNext()) {
+        if (rows["position"].convert<int>() == 0)
+            files.screenshot = fileAt(rows);
+        else
+            files.files.push_back(fileAt(rows));
+    }
+    return files;
+}
 
 std::vector<std::string> filesNamedBy(Session &session, std::int64_t reportId)
 {

@@ -1,11 +1,17 @@
 #pragma once
 
+#include "Storage/ReportStore.h"
+
 #include <Poco/Data/Session.h>
 
 #include <string>
 #include <vector>
 
 namespace wexel::receiver {
+
+std::optional<StoredFile> readFile(Poco::Data::Session &session, const std::string &id);
+
+ReportFiles readFilesOf(Poco::Data::Session &session, std::int64_t reportId);
 
 /// The files that the report names; each id once.
 std::vector<std::string> filesNamedBy(Poco::Data::Session &session, std::int64_t reportId);

@@ -24,6 +24,7 @@ std::string contentDigest(Session &session, const NewReport &report)
     std::vector<std::string> contents;
     for (const std::string &id : report.fileIds)
         contents.push_back(contentOf(session, id));
+    std::erase(contents, ""); // an import does not know of them
     // The library names attached files in the order in which their uploads end.
     std::sort(contents.begin(), contents.end());
     std::string text = "content\n" + report.bundleId + '\n' + report.digest + '\n'

@@ -1,5 +1,6 @@
 #include "Storage/ReportListing.h"
 #include "Storage/SqlReportStore.h"
+#include "Text.h"
 
 #include <Poco/Data/RecordSet.h>
 
@@ -66,11 +67,11 @@ Conditions conditionsOf(const ReportQuery &query)
 {
     Conditions conditions;
     if (!query.bundleId.empty())
-        conditions.add("bundle_id = ", query.bundleId);
+        conditions.add("bundle_id = ", storable(query.bundleId));
     if (!query.appVersion.empty())
-        conditions.add("app_version = ", query.appVersion);
+        conditions.add("app_version = ", storable(query.appVersion));
     if (!query.device.empty())
-        conditions.add("device = ", query.device);
+        conditions.add("device = ", storable(query.device));
     if (query.from)
         conditions.add("received >= ", *query.from);
     if (query.to)
@@ -137,7 +138,7 @@ std::vector<std::string> mostFrequent(Session &session, const std::string &colum
 {
     Conditions conditions;
     if (!bundleId.empty())
-        conditions.add("bundle_id = ", bundleId);
+        conditions.add("bundle_id = ", storable(bundleId));
     std::vector<std::string> values;
     Statement select(session);
     select << "SELECT " + column + " FROM reports" + conditions.text() + " GROUP BY " + column + " HAVING "

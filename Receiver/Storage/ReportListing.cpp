@@ -1,6 +1,8 @@
 #include "Storage/ReportListing.h"
 
 #include "ReportDocument.h"
+#include "Storage/ReportDigest.h"
+#include "Text.h"
 
 #include <Poco/String.h>
 #include <Poco/UTF8String.h>
@@ -31,15 +33,13 @@ std::string cut(const std::string &text, std::size_t size)
     return text.substr(0, size);
 }
 
-/// At most \a length characters, none of them zero, which no database takes.
+/// At most \a length characters.
 std::string shortened(const std::string &text, std::size_t length)
 {
     std::size_t size = 0;
     while (size < text.size() && (isInsideCharacter(text[size]) || length-- > 0))
         ++size;
-    std::string result = text.substr(0, size);
-    std::erase(result, '\0');
-    return result;
+    return storable(text.substr(0, size));
 }
 
 std::string firstLine(const std::string &text)
@@ -48,13 +48,13 @@ std::string firstLine(const std::string &text)
     return trimmed.substr(0, trimmed.find_first_of("\r\n"));
 }
 
-/// The facts of a report that was taken by a version that looked less closely may not be had.
-ReportFacts factsOf(const std::string &json)
+/// What a version that looked less closely took may not be readable.
+NewReport readLeniently(const std::string &bundleId, const std::string &json)
 {
     try {
-        return readReportDocument(json).facts;
+        return newReport(bundleId, json, 0);
     } catch (const std::exception &) {
-        return {};
+        return {bundleId, json, "", {}};
     }
 }
 
@@ -64,16 +64,18 @@ void describeStored(Session &session, std::int64_t id)
     std::string bundleId;
     session << "SELECT bundle_id, json FROM reports JOIN report_documents ON report_id = id WHERE id = $1",
         into(bundleId), into(json), bind(id), now;
-    describe(session, id, bundleId, factsOf(json), json.size());
+    const NewReport report = readLeniently(bundleId, json);
+    describe(session, id, bundleId, report.facts, json.size());
+    const ReportDigest digest(session, report);
+    if (!digest.find(session))
+        digest.insert(session, id);
 }
 
 } // namespace
 
 std::string searchText(const std::string &text, std::size_t size)
 {
-    std::string lower = cut(Poco::UTF8::toLower(cut(text, size)), size);
-    std::erase(lower, '\0');
-    return lower;
+    return cut(Poco::UTF8::toLower(cut(storable(text), size)), size);
 }
 
 void describe(Session &session, std::int64_t id, const std::string &bundleId, const ReportFacts &facts,

@@ -16,7 +16,7 @@ void describe(Poco::Data::Session &session, std::int64_t id, const std::string &
 /// \a text as it is searched for: in lower case, without what a database can't hold, at most \a size bytes.
 std::string searchText(const std::string &text, std::size_t size);
 
-/// Writes the listings of reports that were stored before there were any.
+/// Writes the listings and digests of reports that were stored before there were any.
 void describeReports(Poco::Data::Session &session);
 
 } // namespace wexel::receiver

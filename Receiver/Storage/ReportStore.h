@@ -35,8 +35,8 @@ struct NewReport {
     std::vector<std::string> fileIds; ///< unknown ones are left out
     std::int64_t received = 0;
     ReportFacts facts = {};
-    std::string digest
-        = {}; ///< of the JSON without the addresses of files; empty: every such report is a new one
+    std::string digest = {}; ///< of the JSON without the addresses of files
+    bool evenIfArchived = false;
 };
 
 struct AddedReport {
@@ -103,12 +103,12 @@ struct ReportRow {
 struct ReportQuery {
     enum class Sort { Received, BundleId, Tester, Device, AppVersion };
 
-    std::string search; ///< somewhere in description, tester, device, version or bundle id, in any case
-    std::string bundleId;
-    std::string appVersion;
-    std::string device;
-    std::optional<std::int64_t> from; ///< milliseconds since 1970, inclusive
-    std::optional<std::int64_t> to; ///< exclusive
+    std::string search = {}; ///< somewhere in description, tester, device, version or bundle id, in any case
+    std::string bundleId = {};
+    std::string appVersion = {};
+    std::string device = {};
+    std::optional<std::int64_t> from = {}; ///< milliseconds since 1970, inclusive
+    std::optional<std::int64_t> to = {}; ///< exclusive
     Sort sort = Sort::Received;
     bool isDescending = true;
     std::int64_t page = 1; ///< the first is 1

@@ -1,10 +1,9 @@
 #include "Storage/SqlReportStore.h"
 
-#include "Log.h"
 #include "Storage/FileRows.h"
 #include "Storage/ReportDigest.h"
 #include "Storage/ReportListing.h"
-#include "Storage/StorageError.h"
+#include "Text.h"
 
 #include <Poco/Data/RecordSet.h>
 
@@ -20,7 +19,7 @@ void insertApplication(Session &session, const Application &application)
 {
     session
         << "INSERT INTO applications (bundle_id, os, platform) VALUES ($1, $2, $3) ON CONFLICT DO NOTHING",
-        bind(application.bundleId), bind(application.os), bind(application.platform), now;
+        bind(application.bundleId), bind(storable(application.os)), bind(storable(application.platform)), now;
 }
 
 bool readArchived(Session &session, const std::string &bundleId)
@@ -66,14 +65,6 @@ bool isKnown(Session &session, const std::string &bundleId)
     return count != 0;
 }
 
-StoredFile fileAt(RecordSet &rows)
-{
-    return {rows["id"].convert<std::string>(),      rows["sha256"].convert<std::string>(),
-            rows["name"].convert<std::string>(),    rows["content_type"].convert<std::string>(),
-            rows["size"].convert<Poco::UInt64>(),   rows["received"].convert<Poco::Int64>(),
-            rows["location"].convert<std::string>()};
-}
-
 } // namespace
 
 void SqlReportStore::registerApplication(const Application &application)
@@ -113,14 +104,9 @@ void SqlReportStore::addFile(const StoredFile &file)
 std::optional<StoredFile> SqlReportStore::file(const std::string &id)
 {
     std::optional<StoredFile> file;
-    m_database.read([&](Session &session) {
-        Poco::Data::Statement select(session);
-        select << "SELECT id, sha256, name, content_type, size, received, location FROM files WHERE id = $1",
-            bind(id), now;
-        RecordSet rows(select);
-        if (rows.moveFirst())
-            file = fileAt(rows);
-    });
+    if (!isId(id))
+        return file;
+    m_database.read([&](Session &session) { file = readFile(session, id); });
     return file;
 }
 
@@ -130,7 +116,7 @@ std::optional<AddedReport> SqlReportStore::addReport(const NewReport &report)
     std::vector<std::string> unneeded;
     m_database.write([&](Session &session) {
         added.reset();
-        if (readArchived(session, report.bundleId))
+        if (!report.evenIfArchived && readArchived(session, report.bundleId))
             return;
         insertApplication(session, {report.bundleId, "", ""});
         const ReportDigest digest(session, report);
@@ -173,20 +159,7 @@ std::optional<std::string> SqlReportStore::reportJson(std::int64_t id)
 ReportFiles SqlReportStore::filesOf(std::int64_t reportId)
 {
     ReportFiles files;
-    m_database.read([&](Session &session) {
-        Poco::Data::Statement select(session);
-        select
-            << "SELECT id, sha256, name, content_type, size, received, location, position FROM report_files "
-               "JOIN files ON id = file_id WHERE report_id = $1 ORDER BY position",
-            bind(reportId), now;
-        RecordSet rows(select);
-        for (bool more = rows.moveFirst(); more; more = rows.moveNext()) {
-            if (rows["position"].convert<int>() == 0)
-                files.screenshot = fileAt(rows);
-            else
-                files.files.push_back(fileAt(rows));
-        }
-    });
+    m_database.read([&](Session &session) { files = readFilesOf(session, reportId); });
     return files;
 }
 

@@ -21,7 +21,7 @@ Options fuzzedOptions()
 {
     std::signal(SIGPIPE, SIG_IGN);
     Options options;
-    options.data = Poco::TemporaryFile::tempName();
+    options.place.data = Poco::TemporaryFile::tempName();
     options.listenPort = 0;
     options.requestTimeout = 5;
     options.maximumFileSize = options.maximumReportSize = 1024 * 1024;
@@ -56,12 +56,12 @@ struct FuzzedReceiver::Parts {
     ~Parts()
     {
         server.stop();
-        std::filesystem::remove_all(options.data);
+        std::filesystem::remove_all(options.place.data);
     }
 
     Poco::Crypto::OpenSSLInitializer openSsl;
     Options options = fuzzedOptions();
-    DataFolder data{options.data, DataFolder::Access::Serve};
+    DataFolder data{options.place, DataFolder::Access::Serve};
     Server server{options, data};
     SessionStore sessions{data.database()};
     Poco::URI url{server.url()};

@@ -171,7 +171,7 @@ TEST(SessionTest, ExpiresWhenIdleAndWhenOld)
 {
     using wexel::receiver::SessionStore;
     TemporaryFolder folder;
-    wexel::receiver::DataFolder data(folder.path() / "data", wexel::receiver::DataFolder::Access::Serve);
+    wexel::receiver::DataFolder data({folder.path() / "data"}, wexel::receiver::DataFolder::Access::Serve);
     SessionStore sessions(data.database());
     const std::int64_t begin = 1'000'000'000'000;
     const std::string idle = sessions.start(begin);

@@ -66,9 +66,9 @@ protected:
 TEST_F(OpenApiTest, DescribesEveryRouteAndNoOther)
 {
     wexel::receiver::Options options;
-    options.data = data;
+    options.place.data = data;
     options.listenPort = 0;
-    wexel::receiver::DataFolder folder(data, wexel::receiver::DataFolder::Access::Serve);
+    wexel::receiver::DataFolder folder({data}, wexel::receiver::DataFolder::Access::Serve);
     wexel::receiver::Server server(options, folder);
     std::vector<std::string> described;
     for (const Operation &operation : description.operations())

@@ -1,6 +1,6 @@
 #include "Support/TestReceiver.h"
 
-#include "Storage/Database.h"
+#include "Storage/SqliteDatabase.h"
 
 #include <gmock/gmock.h>
 
@@ -72,7 +72,7 @@ TEST_F(OperationTest, TellsWhetherItCouldStore)
     EXPECT_EQ(health().text("status"), "ok");
     {
         using namespace wexel::receiver;
-        Database other(data / "receiver.sqlite", Database::Mode::Write);
+        SqliteDatabase other(data / "receiver.sqlite", Database::Mode::Write);
         other.write([&](Poco::Data::Session &) {
             const auto asked = std::chrono::steady_clock::now();
             EXPECT_EQ(health().status, 503) << "while another process keeps the database";

@@ -1,83 +1,270 @@
-#include "Secrets.h"
 #include "Storage/DataFolder.h"
+#include "Storage/Maintenance.h"
 #include "Storage/StorageError.h"
-#include "Support/TestReceiver.h"
+#include "Support/StorageFixture.h"
 
 #include <gmock/gmock.h>
 
 namespace {
 
 using namespace wexel::receiver;
+using Access = DataFolder::Access;
+using testing::ElementsAre;
 
-constexpr std::int64_t day = std::int64_t(24) * 3600 * 1000;
+constexpr std::int64_t hour = std::int64_t(3600) * 1000;
+constexpr std::int64_t day = 24 * hour;
 
-class StorageTest : public ReceiverTest
+class StorageTest : public StorageFixture
 {
-protected:
-    /// An upload of \a bytes that arrived \a age milliseconds ago.
-    static StoredFile addFile(DataFolder &folder, const std::string &bytes, std::int64_t age)
-    {
-        const std::string id = randomId();
-        const auto incoming = folder.files().receive(id);
-        incoming->write(bytes);
-        const std::string sha256 = incoming->publish();
-        const StoredFile file = {id, sha256, "name", "type", bytes.size(), currentMilliseconds() - age, id};
-        folder.reports().addFile(file);
-        return file;
-    }
 };
 
-TEST_F(StorageTest, TokensExpire)
+INSTANTIATE_TEST_SUITE_P(, StorageTest,
+                         testing::Values(Keeping::Sqlite, Keeping::PostgreSql, Keeping::PostgreSqlWithFolder),
+                         nameOf);
+
+TEST_P(StorageTest, TokensExpire)
 {
-    DataFolder folder(data, DataFolder::Access::Serve);
-    const std::string token = folder.tokens().issue("client", 10, 1000);
-    EXPECT_EQ(folder.tokens().clientOf(token, 10999), "client");
-    EXPECT_EQ(folder.tokens().clientOf(token, 11000), std::nullopt);
-    folder.tokens().issue("client", 10, 11000);
-    EXPECT_EQ(folder.tokens().clientOf(token, 1000), std::nullopt) << "an expired token is kept";
+    DataFolder storage(place, Access::Serve);
+    const std::string token = storage.tokens().issue("client", 10, 1000);
+    EXPECT_EQ(storage.tokens().clientOf(token, 10999), "client");
+    EXPECT_EQ(storage.tokens().clientOf(token, 11000), std::nullopt);
+    storage.tokens().issue("client", 10, 11000);
+    EXPECT_EQ(storage.tokens().clientOf(token, 1000), std::nullopt) << "an expired token is kept";
 }
 
-TEST_F(StorageTest, SweepsWhatNobodyNeeds)
+TEST_P(StorageTest, KeepsWhatArrives)
 {
-    std::optional<DataFolder> folder(std::in_place, data, DataFolder::Access::Serve);
-    const StoredFile reported = addFile(*folder, "reported", 30 * day);
-    const StoredFile recent = addFile(*folder, "recent", 6 * day);
-    const StoredFile abandoned = addFile(*folder, "abandoned", 8 * day);
-    folder->reports().addReport({"org.example.app", "{}", reported.id, {}, 0});
-    const auto rowless = folder->files().receive(randomId());
-    rowless->write("rowless");
-    rowless->publish();
-    const auto files = [&] {
-        using Entries = std::filesystem::recursive_directory_iterator;
-        return std::count_if(Entries(data / "files"), Entries(),
-                             [](const auto &entry) { return entry.is_regular_file(); });
+    const std::string content = std::string("\0\xff'\\x", 5) + std::string(600000, 'c');
+    const std::string json = R"({"description":"'; -- \u0000 é","device":"\\"})";
+    StoredFile screenshot;
+    std::int64_t id = 0;
+    {
+        DataFolder storage(place, Access::Serve);
+        screenshot = addFile(storage, content);
+        const StoredFile empty = addFile(storage, "");
+        NewReport report = newReport(bundleId, json, 5);
+        report.screenshotId = screenshot.id;
+        report.fileIds = {empty.id, "unknown", screenshot.id};
+        id = storage.reports().addReport(report).value().id;
+    }
+    DataFolder storage(place, Access::Read);
+    EXPECT_EQ(storage.reports().reportJson(id), json);
+    const ReportFiles files = storage.reports().filesOf(id);
+    EXPECT_EQ(bytesOf(storage, files.screenshot.value()), content);
+    ASSERT_EQ(files.files.size(), 2U);
+    EXPECT_EQ(bytesOf(storage, files.files[0]), "");
+    EXPECT_EQ(files.files[1].id, screenshot.id);
+    EXPECT_EQ(storage.reports().report(id).value().summary, "'; --  é");
+    EXPECT_EQ(storage.reports().reportJson(id + 1), std::nullopt);
+    EXPECT_THROW(storage.reports().setArchived(bundleId, true), StorageError);
+}
+
+TEST_P(StorageTest, SweepsWhatNobodyNeeds)
+{
+    DataFolder storage(place, Access::Serve);
+    Maintenance maintenance(storage.files(), storage.reports());
+    const StoredFile reported = addFile(storage, "reported", 30 * day);
+    const StoredFile recent = addFile(storage, "recent", 6 * day);
+    const StoredFile abandoned = addFile(storage, "abandoned", 8 * day);
+    NewReport report = newReport(bundleId, "{}", 0);
+    report.fileIds = {reported.id};
+    storage.reports().addReport(report);
+    StoredFile rowless = {randomId(), "", "", "", 7};
+    rowless.location = rowless.id;
+    const auto incoming = storage.files().receive(rowless.id);
+    incoming->write("rowless");
+    incoming->publish();
+
+    const std::int64_t now = currentMilliseconds();
+    maintenance.sweep(now, now - hour);
+    EXPECT_EQ(bytesOf(storage, rowless), "rowless") << "its row may be about to come";
+    maintenance.sweep(now, now + hour);
+    EXPECT_EQ(bytesOf(storage, rowless), std::nullopt);
+    EXPECT_EQ(bytesOf(storage, reported), "reported");
+    EXPECT_EQ(bytesOf(storage, recent), "recent");
+    EXPECT_TRUE(storage.reports().file(recent.id));
+    EXPECT_FALSE(storage.reports().file(abandoned.id));
+    EXPECT_EQ(bytesOf(storage, abandoned), std::nullopt);
+}
+
+TEST_P(StorageTest, TakesAReportOnce)
+{
+    DataFolder storage(place, Access::Serve);
+    const auto report = [](const StoredFile &screenshot, const std::vector<StoredFile> &files,
+                           const std::string &rest) {
+        std::string json = "{\"screenshot_url\":\"" + addressOf(screenshot) + "\"," + rest + ",\"files\":[";
+        for (const StoredFile &file : files)
+            json += (json.ends_with('[') ? "" : ",") + ("{\"url\":\"" + addressOf(file) + "\"}");
+        return json + "]}";
     };
-    EXPECT_EQ(files(), 4);
+    const auto shot = [&] { return addFile(storage, "shot"); };
+    const StoredFile first = shot();
+    const std::string text = report(first, {addFile(storage, "a"), addFile(storage, "b")}, "\"x\":1");
+    const AddedReport added = addReport(storage, text);
+    EXPECT_TRUE(added.isNew);
 
-    folder.reset();
-    folder.emplace(data, DataFolder::Access::Serve);
-    EXPECT_EQ(readFile(folder->files().pathOf(reported.location)), "reported");
-    EXPECT_EQ(readFile(folder->files().pathOf(recent.location)), "recent");
-    EXPECT_TRUE(folder->reports().file(recent.id));
-    EXPECT_FALSE(folder->reports().file(abandoned.id));
-    EXPECT_EQ(files(), 2);
+    // The files were uploaded again, and the uploads ended in another order.
+    const StoredFile second = shot();
+    const std::string repeated = report(second, {addFile(storage, "b"), addFile(storage, "a")}, " \"x\" : 1");
+    const AddedReport again = addReport(storage, repeated);
+    EXPECT_EQ(again.id, added.id);
+    EXPECT_FALSE(again.isNew);
+    EXPECT_EQ(bytesOf(storage, second), std::nullopt) << "the repeat's files are kept";
+    EXPECT_EQ(bytesOf(storage, first), "shot");
+    EXPECT_FALSE(addReport(storage, text).isNew);
+    EXPECT_EQ(bytesOf(storage, first), "shot") << "a repeat took the report's own files";
+
+    EXPECT_TRUE(addReport(storage, text, "org.example.other").isNew);
+    EXPECT_TRUE(
+        addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "b")}, "\"x\":2")).isNew);
+    EXPECT_TRUE(
+        addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "a")}, "\"x\":1")).isNew);
+    EXPECT_TRUE(addReport(storage,
+                          report(addFile(storage, "other"), {addFile(storage, "a"), addFile(storage, "b")},
+                                 "\"x\":1"))
+                    .isNew);
+
+    // What was removed does not come back, neither by the same text nor by new uploads.
+    EXPECT_TRUE(storage.reports().removeReport(added.id));
+    EXPECT_FALSE(addReport(storage, text).isNew);
+    EXPECT_FALSE(addReport(storage, repeated).isNew);
+    EXPECT_FALSE(
+        addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "b")}, "\"x\":1")).isNew);
+    EXPECT_FALSE(storage.reports().report(added.id));
 }
 
-TEST_F(StorageTest, ReadsBesideAWriterAndWithoutWriting)
+TEST_P(StorageTest, RemovesAReportWithItsBytes)
 {
-    DataFolder folder(data, DataFolder::Access::Serve);
-    folder.reports().addReport({"org.example.app", "{}", "", {}, 0});
-    Database database(data / "receiver.sqlite", Database::Mode::Write);
-    database.write([&](Poco::Data::Session &) {
+    DataFolder storage(place, Access::Serve);
+    const StoredFile own = addFile(storage, "same");
+    const StoredFile shared = addFile(storage, "same");
+    const auto add = [&](const std::vector<std::string> &files, const std::string &json) {
+        NewReport report = newReport(bundleId, json, 0);
+        report.fileIds = files;
+        return storage.reports().addReport(report).value().id;
+    };
+    const std::int64_t removed = add({own.id, shared.id, own.id}, "{}");
+    const std::int64_t kept = add({shared.id}, R"({"other":1})");
+    EXPECT_TRUE(storage.reports().removeReport(removed));
+    EXPECT_FALSE(storage.reports().removeReport(removed));
+    EXPECT_EQ(storage.reports().reportJson(removed), std::nullopt);
+    EXPECT_FALSE(storage.reports().file(own.id));
+    EXPECT_EQ(bytesOf(storage, own), std::nullopt);
+    EXPECT_EQ(bytesOf(storage, shared), "same");
+    EXPECT_TRUE(storage.reports().removeReport(kept));
+    EXPECT_EQ(bytesOf(storage, shared), std::nullopt);
+}
+
+TEST_P(StorageTest, KeepsNoMoreThanTheRetention)
+{
+    DataFolder storage(place, Access::Serve);
+    ReportStore &reports = storage.reports();
+    const std::int64_t now = 100 * day;
+    const auto add = [&](const std::string &bundle, std::int64_t age) {
+        return addReport(storage, R"({"age":)" + std::to_string(1000000 + age) + "}", bundle, now - age).id;
+    };
+    const std::int64_t old = add("aged", 3 * day + 1);
+    add("aged", 3 * day);
+    add("unlimited", 90 * day);
+    const std::int64_t beyond = add("sized", 3);
+    add("sized", 2);
+    add("sized", 1);
+    const std::int64_t size = reports.applications().at(1).bytes;
+    EXPECT_TRUE(reports.setRetention("aged", {3, std::nullopt}));
+    EXPECT_TRUE(reports.setRetention("sized", {std::nullopt, size - 1}));
+    EXPECT_FALSE(reports.setRetention("unknown", {1, 1}));
+    EXPECT_EQ(reports.applications().at(0).retention.maximumAgeDays, 3);
+    EXPECT_EQ(reports.applications().at(0).retention.maximumBytes, std::nullopt);
+
+    Maintenance(storage.files(), reports).applyRetention(now);
+    EXPECT_EQ(reports.page({}).total, 4);
+    EXPECT_FALSE(reports.report(old));
+    EXPECT_FALSE(reports.report(beyond));
+    EXPECT_TRUE(reports.setRetention("aged", {}));
+    Maintenance(storage.files(), reports).applyRetention(now + 1000 * day);
+    EXPECT_EQ(reports.page({}).total, 4);
+}
+
+TEST_P(StorageTest, ListsAndSearches)
+{
+    DataFolder storage(place, Access::Serve);
+    ReportStore &reports = storage.reports();
+    const auto add = [&](const std::string &bundle, std::int64_t received, const std::string &facts) {
+        return addReport(storage, "{" + facts + "}", bundle, received).id;
+    };
+    const std::int64_t first
+        = add("org.a", 1000, R"("description":" \n100% ÄRGER\nmore","app_version":"1.0","device":"Phone")");
+    const std::int64_t second = add(
+        "org.b", 3000, R"("description":"1000 cats","tester_email":"Eve@example.org","app_version":"2.0")");
+    const std::int64_t third
+        = add("org.b", 2000, R"("app_version":"2.0","device":"Tablet","os_version":"17")");
+    const auto ids = [&](const ReportQuery &query) {
+        std::vector<std::int64_t> found;
+        for (const ReportRow &row : reports.page(query).rows)
+            found.push_back(row.id);
+        return found;
+    };
+    EXPECT_THAT(ids({}), ElementsAre(second, third, first));
+    EXPECT_THAT(ids({.search = "ärger"}), ElementsAre(first));
+    EXPECT_THAT(ids({.search = "100%"}), ElementsAre(first));
+    EXPECT_THAT(ids({.search = "eve@EXAMPLE"}), ElementsAre(second));
+    EXPECT_THAT(ids({.search = std::string("\\'\0", 3)}), ElementsAre());
+    EXPECT_THAT(ids({.bundleId = "org.b", .appVersion = "2.0", .device = "Tablet"}), ElementsAre(third));
+    EXPECT_THAT(ids({.from = 1000, .to = 3000, .isDescending = false}), ElementsAre(first, third));
+    EXPECT_THAT(ids({.sort = ReportQuery::Sort::AppVersion}), ElementsAre(third, second, first));
+    EXPECT_THAT(ids({.page = 2, .size = 2}), ElementsAre(first));
+    const ReportPage page = reports.page({.bundleId = "org.a"});
+    EXPECT_EQ(page.total, 1);
+    EXPECT_EQ(page.newest, third);
+    EXPECT_EQ(page.rows.at(0).summary, "100% ÄRGER");
+    EXPECT_THAT(reports.filters("").versions, ElementsAre("2.0", "1.0"));
+    EXPECT_THAT(reports.filters("org.b").devices, ElementsAre("Tablet"));
+    EXPECT_EQ(reports.applications().at(1).reports, 2);
+    EXPECT_EQ(reports.applications().at(1).lastReceived, 3000);
+}
+
+TEST_P(StorageTest, ServesWithIt)
+{
+    TestReceiver receiver(optionsOf(place), {});
+    Client client = receiver.client();
+    const std::string bytes(1000000, '\xab');
+    const std::string url = client.upload("a", bytes).text("url");
+    EXPECT_EQ(client.upload("cut", std::string(70000000, 'x')).status, 413);
+    EXPECT_EQ(client.request("GET", Poco::URI(url).getPath()).body, bytes);
+    EXPECT_EQ(client.sendReport("{\"screenshot_url\":\"" + url + "\"}").status, 200);
+    EXPECT_EQ(client.sendReport(std::string("{\"a\":\"\0\"}", 9)).status, 400);
+    EXPECT_EQ(client.sendReport("{\"a\":\"\xed\xa0\x80\"}").status, 400);
+    EXPECT_EQ(
+        client.sendReport(R"({"screenshot_url":"/\u0000","files":[{"url":"/é"}],"description":"\u0000x"})")
+            .status,
+        200);
+    EXPECT_EQ(client.post("/api/1.0/issue_tracking/apps", R"({"bundle_id":"b","os":"\u0000","platform":""})")
+                  .status,
+              200);
+    EXPECT_EQ(client.upload("\xed\xa0\x80", "x").status, 200);
+    EXPECT_EQ(client.request("GET", "/api/1.0/files/%ff%00").status, 404);
+    ASSERT_TRUE(receiver.setArchived(true));
+    EXPECT_EQ(client.sendReport("{}").status, 403);
+    EXPECT_EQ(receiver.reports()->size(), 2U);
+    EXPECT_EQ(receiver.stop(), 0);
+}
+
+class FolderTest : public ReceiverTest
+{
+};
+
+TEST_F(FolderTest, ReadsBesideAWriterAndWithoutWriting)
+{
+    DataFolder storage({data}, Access::Serve);
+    storage.reports().addReport(newReport(bundleId, "{}", 0));
+    storage.database().write([&](Poco::Data::Session &) {
         const Result table = runReceiver({"reports", "--data", data.string()});
         EXPECT_EQ(table.code, 0);
-        EXPECT_THAT(table.output, testing::HasSubstr("org.example.app"));
+        EXPECT_THAT(table.output, testing::HasSubstr(bundleId));
     });
-    DataFolder reader(data, DataFolder::Access::Read);
-    EXPECT_THROW(reader.reports().setArchived("org.example.app", true), StorageError);
 }
 
-TEST_F(StorageTest, ExplainsLostBytes)
+TEST_F(FolderTest, ExplainsLostBytes)
 {
     start();
     Client client = receiver->client();

@@ -13,10 +13,12 @@ namespace {
 
 const Poco::Timespan patience(10, 0);
 
-std::vector<std::string> commandLine(const std::filesystem::path &data, std::vector<std::string> options,
+std::vector<std::string> commandLine(const std::vector<std::string> &place, std::vector<std::string> options,
                                      std::vector<std::string> command)
 {
-    command.insert(command.end(), {WEXEL_RECEIVER, "--data", data.string(), "--client", "id:se/cr+et"});
+    command.emplace_back(WEXEL_RECEIVER);
+    command.insert(command.end(), place.begin(), place.end());
+    command.insert(command.end(), {"--client", "id:se/cr+et"});
     const bool hasAddress = std::find(options.begin(), options.end(), "--listen") != options.end();
     if (!hasAddress)
         command.insert(command.end(), {"--listen", "127.0.0.1:0"});
@@ -89,10 +91,16 @@ Reply Client::signIn(const std::string &password)
     return reply;
 }
 
-TestReceiver::TestReceiver(std::filesystem::path data, std::vector<std::string> options,
+TestReceiver::TestReceiver(const std::filesystem::path &data, std::vector<std::string> options,
                            std::vector<std::string> runner)
-    : m_data(std::move(data))
-    , m_program(commandLine(m_data, std::move(options), std::move(runner)))
+    : TestReceiver(std::vector<std::string>{"--data", data.string()}, std::move(options), std::move(runner))
+{
+}
+
+TestReceiver::TestReceiver(std::vector<std::string> place, std::vector<std::string> options,
+                           std::vector<std::string> runner)
+    : m_place(std::move(place))
+    , m_program(commandLine(m_place, std::move(options), std::move(runner)))
 {
     std::string line = m_program.readLine();
     const std::string first = "Dashboard password: ";
@@ -149,13 +157,17 @@ int TestReceiver::stop()
 
 Poco::JSON::Array::Ptr TestReceiver::reports() const
 {
-    Program program({WEXEL_RECEIVER, "reports", "--data", m_data.string(), "--json"});
+    std::vector<std::string> command = {WEXEL_RECEIVER, "reports", "--json"};
+    command.insert(command.end(), m_place.begin(), m_place.end());
+    Program program(command);
     return Poco::JSON::Parser().parse(program.readAll()).extract<Poco::JSON::Array::Ptr>();
 }
 
 bool TestReceiver::setArchived(bool archived) const
 {
-    return runReceiver({archived ? "archive" : "unarchive", bundleId, "--data", m_data.string()}).code == 0;
+    std::vector<std::string> command = {archived ? "archive" : "unarchive", bundleId};
+    command.insert(command.end(), m_place.begin(), m_place.end());
+    return runReceiver(command).code == 0;
 }
 
 void ReceiverTest::start(std::vector<std::string> options, std::vector<std::string> runner)

@@ -52,12 +52,15 @@ private:
     std::unique_ptr<Poco::Net::HTTPClientSession> m_session;
 };
 
-/// A receiver on a free port with one client, over the data folder given.
+/// A receiver on a free port with one client, over the data folder or the database given.
 class TestReceiver
 {
 public:
-    explicit TestReceiver(std::filesystem::path data, std::vector<std::string> options = {},
+    explicit TestReceiver(const std::filesystem::path &data, std::vector<std::string> options = {},
                           std::vector<std::string> runner = {});
+    /// \a place: the options that say where it keeps everything.
+    TestReceiver(std::vector<std::string> place, std::vector<std::string> options,
+                 std::vector<std::string> runner = {});
 
     const Poco::URI &url() const { return m_url; }
     /// The dashboard's, if this start was the folder's first.
@@ -75,7 +78,7 @@ public:
     bool setArchived(bool archived) const;
 
 private:
-    std::filesystem::path m_data;
+    std::vector<std::string> m_place;
     Program m_program;
     std::string m_password;
     Poco::URI m_url;

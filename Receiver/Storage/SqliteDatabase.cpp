@@ -1,4 +1,4 @@
-#include "Storage/Database.h"
+#include "Storage/SqliteDatabase.h"
 
 #include "Storage/Migrations.h"
 #include "Storage/StorageError.h"
@@ -73,26 +73,36 @@ void transact(Session &session, const std::function<void(Session &)> &work)
 
 } // namespace
 
-Database::Database(const std::filesystem::path &file, Mode mode)
-    : m_writer(open(file, mode))
+SqliteDatabase::SqliteDatabase(const std::filesystem::path &file, Mode mode)
+    : m_file(file)
+    , m_writer(open(file, mode))
     , m_reader(open(file, mode))
 {
-    if (mode == Mode::Read)
-        read([](Session &session) { checkSchema(session, Dialect::Sqlite); });
-    else
+    if (mode == Mode::Serve)
         write([](Session &session) { migrate(session, Dialect::Sqlite); });
+    else
+        read([](Session &session) { checkSchema(session, Dialect::Sqlite); });
 }
 
-void Database::write(const std::function<void(Session &)> &work)
+void SqliteDatabase::write(const Work &work)
 {
     const std::lock_guard lock(m_writing);
     translated([&] { transact(m_writer, work); });
 }
 
-void Database::read(const std::function<void(Session &)> &work)
+void SqliteDatabase::read(const Work &work)
 {
     const std::lock_guard lock(m_reading);
     translated([&] { work(m_reader); });
+}
+
+void SqliteDatabase::readSnapshot(const Work &work)
+{
+    Session session = open(m_file, Mode::Read);
+    translated([&] {
+        session << "BEGIN", now;
+        work(session);
+    });
 }
 
 std::int64_t currentMilliseconds()

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+namespace wexel::receiver {
+
+/// True if \a address is one of a PostgreSQL database.
+bool isPostgreSqlAddress(const std::string &address);
+
+/// What PostgreSQL's client library is told for \a address, postgresql://[user[:password]@][host][:port]/[name][?name=value&...].
+/// What is left out comes from the library's environment variables and files. Throws UsageError.
+std::string connectionOptions(const std::string &address);
+
+} // namespace wexel::receiver

@@ -1,0 +1,163 @@
+#include "Storage/PostgresDatabase.h"
+
+#include "Storage/DatabaseAddress.h"
+#include "Storage/Migrations.h"
+#include "Storage/StorageError.h"
+
+#include <Poco/Data/PostgreSQL/Connector.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <random>
+#include <thread>
+
+namespace wexel::receiver {
+
+using namespace Poco::Data::Keywords;
+using Poco::Data::Session;
+
+namespace {
+
+constexpr std::size_t mostSessions = 16;
+constexpr int attempts = 10;
+/// Any number that other programs' locks do not have.
+const std::string migrationLock = "7737391";
+
+bool hasState(const Poco::Exception &error, std::string_view state)
+{
+    return error.message().find(" State: " + std::string(state)) != std::string::npos;
+}
+
+/// Lost against another transaction: a serialization failure, a deadlock, or a row that the other has just added or
+/// deleted. What stands in its way is seen by the next attempt.
+bool isLostRace(const Poco::Exception &error)
+{
+    constexpr std::array<std::string_view, 4> states = {"40001", "40P01", "23505", "23503"};
+    return std::any_of(states.begin(), states.end(),
+                       [&](std::string_view state) { return hasState(error, state); });
+}
+
+[[noreturn]] void fail(const Poco::Exception &error)
+{
+    const bool isFull = hasState(error, "53100");
+    throw StorageError(isFull ? StorageError::Kind::Full : StorageError::Kind::Failed, error.displayText());
+}
+
+Session open(const std::string &options)
+{
+    static const bool registered = (Poco::Data::PostgreSQL::Connector::registerConnector(), true);
+    (void)registered;
+    Session session(Poco::Data::PostgreSQL::Connector::KEY, options);
+    // Its remarks would go to the standard error output.
+    session << "SET client_min_messages = error", now;
+    session << "SET client_encoding = 'UTF8'", now;
+    session << "SET synchronous_commit = on", now;
+    session << "SET SESSION CHARACTERISTICS AS TRANSACTION ISOLATION LEVEL READ COMMITTED", now;
+    return session;
+}
+
+/// The first words to a session that lay idle tell whether it is still connected.
+void begin(SessionPool::Loan &loan, const std::string &opening)
+{
+    try {
+        loan.session().begin();
+    } catch (const Poco::Exception &) {
+        if (loan.session().isConnected())
+            throw;
+        loan.renew();
+        loan.session().begin();
+    }
+    if (!opening.empty())
+        loan.session() << opening, now;
+}
+
+void rollBack(Session &session)
+{
+    try {
+        session.rollback();
+    } catch (const Poco::Exception &) { // The connection is lost, and the transaction with it.
+    }
+}
+
+/// False if it lost a race and may try again, unless it is the last time.
+bool attempt(SessionPool &pool, const std::string &opening, const Database::Work &work, bool isLast)
+{
+    SessionPool::Loan loan(pool);
+    begin(loan, opening);
+    try {
+        work(loan.session());
+        loan.session().commit();
+        return true;
+    } catch (const Poco::Exception &error) {
+        rollBack(loan.session());
+        if (isLast || !isLostRace(error))
+            throw;
+        return false;
+    } catch (...) {
+        rollBack(loan.session());
+        throw;
+    }
+}
+
+/// Those who lost to each other once do not meet again.
+void pauseBeforeAttempt(int number)
+{
+    thread_local std::minstd_rand random(std::random_device{}());
+    std::uniform_int_distribution<int> milliseconds(0, 5 << number);
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds(random)));
+}
+
+void checkServed(Session &session)
+{
+    int count = 0;
+    session << "SELECT count(*) FROM pg_tables WHERE tablename = 'schema_version' AND schemaname = ANY "
+               "(current_schemas(false))",
+        into(count), now;
+    if (count == 0)
+        throw StorageError(StorageError::Kind::Failed, "No wexel-receiver has served this database yet");
+    checkSchema(session, Dialect::PostgreSql);
+}
+
+} // namespace
+
+PostgresDatabase::PostgresDatabase(const std::string &address, Mode mode)
+    : m_pool([options = connectionOptions(address)] { return open(options); }, mostSessions)
+    , m_isReadOnly(mode == Mode::Read)
+{
+    if (mode != Mode::Serve) {
+        read(checkServed);
+        return;
+    }
+    write([](Session &session) {
+        session << "SELECT pg_advisory_xact_lock(" + migrationLock + ")", now;
+        migrate(session, Dialect::PostgreSql);
+    });
+}
+
+void PostgresDatabase::write(const Work &work)
+{
+    run(m_isReadOnly ? "SET TRANSACTION READ ONLY" : "", work);
+}
+
+void PostgresDatabase::read(const Work &work)
+{
+    run("", work);
+}
+
+void PostgresDatabase::readSnapshot(const Work &work)
+{
+    run("SET TRANSACTION ISOLATION LEVEL REPEATABLE READ READ ONLY", work);
+}
+
+void PostgresDatabase::run(const std::string &opening, const Work &work)
+{
+    try {
+        for (int number = 1; !attempt(m_pool, opening, work, number == attempts); ++number)
+            pauseBeforeAttempt(std::min(number, 6));
+    } catch (const Poco::Exception &error) {
+        fail(error);
+    }
+}
+
+} // namespace wexel::receiver

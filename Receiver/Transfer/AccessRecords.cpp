@@ -1,0 +1,93 @@
+#include "Transfer/AccessRecords.h"
+
+#include "Text.h"
+
+#include <Poco/Data/RecordSet.h>
+#include <Poco/JSON/Parser.h>
+
+namespace wexel::receiver {
+
+using namespace Poco::Data::Keywords;
+using Poco::Data::RecordSet;
+using Poco::Data::Session;
+using Poco::Data::Statement;
+using Poco::JSON::Object;
+
+namespace {
+
+std::string passwordLine(Session &session)
+{
+    std::vector<std::string> passwords;
+    session << "SELECT password FROM administrator WHERE id = 1", into(passwords), now;
+    return passwords.empty() ? "" : "{\"administrator\":" + jsonString(passwords.front()) + "}\n";
+}
+
+std::string bundlesText(Session &session, const std::string &client)
+{
+    std::vector<std::string> bundles;
+    session << "SELECT bundle_id FROM client_bundles WHERE client_id = $1 ORDER BY bundle_id", bind(client),
+        into(bundles), now;
+    std::string text;
+    for (const std::string &bundle : bundles)
+        text += (text.empty() ? "" : ",") + jsonString(bundle);
+    return '[' + text + ']';
+}
+
+std::string clientLines(Session &session)
+{
+    Statement select(session);
+    select << "SELECT id, secret_digest, created, revoked FROM clients ORDER BY id", now;
+    RecordSet rows(select);
+    std::string lines;
+    for (bool more = rows.moveFirst(); more; more = rows.moveNext()) {
+        const auto id = rows["id"].convert<std::string>();
+        lines += "{\"client\":" + jsonString(id)
+            + ",\"secret_digest\":" + jsonString(rows["secret_digest"].convert<std::string>())
+            + ",\"created\":" + rows["created"].convert<std::string>() + ",\"revoked\":"
+            + rows["revoked"].convert<std::string>() + ",\"bundle_ids\":" + bundlesText(session, id) + "}\n";
+    }
+    return lines;
+}
+
+void restorePassword(Session &session, const std::string &password)
+{
+    session << "INSERT INTO administrator (id, password) VALUES (1, $1) ON CONFLICT DO NOTHING",
+        bind(password), now;
+}
+
+void restoreClient(Session &session, const Object &client)
+{
+    const auto id = client.getValue<std::string>("client");
+    Statement insert(session);
+    insert << "INSERT INTO clients (id, secret_digest, created, revoked) VALUES ($1, $2, $3, $4) ON CONFLICT "
+              "DO NOTHING",
+        bind(id), bind(client.getValue<std::string>("secret_digest")),
+        bind(client.getValue<Poco::Int64>("created")), bind(client.getValue<Poco::Int64>("revoked"));
+    if (insert.execute() == 0)
+        return;
+    for (const Poco::Dynamic::Var &bundle : *client.getArray("bundle_ids"))
+        session << "INSERT INTO client_bundles (client_id, bundle_id) VALUES ($1, $2)", bind(id),
+            bind(bundle.convert<std::string>()), now;
+}
+
+} // namespace
+
+std::string accessText(Session &session)
+{
+    return passwordLine(session) + clientLines(session);
+}
+
+void restoreAccess(Session &session, const std::string &text)
+{
+    for (const std::string_view line : split(text, '\n')) {
+        if (line.empty())
+            continue;
+        const auto object = Poco::JSON::Parser().parse(std::string(line)).extract<Object::Ptr>();
+        if (object->has("administrator"))
+            restorePassword(session, object->getValue<std::string>("administrator"));
+        else
+            restoreClient(session, *object);
+    }
+}
+
+} // namespace wexel::receiver
