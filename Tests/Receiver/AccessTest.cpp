@@ -1,8 +1,6 @@
 #include "Support/TestReceiver.h"
 
 #include "Access/LoginThrottle.h"
-#include "Access/SessionStore.h"
-#include "Storage/DataFolder.h"
 
 #include <gmock/gmock.h>
 
@@ -165,26 +163,6 @@ TEST_F(AccessTest, GuardsEveryAnswerOfTheDashboard)
     // Answered in full, though a client's POST to a wrong address is broken off.
     EXPECT_EQ(client.post("/dashboard/api/nothing", "{}").status, 404);
     EXPECT_EQ(client.post("/dashboard/api/session/more", "{}").status, 404);
-}
-
-TEST(SessionTest, ExpiresWhenIdleAndWhenOld)
-{
-    using wexel::receiver::SessionStore;
-    TemporaryFolder folder;
-    wexel::receiver::DataFolder data({folder.path() / "data"}, wexel::receiver::DataFolder::Access::Serve);
-    SessionStore sessions(data.database());
-    const std::int64_t begin = 1'000'000'000'000;
-    const std::string idle = sessions.start(begin);
-    const std::string busy = sessions.start(begin);
-    std::int64_t now = begin;
-    for (; now < begin + SessionStore::longestLife; now += SessionStore::longestIdle / 2)
-        ASSERT_TRUE(sessions.find(busy, now)) << now - begin;
-    EXPECT_FALSE(sessions.find(busy, begin + SessionStore::longestLife));
-    EXPECT_TRUE(sessions.find(idle, begin + SessionStore::longestIdle - 1));
-    const std::string late = sessions.start(begin);
-    EXPECT_FALSE(sessions.find(late, begin + SessionStore::longestIdle));
-    EXPECT_FALSE(sessions.find("", begin));
-    EXPECT_FALSE(sessions.find(SessionStore::describe(late).digest, begin));
 }
 
 TEST(LoginThrottleTest, CountsByPeerAndByAllAndForgets)
