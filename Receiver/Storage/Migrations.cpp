@@ -26,17 +26,18 @@ const std::vector<Step> &steps()
 {
     static const std::vector<Step> all = {
         {{
-            "CREATE TABLE applications (bundle_id TEXT PRIMARY KEY, os TEXT NOT NULL, platform TEXT NOT "
-            "NULL, archived INTEGER NOT NULL DEFAULT 0)",
-            "CREATE TABLE files (id TEXT PRIMARY KEY, sha256 TEXT NOT NULL, name TEXT NOT NULL, content_type "
-            "TEXT NOT NULL, size INTEGER NOT NULL, received INTEGER NOT NULL)",
-            "CREATE TABLE reports (id INTEGER PRIMARY KEY AUTOINCREMENT, received INTEGER NOT NULL, "
-            "bundle_id TEXT NOT NULL REFERENCES applications, json TEXT NOT NULL)",
+            R"(CREATE TABLE applications (bundle_id TEXT PRIMARY KEY, os TEXT NOT NULL, platform TEXT
+                NOT NULL, archived INTEGER NOT NULL DEFAULT 0))",
+            R"(CREATE TABLE files (id TEXT PRIMARY KEY, sha256 TEXT NOT NULL, name TEXT NOT NULL,
+                content_type TEXT NOT NULL, size INTEGER NOT NULL, received INTEGER NOT NULL))",
+            R"(CREATE TABLE reports (id INTEGER PRIMARY KEY AUTOINCREMENT, received INTEGER NOT NULL,
+                bundle_id TEXT NOT NULL REFERENCES applications, json TEXT NOT NULL))",
             // Position 0 is the screenshot, the attached files follow.
-            "CREATE TABLE report_files (report_id INTEGER NOT NULL REFERENCES reports, position INTEGER NOT "
-            "NULL, file_id TEXT NOT NULL REFERENCES files, PRIMARY KEY (report_id, position)) WITHOUT ROWID",
-            "CREATE TABLE tokens (digest TEXT PRIMARY KEY, client TEXT NOT NULL, expires INTEGER NOT NULL) "
-            "WITHOUT ROWID",
+            R"(CREATE TABLE report_files (report_id INTEGER NOT NULL REFERENCES reports, position
+                INTEGER NOT NULL, file_id TEXT NOT NULL REFERENCES files, PRIMARY KEY (report_id,
+                position)) WITHOUT ROWID)",
+            R"(CREATE TABLE tokens (digest TEXT PRIMARY KEY, client TEXT NOT NULL, expires INTEGER NOT
+                NULL) WITHOUT ROWID)",
         }},
         {{
             // Lets a file be deleted without a look at every report.
@@ -44,8 +45,8 @@ const std::vector<Step> &steps()
         }},
         {{
              // Rows that are short are searched fast.
-             "CREATE TABLE report_documents (report_id INTEGER PRIMARY KEY REFERENCES reports, "
-             "json TEXT NOT NULL)",
+             R"(CREATE TABLE report_documents (report_id INTEGER PRIMARY KEY REFERENCES reports, json
+                TEXT NOT NULL))",
              "INSERT INTO report_documents SELECT id, json FROM reports",
              "ALTER TABLE reports DROP COLUMN json",
              "ALTER TABLE reports ADD COLUMN summary TEXT NOT NULL DEFAULT ''",
@@ -66,22 +67,21 @@ const std::vector<Step> &steps()
              "UPDATE files SET location = sha256",
              "CREATE INDEX files_location ON files (location)",
              // What was taken once, kept beyond the report.
-             "CREATE TABLE report_digests (digest TEXT PRIMARY KEY, report_id INTEGER NOT NULL) WITHOUT "
-             "ROWID",
-             "CREATE TABLE file_chunks (location TEXT NOT NULL, position INTEGER NOT NULL, stored INTEGER "
-             "NOT "
-             "NULL, bytes BLOB NOT NULL, PRIMARY KEY (location, position))",
+             R"(CREATE TABLE report_digests (digest TEXT PRIMARY KEY, report_id INTEGER NOT NULL)
+                WITHOUT ROWID)",
+             R"(CREATE TABLE file_chunks (location TEXT NOT NULL, position INTEGER NOT NULL, stored
+                INTEGER NOT NULL, bytes BLOB NOT NULL, PRIMARY KEY (location, position)))",
          },
          describeReports},
         {{
             // The one password; the row's id is 1.
             "CREATE TABLE administrator (id INTEGER PRIMARY KEY, password TEXT NOT NULL)",
-            "CREATE TABLE sessions (digest TEXT PRIMARY KEY, used INTEGER NOT NULL, expires INTEGER NOT "
-            "NULL) WITHOUT ROWID",
-            "CREATE TABLE clients (id TEXT PRIMARY KEY, secret_digest TEXT NOT NULL, created INTEGER NOT "
-            "NULL, last_used INTEGER, revoked INTEGER NOT NULL DEFAULT 0)",
-            "CREATE TABLE client_bundles (client_id TEXT NOT NULL REFERENCES clients, bundle_id TEXT NOT "
-            "NULL, PRIMARY KEY (client_id, bundle_id)) WITHOUT ROWID",
+            R"(CREATE TABLE sessions (digest TEXT PRIMARY KEY, used INTEGER NOT NULL, expires INTEGER
+                NOT NULL) WITHOUT ROWID)",
+            R"(CREATE TABLE clients (id TEXT PRIMARY KEY, secret_digest TEXT NOT NULL, created INTEGER
+                NOT NULL, last_used INTEGER, revoked INTEGER NOT NULL DEFAULT 0))",
+            R"(CREATE TABLE client_bundles (client_id TEXT NOT NULL REFERENCES clients, bundle_id TEXT
+                NOT NULL, PRIMARY KEY (client_id, bundle_id)) WITHOUT ROWID)",
         }},
     };
     return all;

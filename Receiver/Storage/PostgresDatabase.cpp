@@ -126,10 +126,10 @@ PostgresDatabase::PostgresDatabase(const std::string &address, Mode mode)
     , m_isReadOnly(mode == Mode::Read)
 {
     if (mode != Mode::Serve) {
-        read(checkServed);
+        PostgresDatabase::read(checkServed);
         return;
     }
-    write([](Session &session) {
+    PostgresDatabase::write([](Session &session) {
         session << "SELECT pg_advisory_xact_lock(" + migrationLock + ")", now;
         migrate(session, Dialect::PostgreSql);
     });

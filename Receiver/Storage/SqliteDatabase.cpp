@@ -79,9 +79,9 @@ SqliteDatabase::SqliteDatabase(const std::filesystem::path &file, Mode mode)
     , m_reader(open(file, mode))
 {
     if (mode == Mode::Serve)
-        write([](Session &session) { migrate(session, Dialect::Sqlite); });
+        SqliteDatabase::write([](Session &session) { migrate(session, Dialect::Sqlite); });
     else
-        read([](Session &session) { checkSchema(session, Dialect::Sqlite); });
+        SqliteDatabase::read([](Session &session) { checkSchema(session, Dialect::Sqlite); });
 }
 
 void SqliteDatabase::write(const Work &work)

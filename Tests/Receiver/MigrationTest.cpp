@@ -27,26 +27,24 @@ protected:
 
     void SetUp() override
     {
+        const std::string shared = '\'' + sha + '\'';
         write(
-            {"CREATE TABLE applications (bundle_id TEXT PRIMARY KEY, os TEXT NOT NULL, platform TEXT NOT "
-             "NULL, "
-             "archived INTEGER NOT NULL DEFAULT 0)",
-             "CREATE TABLE files (id TEXT PRIMARY KEY, sha256 TEXT NOT NULL, name TEXT NOT NULL, "
-             "content_type "
-             "TEXT NOT NULL, size INTEGER NOT NULL, received INTEGER NOT NULL)",
-             "CREATE TABLE reports (id INTEGER PRIMARY KEY AUTOINCREMENT, received INTEGER NOT NULL, "
-             "bundle_id "
-             "TEXT NOT NULL REFERENCES applications, json TEXT NOT NULL)",
-             "CREATE TABLE report_files (report_id INTEGER NOT NULL REFERENCES reports, position INTEGER NOT "
-             "NULL, file_id TEXT NOT NULL REFERENCES files, PRIMARY KEY (report_id, position)) WITHOUT ROWID",
-             "CREATE TABLE tokens (digest TEXT PRIMARY KEY, client TEXT NOT NULL, expires INTEGER NOT NULL) "
-             "WITHOUT ROWID",
+            {R"(CREATE TABLE applications (bundle_id TEXT PRIMARY KEY, os TEXT NOT NULL, platform TEXT NOT NULL,
+                  archived INTEGER NOT NULL DEFAULT 0))",
+             R"(CREATE TABLE files (id TEXT PRIMARY KEY, sha256 TEXT NOT NULL, name TEXT NOT NULL,
+                  content_type TEXT NOT NULL, size INTEGER NOT NULL, received INTEGER NOT NULL))",
+             R"(CREATE TABLE reports (id INTEGER PRIMARY KEY AUTOINCREMENT, received INTEGER NOT NULL,
+                  bundle_id TEXT NOT NULL REFERENCES applications, json TEXT NOT NULL))",
+             R"(CREATE TABLE report_files (report_id INTEGER NOT NULL REFERENCES reports,
+                  position INTEGER NOT NULL, file_id TEXT NOT NULL REFERENCES files,
+                  PRIMARY KEY (report_id, position)) WITHOUT ROWID)",
+             R"(CREATE TABLE tokens (digest TEXT PRIMARY KEY, client TEXT NOT NULL,
+                  expires INTEGER NOT NULL) WITHOUT ROWID)",
              "INSERT INTO applications VALUES ('org.example.app', 'iOS', 'iOS', 0), ('org.off', '', '', 1)",
-             "INSERT INTO files VALUES ('f1', '" + sha + "', 'a.png', 'image/png', 5, 1), ('f2', '" + sha
-                 + "', 'b', 'x', 5, 2)",
-             "INSERT INTO reports VALUES (7, 1000, 'org.example.app', '" + json
-                 + "'), (9, 2000, "
-                   "'org.example.app', 'damaged')",
+             "INSERT INTO files VALUES ('f1', " + shared + ", 'a.png', 'image/png', 5, 1)",
+             "INSERT INTO files VALUES ('f2', " + shared + ", 'b', 'x', 5, 2)",
+             "INSERT INTO reports VALUES (7, 1000, 'org.example.app', '" + json + "')",
+             "INSERT INTO reports VALUES (9, 2000, 'org.example.app', 'damaged')",
              "INSERT INTO report_files VALUES (7, 0, 'f1'), (9, 1, 'f2')",
              "INSERT INTO tokens VALUES ('" + sha256("token") + "', 'id', 9000000000000)"});
         if (GetParam() == 2)

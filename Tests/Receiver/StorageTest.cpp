@@ -225,11 +225,11 @@ TEST_P(StorageTest, ListsAndSearches)
 
 TEST_P(StorageTest, ServesWithIt)
 {
-    TestReceiver receiver(optionsOf(place), {});
+    TestReceiver receiver(optionsOf(place), {"--max-file-size", "2000000"});
     Client client = receiver.client();
     const std::string bytes(1000000, '\xab');
     const std::string url = client.upload("a", bytes).text("url");
-    EXPECT_EQ(client.upload("cut", std::string(70000000, 'x')).status, 413);
+    EXPECT_EQ(client.upload("cut", std::string(3000000, 'x')).status, 413);
     EXPECT_EQ(client.request("GET", Poco::URI(url).getPath()).body, bytes);
     EXPECT_EQ(client.sendReport("{\"screenshot_url\":\"" + url + "\"}").status, 200);
     EXPECT_EQ(client.sendReport(std::string("{\"a\":\"\0\"}", 9)).status, 400);

@@ -1,5 +1,6 @@
 #include "Support/PostgresServer.h"
 
+#include <iostream>
 #include <stdexcept>
 #include <unistd.h>
 
@@ -42,7 +43,11 @@ PostgresServer::PostgresServer() : m_programs(serverPrograms())
 
 PostgresServer::~PostgresServer()
 {
-    tool({m_programs / "pg_ctl", "-D", m_folder.path() / "data", "-m", "immediate", "stop"});
+    try {
+        tool({m_programs / "pg_ctl", "-D", m_folder.path() / "data", "-m", "immediate", "stop"});
+    } catch (const std::exception &error) {
+        std::cerr << error.what() << '\n';
+    }
 }
 
 std::string PostgresServer::newDatabase()

@@ -44,7 +44,7 @@ protected:
         const auto incoming = storage.files().receive(id);
         incoming->write(bytes);
         const std::string sha256 = incoming->publish();
-        const StoredFile file
+        StoredFile file
             = {id, sha256, "name", "type", bytes.size(), wexel::receiver::currentMilliseconds() - age, id};
         storage.reports().addFile(file);
         return file;
