@@ -89,6 +89,7 @@ void measure(const std::string &url, const std::string &cookie)
           "reports?search=number%2099", "reports?search=the%20list", "reports?search=nowhere", "applications",
           "filters", "filters?bundle_id=org.example.app7"}) {
         std::vector<double> times;
+        times.reserve(rounds);
         for (int i = 0; i < rounds; ++i)
             times.push_back(timeOf(client, cookie, "/dashboard/api/" + path));
         std::sort(times.begin(), times.end());
