@@ -1,6 +1,7 @@
 // How long the dashboard waits for its list with many reports: fills a new receiver and asks it over HTTP.
 //
-//   ReceiverList [REPORTS [DATABASE]]     100000 reports in a temporary folder, or in an empty PostgreSQL database
+//   ReceiverList [REPORTS [DATABASE]]     100000 reports in a temporary folder, or in an empty PostgreSQL database;
+//                                         0 asks a database that was filled before
 
 #include "Access/SessionStore.h"
 #include "Server.h"
@@ -115,7 +116,7 @@ int main(int argc, char **argv)
         DataFolder data(options.place, DataFolder::Access::Serve);
         fill(data, reports);
         Server server(options, data);
-        std::cout << reports << " reports, answers over HTTP:\n";
+        std::cout << data.reports().page({}).total << " reports, answers over HTTP:\n";
         measure(server.url(), SessionStore(data.database()).start(currentMilliseconds()));
         server.stop();
     }

@@ -1,6 +1,7 @@
 #include "Storage/DatabaseAddress.h"
 
 #include "Options.h"
+#include "Text.h"
 
 #include <Poco/Exception.h>
 #include <Poco/URI.h>
@@ -37,8 +38,8 @@ std::map<std::string, std::string> valuesOf(const Poco::URI &uri)
     std::map<std::string, std::string> values = {{"connect_timeout", "10"}};
     const std::string &user = uri.getUserInfo();
     const std::size_t colon = user.find(':');
-    values["user"] = user.substr(0, colon);
-    values["password"] = colon == user.npos ? "" : user.substr(colon + 1);
+    values["user"] = percentDecoded(user.substr(0, colon));
+    values["password"] = colon == user.npos ? "" : percentDecoded(user.substr(colon + 1));
     values["host"] = uri.getHost();
     values["port"] = uri.getPort() == 0 ? "" : std::to_string(uri.getPort());
     values["dbname"] = uri.getPath().substr(uri.getPath().starts_with('/') ? 1 : 0);

@@ -94,11 +94,16 @@ std::string orderOf(const ReportQuery &query)
     return " ORDER BY " + columns.at(query.sort) + direction + ", id" + direction;
 }
 
-const std::string rowColumns
-    = "SELECT id, received, bundle_id, summary, tester, device, os_version, app_version, "
-      "(SELECT count(*) FROM report_files WHERE report_id = reports.id AND position = 0) AS screenshots, "
-      "(SELECT count(*) FROM report_files WHERE report_id = reports.id AND position > 0) AS attached "
-      "FROM reports";
+/// The rows of \a part, a condition with its order and limit. What each row costs is paid for those alone.
+std::string rowsOf(const std::string &part, const std::string &order)
+{
+    return "SELECT id, received, bundle_id, summary, tester, device, os_version, app_version, "
+           "(SELECT count(*) FROM report_files WHERE report_id = picked.id AND position = 0) AS screenshots, "
+           "(SELECT count(*) FROM report_files WHERE report_id = picked.id AND position > 0) AS attached "
+           "FROM (SELECT id, received, bundle_id, summary, tester, device, os_version, app_version "
+           "FROM reports"
+        + part + ") AS picked" + order;
+}
 
 ReportRow rowAt(RecordSet &rows)
 {
@@ -181,7 +186,8 @@ ReportPage SqlReportStore::page(const ReportQuery &query)
         const std::string where = conditions.text();
         const std::string limit = " LIMIT " + conditions.value(query.size);
         const std::string offset = " OFFSET " + conditions.value((query.page - 1) * query.size);
-        page.rows = readRows(session, rowColumns + where + orderOf(query) + limit + offset, conditions);
+        page.rows
+            = readRows(session, rowsOf(where + orderOf(query) + limit + offset, orderOf(query)), conditions);
     });
     return page;
 }
@@ -202,7 +208,7 @@ std::optional<ReportRow> SqlReportStore::report(std::int64_t id)
     m_database.read([&](Session &session) {
         Conditions conditions;
         conditions.add("id = ", id);
-        found = readRows(session, rowColumns + conditions.text(), conditions);
+        found = readRows(session, rowsOf(conditions.text(), ""), conditions);
     });
     return found.empty() ? std::nullopt : std::optional(found.front());
 }

@@ -40,6 +40,11 @@ TEST_F(CommandsTest, ExplainsWrongOptions)
     writeFile(branding, R"({"text_color":"#fff"})");
     EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--white-labeling", branding.string()}),
                 HasSubstr("\"background\""));
+    EXPECT_THAT(complaint({"--data", folderName, "--database", "postgresql:///x"}), HasSubstr("exclude"));
+    EXPECT_THAT(complaint({"--data", folderName, "--files", "x"}), HasSubstr("--files needs --database"));
+    EXPECT_THAT(complaint({"--database", "mysql://x/y"}), HasSubstr("postgresql://"));
+    EXPECT_THAT(complaint({"--database", "postgresql://a:b%20c@x/y"}), HasSubstr("blank"));
+    EXPECT_THAT(complaint({"export", "--data", folderName}), HasSubstr("FILE"));
     EXPECT_FALSE(std::filesystem::exists(data));
     EXPECT_EQ(runReceiver({"--help"}).code, 0);
     EXPECT_THAT(runReceiver({"--version"}).output, HasSubstr("wexel-receiver 1."));
@@ -55,6 +60,9 @@ TEST_F(CommandsTest, ExplainsUnusableFolders)
     EXPECT_THAT(runReceiver({"reports", "--data", data.string()}).output,
                 HasSubstr("no wexel-receiver has served it"));
     EXPECT_FALSE(std::filesystem::exists(data));
+
+    EXPECT_THAT(runReceiver({"reports", "--database", "postgresql:///x?host=/nowhere"}).output,
+                HasSubstr("/nowhere"));
 
     start();
     EXPECT_EQ(std::filesystem::status(data).permissions(), std::filesystem::perms::owner_all);
