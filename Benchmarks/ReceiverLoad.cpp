@@ -162,6 +162,7 @@ int run(const Load &load)
     Outcome outcome;
     const auto began = Clock::now();
     std::vector<std::thread> threads;
+    threads.reserve(static_cast<std::size_t>(load.clients));
     for (int i = 0; i < load.clients; ++i)
         threads.emplace_back([&] { runClient(load, picture, next, outcome); });
     for (std::thread &thread : threads)
