@@ -46,8 +46,9 @@ TEST(Banner, RisesAfterASecondAndGoesAfterTwoMore)
     const QRect shown(40, 540 - height - reach, 390, height + reach);
     EXPECT_TRUE(waitUntilTheyReach(shown));
     EXPECT_EQ(banners().first()->transientParent(), &host);
-    EXPECT_EQ(banners().first()->mask().boundingRect(), QRect(0, reach, 390, height))
-        << "takes presses there";
+    EXPECT_TRUE(waitUntil([&] {
+        return banners().first()->mask().boundingRect() == QRect(0, reach, 390, height);
+    })) << "takes presses there";
     host.setGeometry(60, 20, 300, 400);
     EXPECT_TRUE(waitUntilTheyReach(QRect(60, 420 - height - reach, 300, height + reach)));
 

@@ -9,7 +9,7 @@ namespace wexel {
 QImage ArtworkProvider::requestImage(const QString &id, QSize *size, const QSize & /*requestedSize*/)
 {
     const int side = id.section(u'/', 1).toInt();
-    const QImage image = artwork(id.section(u'/', 0, 0), {side, side}, qGuiApp->devicePixelRatio());
+    QImage image = artwork(id.section(u'/', 0, 0), {side, side}, qGuiApp->devicePixelRatio());
     *size = image.size();
     return image;
 }

@@ -20,7 +20,7 @@ double widestPart(const QString &text, const QFontMetricsF &metrics)
 {
     double widest = 0;
     QTextBoundaryFinder finder(QTextBoundaryFinder::Line, text);
-    for (int start = 0, end = finder.toNextBoundary(); end > start; end = finder.toNextBoundary()) {
+    for (qsizetype start = 0, end = finder.toNextBoundary(); end > start; end = finder.toNextBoundary()) {
         widest = std::max(widest, metrics.horizontalAdvance(text.mid(start, end - start).trimmed()));
         start = end;
     }

@@ -1,8 +1,10 @@
 import QtQuick
 import Wexel.Screens
 
-// A text of several lines that is typed; Tab leaves it.
+// A text of several lines that is typed, pasted or dropped; Tab leaves it.
 TextEdit {
+    id: edit
+
     readonly property real inset: 8 // above and below the text
     readonly property real sideInset: 5
 
@@ -21,4 +23,13 @@ TextEdit {
     Accessible.multiLine: true
     Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
     Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+
+    DropArea {
+        anchors.fill: parent
+        keys: ["text/plain"]
+        onDropped: drop => {
+            edit.insert(edit.positionAt(drop.x, drop.y), drop.text);
+            drop.accept(Qt.CopyAction);
+        }
+    }
 }
