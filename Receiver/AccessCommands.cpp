@@ -113,6 +113,8 @@ int manageClients(const Options &options)
         return addClient(options, clients);
     if (options.clientAction == "rotate")
         return printSecret(options.clientId, clients.rotate(options.clientId), unknown);
+    if (options.clientAction == "bind" && !clients.bindTo(options.clientId, options.bundleIds))
+        throw std::runtime_error(unknown);
     if (options.clientAction == "revoke" && !clients.revoke(options.clientId))
         throw std::runtime_error(unknown);
     if (options.clientAction == "list")

@@ -52,8 +52,9 @@ Poco::Util::OptionSet optionSet()
     set.addOption(with("max-connections", "N", "Connections served at once (256)."));
     set.addOption(with("request-timeout", "SECONDS", "Time in which a whole request must arrive (60)."));
     set.addOption(with("token-lifetime", "SECONDS", "Time for which a token is good (2592000)."));
-    set.addOption(with("bundle", "BUNDLE_ID", "With client add: the only one that it may report for.")
-                      .repeatable(true));
+    set.addOption(
+        with("bundle", "BUNDLE_ID", "With client add and client bind: the only one that it may report for.")
+            .repeatable(true));
     set.addOption(Option("json", "", "With reports: print JSON."));
     set.addOption(Option("help", "", "Print this text."));
     set.addOption(Option("version", "", "Print the version."));
@@ -149,9 +150,9 @@ void takeClientAction(Options &options, const std::vector<std::string> &words)
     const bool hasId = words.size() == 3;
     const bool isRight = action == "list" ? words.size() == 2
         : action == "add"                 ? words.size() <= 3
-                                          : (action == "rotate" || action == "revoke") && hasId;
+                          : (action == "bind" || action == "rotate" || action == "revoke") && hasId;
     if (!isRight)
-        throw UsageError("\"client\" needs add [ID], list, rotate ID or revoke ID");
+        throw UsageError("\"client\" needs add [ID], list, bind ID, rotate ID or revoke ID");
     options.clientAction = action;
     options.clientId = hasId ? words[2] : "";
 }
@@ -249,6 +250,7 @@ std::string usage()
                        "       wexel-receiver reports --data DIR [--json]\n"
                        "       wexel-receiver archive|unarchive BUNDLE_ID --data DIR\n"
                        "       wexel-receiver client add [ID] [--bundle BUNDLE_ID]... --data DIR\n"
+                       "       wexel-receiver client bind ID [--bundle BUNDLE_ID]... --data DIR\n"
                        "       wexel-receiver client list|rotate ID|revoke ID --data DIR\n"
                        "       wexel-receiver password --data DIR\n"
                        "       wexel-receiver export|import|backup FILE --data DIR");

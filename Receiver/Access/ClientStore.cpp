@@ -33,6 +33,14 @@ std::size_t change(Session &session, const std::string &sql, const Values &...va
     return statement.execute();
 }
 
+void addBundles(Session &session, const std::string &id, const std::vector<std::string> &bundleIds)
+{
+    for (const std::string &bundle : bundleIds)
+        change(session,
+               "INSERT INTO client_bundles (client_id, bundle_id) VALUES ($1, $2) ON CONFLICT DO NOTHING", id,
+               bundle);
+}
+
 std::vector<std::string> bundlesOf(Session &session, const std::string &id)
 {
     std::vector<std::string> bundles;
@@ -76,10 +84,8 @@ std::optional<std::string> ClientStore::add(const std::string &id, const std::ve
                        "INSERT INTO clients (id, secret_digest, created) VALUES ($1, $2, $3) "
                        "ON CONFLICT DO NOTHING",
                        id, sha256(secret), now);
-        for (std::size_t i = 0; added > 0 && i < bundleIds.size(); ++i)
-            change(session,
-                   "INSERT INTO client_bundles (client_id, bundle_id) VALUES ($1, $2) ON CONFLICT DO NOTHING",
-                   id, bundleIds[i]);
+        if (added > 0)
+            addBundles(session, id, bundleIds);
     });
     return added > 0 ? std::optional(secret) : std::nullopt;
 }
@@ -94,6 +100,20 @@ std::optional<std::string> ClientStore::rotate(const std::string &id)
         endTokens(session, id);
     });
     return changed > 0 ? std::optional(secret) : std::nullopt;
+}
+
+bool ClientStore::bindTo(const std::string &id, const std::vector<std::string> &bundleIds)
+{
+    std::size_t found = 0;
+    m_database.write([&](Session &session) {
+        // Changes nothing but takes the row, so that of two at once one wins as a whole.
+        found = change(session, "UPDATE clients SET revoked = 0 WHERE id = $1 AND revoked = 0", id);
+        if (found == 0)
+            return;
+        change(session, "DELETE FROM client_bundles WHERE client_id = $1", id);
+        addBundles(session, id, bundleIds);
+    });
+    return found > 0;
 }
 
 bool ClientStore::revoke(const std::string &id)

@@ -29,6 +29,9 @@ public:
                                    std::int64_t now);
     /// Replaces the secret and ends the client's tokens; nothing if there is no such client, or it is revoked.
     std::optional<std::string> rotate(const std::string &id);
+    /// Replaces the bundle ids that the client may report for; those tokens that it has are bound to them at once. False if
+    /// there is no such client, or it is revoked.
+    bool bindTo(const std::string &id, const std::vector<std::string> &bundleIds);
     /// Ends the client and its tokens for good. False if there is no such client.
     bool revoke(const std::string &id);
 

@@ -2,7 +2,7 @@
 
 import {ageElement} from './ages.js';
 import {change, get} from './api.js';
-import {confirmDialog, openDialog} from './dialog.js';
+import {confirmDialog, formDialog} from './dialog.js';
 import {el, failed, fill, quoted} from './dom.js';
 import {emptyInbox} from './emptyInbox.js';
 import {bytes, integer, plural} from './format.js';
@@ -74,25 +74,18 @@ function retentionText({max_age_days: days, max_bytes: size}) {
 function editRetention(application, done) {
     const days = el('input', {type: 'number', min: 1, step: 1, id: 'days', value: application.max_age_days ?? ''});
     const size = el('input', {type: 'number', min: 1, step: 'any', id: 'size', value: application.max_bytes ? application.max_bytes / mebibyte : ''});
-    const problem = el('p.problem', {role: 'alert', hidden: true});
-    const form = el('form.dialog-body', {onsubmit: submit},
-        el('p', 'Reports beyond these limits are deleted for good, the oldest first. An empty field is no limit.'),
-        el('label', {htmlFor: 'days'}, 'Days'), days,
-        el('label', {htmlFor: 'size'}, 'Megabytes'), size, problem,
-        el('.dialog-buttons', el('button', {type: 'button', onclick: () => dialog.close()}, 'Cancel'), el('button.primary', {type: 'submit'}, 'Save')));
-    const dialog = openDialog('How much is kept', form);
-
-    async function submit(event) {
-        event.preventDefault();
-        try {
+    formDialog({
+        title: 'How much is kept',
+        fields: [el('p', 'Reports beyond these limits are deleted for good, the oldest first. An empty field is no limit.'),
+            el('label', {htmlFor: 'days'}, 'Days'), days,
+            el('label', {htmlFor: 'size'}, 'Megabytes'), size],
+        button: 'Save',
+        async action() {
             await change('PUT', `applications/${encodeURIComponent(application.bundle_id)}/retention`, {
                 max_age_days: days.value ? Math.round(days.valueAsNumber) : null,
                 max_bytes: size.value ? Math.round(size.valueAsNumber * mebibyte) : null,
             });
-            dialog.close();
             await done('Saved');
-        } catch (error) {
-            fill(problem, error.message).hidden = false;
-        }
-    }
+        },
+    });
 }

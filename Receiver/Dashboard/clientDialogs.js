@@ -1,36 +1,41 @@
-// Makes a client, and shows a secret the only time that it can be seen.
+// Makes and changes a client, and shows a secret the only time that it can be seen.
 
 import {change} from './api.js';
-import {openDialog} from './dialog.js';
-import {el, fill} from './dom.js';
+import {formDialog, openDialog} from './dialog.js';
+import {el} from './dom.js';
 import {copyButton} from './notify.js';
 
-export function clientDialog(done) {
+export function newClientDialog(done) {
     const id = el('input', {type: 'text', id: 'client-id', autocomplete: 'off', spellcheck: 'false', maxlength: 100, placeholder: 'made up for you if empty'});
-    const bundles = el('textarea', {id: 'client-bundles', rows: 3, spellcheck: 'false', placeholder: 'org.example.app'});
-    const problem = el('p.problem', {role: 'alert', hidden: true});
-    const form = el('form.dialog-body', {onsubmit: submit},
-        el('label', {htmlFor: 'client-id'}, 'Id'), id,
-        el('label', {htmlFor: 'client-bundles'}, 'Bundle ids it may send for, one a line; any if empty'), bundles, problem,
-        el('.dialog-buttons', el('button', {type: 'button', onclick: () => dialog.close()}, 'Cancel'), el('button.primary', {type: 'submit'}, 'Create')));
-    const dialog = openDialog('New client', form);
-    id.focus();
-
-    async function submit(event) {
-        event.preventDefault();
-        const body = {bundle_ids: bundles.value.split(/[\n,]/).map((line) => line.trim()).filter(Boolean)};
-        if (id.value.trim())
-            body.id = id.value.trim();
-        try {
-            const client = await change('POST', 'clients', body);
-            dialog.close();
-            showSecret(client.id, client.secret);
+    const bundles = bundlesField([]);
+    formDialog({
+        title: 'New client',
+        fields: [el('label', {htmlFor: 'client-id'}, 'Id'), id, bundlesLabel(), bundles],
+        button: 'Create',
+        async action() {
+            const client = await change('POST', 'clients', {...id.value.trim() && {id: id.value.trim()}, bundle_ids: listed(bundles)});
             await done();
-        } catch (error) {
-            fill(problem, error.message).hidden = false;
-        }
-    }
+            return () => showSecret(client.id, client.secret);
+        },
+    });
 }
+
+export function bundlesDialog({id, bundle_ids: bundleIds}, title, done) {
+    const bundles = bundlesField(bundleIds);
+    formDialog({
+        title,
+        fields: [bundlesLabel(), bundles, el('p.faint', 'It holds from the next request on. A report for another application is refused, and the application drops it.')],
+        button: 'Save',
+        async action() {
+            await change('PUT', `clients/${encodeURIComponent(id)}`, {bundle_ids: listed(bundles)});
+            await done();
+        },
+    });
+}
+
+const bundlesLabel = () => el('label', {htmlFor: 'client-bundles'}, 'Bundle ids it may send for, one a line; any if empty');
+const bundlesField = (values) => el('textarea', {id: 'client-bundles', rows: 3, spellcheck: 'false', placeholder: 'org.example.app', value: values.join('\n')});
+const listed = (field) => field.value.split(/[\n,]/).map((line) => line.trim()).filter(Boolean);
 
 export function showSecret(id, secret) {
     const dialog = openDialog('The client’s secret', el('.dialog-body',

@@ -2,7 +2,7 @@
 
 import {ageElement} from './ages.js';
 import {change, get} from './api.js';
-import {clientDialog, showSecret} from './clientDialogs.js';
+import {bundlesDialog, newClientDialog, showSecret} from './clientDialogs.js';
 import {confirmDialog} from './dialog.js';
 import {el, failed, fill, quoted} from './dom.js';
 import {icon} from './icons.js';
@@ -12,7 +12,7 @@ import {visible} from './text.js';
 export function showClients({place, signal}) {
     document.title = 'Clients · Wexel';
     const content = el('.settings-content');
-    const create = () => clientDialog(reload);
+    const create = () => newClientDialog(reload);
     fill(place, el('.page-head', el('h1', 'Clients'), el('button.primary', {type: 'button', onclick: create}, icon('plus'), 'New client')),
         el('p.lead', 'An application sends with the id and the secret of a client. A client may be bound to the bundle ids it may send for.'), content);
     const reload = async () => show(await get('clients', signal));
@@ -37,6 +37,7 @@ export function showClients({place, signal}) {
             el('td', {dataset: {name: 'Created'}}, client.created ? ageElement(client.created, {words: true}) : '–'),
             el('td', {dataset: {name: 'Last used'}}, client.last_used ? ageElement(client.last_used, {words: true}) : el('span.faint', 'never')),
             el('td.row-buttons', !fixed && [
+                el('button.small', {type: 'button', onclick: () => bundlesDialog(client, `What may ${visible(client.id, 60)} send for?`, reload)}, 'Bundle ids'),
                 el('button.small', {type: 'button', onclick: () => askToRotate(client)}, 'New secret'),
                 el('button.small', {type: 'button', onclick: () => askToRevoke(client)}, 'Revoke')]));
     }
@@ -48,8 +49,8 @@ export function showClients({place, signal}) {
             button: 'New secret',
             async action() {
                 const {secret} = await change('POST', `clients/${encodeURIComponent(id)}/rotate`);
-                showSecret(id, secret);
                 await reload();
+                return () => showSecret(id, secret);
             },
         });
     }

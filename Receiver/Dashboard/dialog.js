@@ -1,6 +1,6 @@
 // Modal questions in the browser's own <dialog>: Escape and the backdrop leave it, the focus returns by itself.
 
-import {el} from './dom.js';
+import {el, fill} from './dom.js';
 import {icon} from './icons.js';
 
 /// Opens it; it is gone from the document once closed. The content may close it by button value or close().
@@ -16,23 +16,44 @@ export function openDialog(title, content, {className = ''} = {}) {
     return dialog;
 }
 
-/// Asks before something is done for good. `action` may reject: the dialog then says why and stays.
-export function confirmDialog({title, text, button, danger = true, action}) {
-    const problem = el('p.problem', {role: 'alert', hidden: true});
-    const act = el('button', {type: 'button', className: danger ? 'danger' : 'primary', onclick: run}, button);
+/// Asks for the values of `fields`. `action` may reject: the dialog then says why and stays. What it resolves to, if anything,
+/// is called when the dialog has gone.
+export function formDialog({title, fields, button, action}) {
+    const act = el('button.primary', {type: 'submit'}, button);
     const cancel = el('button', {type: 'button', onclick: () => dialog.close()}, 'Cancel');
+    const problem = problemLine();
+    const run = attempt(action, act, problem, () => dialog.close());
+    const onsubmit = (event) => {
+        event.preventDefault();
+        run();
+    };
+    const dialog = openDialog(title, el('form.dialog-body', {onsubmit}, fields, problem, el('.dialog-buttons', cancel, act)));
+    dialog.querySelector('input, textarea').focus();
+}
+
+/// Asks before something is done for good. `action` is as above.
+export function confirmDialog({title, text, button, danger = true, action}) {
+    const act = el('button', {type: 'button', className: danger ? 'danger' : 'primary', onclick: () => run()}, button);
+    const cancel = el('button', {type: 'button', onclick: () => dialog.close()}, 'Cancel');
+    const problem = problemLine();
+    const run = attempt(action, act, problem, () => dialog.close());
     const dialog = openDialog(title, el('.dialog-body', el('p', text), problem, el('.dialog-buttons', cancel, act)));
     (danger ? cancel : act).focus();
-    async function run() {
-        act.disabled = true;
-        try {
-            await action();
-            dialog.close();
-        } catch (error) {
-            problem.textContent = error.message;
-            problem.hidden = false;
-            act.disabled = false;
-        }
-    }
     return dialog;
+}
+
+const problemLine = () => el('p.problem', {role: 'alert', hidden: true});
+
+function attempt(action, button, problem, done) {
+    return async () => {
+        button.disabled = true;
+        try {
+            const then = await action();
+            done();
+            then?.();
+        } catch (error) {
+            fill(problem, error.message).hidden = false;
+            button.disabled = false;
+        }
+    };
 }

@@ -1,4 +1,4 @@
-import {change} from './api.js';
+import {change, get} from './api.js';
 import {el, fill} from './dom.js';
 
 /// Takes the whole page until the password is right.
@@ -22,7 +22,8 @@ export function showLogin(enter) {
         button.disabled = true;
         problem.textContent = '';
         try {
-            enter(await change('POST', 'session', {password: password.value}));
+            await change('POST', 'session', {password: password.value});
+            enter(await get('session')); // which proves that the browser kept the cookie
         } catch (error) {
             explain(error);
         }

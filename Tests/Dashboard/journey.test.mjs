@@ -48,10 +48,14 @@ step('a client is made in the dashboard, and the library reports with it while t
     await page.getByRole('link', {name: 'Create a client'}).click();
     await page.getByRole('button', {name: 'New client'}).click();
     await page.getByLabel('Id', {exact: true}).fill('beta');
-    await page.getByLabel(/Bundle ids/).fill(bundleId);
+    await page.getByLabel(/Bundle ids/).fill('org.example.mistake');
     await page.getByRole('button', {name: 'Create', exact: true}).click();
     const secret = await page.locator('.credential', {hasText: 'APIClientSecret'}).locator('code').textContent();
     await page.getByRole('button', {name: 'I have it'}).click();
+    await page.getByRole('row', {name: /beta/}).getByRole('button', {name: 'Bundle ids'}).click();
+    assert.equal(await page.getByLabel(/Bundle ids/).inputValue(), 'org.example.mistake');
+    await page.getByLabel(/Bundle ids/).fill(bundleId);
+    await page.getByRole('button', {name: 'Save'}).click();
     await page.getByRole('row', {name: /beta/}).getByText(bundleId).waitFor();
     assert.doesNotMatch(await page.content(), new RegExp(secret));
 

@@ -108,6 +108,33 @@ TEST_F(ClientsTest, BindsThemToApplications)
     EXPECT_EQ(receiver->reports()->size(), 1U);
 }
 
+TEST_F(ClientsTest, BindsThemAnew)
+{
+    start();
+    Client administrator = receiver->administrator();
+    Client client = add(administrator, R"({"id":"beta","bundle_ids":["org.example.app"]})");
+    const auto bind = [&](const std::string &id, const std::string &json) {
+        return administrator.request("PUT", clients + '/' + id, json, "application/json").status;
+    };
+    const auto send = [&](const std::string &bundle) {
+        return client.sendReport(R"({"bundle":")" + bundle + "\"}", bundle).status;
+    };
+    for (const char *wrong : {"{}", R"({"bundle_ids":null})", R"({"bundle_ids":["../x"]})"})
+        EXPECT_EQ(bind("beta", wrong), 400) << wrong;
+    EXPECT_EQ(bind("gamma", R"({"bundle_ids":[]})"), 404);
+    EXPECT_EQ(send("org.example.app"), 200);
+    EXPECT_EQ(bind("beta", R"({"bundle_ids":["org.example.next"]})"), 204);
+    EXPECT_EQ(send("org.example.next"), 200);
+    EXPECT_EQ(send("org.example.app"), 403);
+    EXPECT_EQ(command({"bind", "beta", "--bundle", "org.example.app"}).code, 0);
+    EXPECT_EQ(send("org.example.next"), 403);
+    EXPECT_EQ(command({"bind", "beta"}).code, 0);
+    EXPECT_EQ(send("org.example.any"), 200);
+    EXPECT_EQ(command({"revoke", "beta"}).code, 0);
+    EXPECT_EQ(bind("beta", R"({"bundle_ids":[]})"), 404) << "it stays revoked";
+    EXPECT_EQ(command({"bind", "beta"}).code, 1);
+}
+
 TEST_F(ClientsTest, ManagesThemFromTheCommandLineBesideAServer)
 {
     start();
@@ -128,8 +155,8 @@ TEST_F(ClientsTest, ManagesThemFromTheCommandLineBesideAServer)
     EXPECT_THAT(command({"list"}).output, HasSubstr("revoked"));
     EXPECT_EQ(command({"rotate", "beta"}).code, 1);
     EXPECT_EQ(command({"revoke", "gamma"}).code, 1);
-    for (const std::vector<std::string> &wrong :
-         std::vector<std::vector<std::string>>{{}, {"rotate"}, {"list", "x"}, {"add", "a:b"}, {"dance", "x"}})
+    for (const std::vector<std::string> &wrong : std::vector<std::vector<std::string>>{
+             {}, {"rotate"}, {"bind"}, {"list", "x"}, {"add", "a:b"}, {"dance", "x"}})
         EXPECT_EQ(command(wrong).code, 2);
 }
 

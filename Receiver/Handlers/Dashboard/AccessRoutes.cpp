@@ -28,6 +28,7 @@ void addAccessRoutes(Router &router, AccessControl &access, const Clients &comma
                std::make_unique<AddClientHandler>(store, commandLineClients));
     router.add("POST", clients + "/{}/rotate", Access::SessionNeeded,
                std::make_unique<RotateClientHandler>(store));
+    router.add("PUT", clients + "/{}", Access::SessionNeeded, std::make_unique<BindClientHandler>(store));
     router.add("DELETE", clients + "/{}", Access::SessionNeeded,
                std::make_unique<RevokeClientHandler>(store));
 }

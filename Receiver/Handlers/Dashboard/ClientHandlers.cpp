@@ -53,8 +53,6 @@ std::string bundleIn(const Poco::Dynamic::Var &value)
 std::vector<std::string> bundlesIn(const Object &object)
 {
     std::vector<std::string> bundles;
-    if (!object.has("bundle_ids"))
-        return bundles;
     const Array::Ptr array = object.getArray("bundle_ids");
     if (!array || array->size() > maximumBundles)
         throw HttpError(Status::HTTP_BAD_REQUEST,
@@ -102,7 +100,7 @@ Answer AddClientHandler::handle(Request &request)
 {
     const Object::Ptr body = readJsonBody(request);
     const std::string id = idIn(*body);
-    const auto bundles = bundlesIn(*body);
+    const auto bundles = body->has("bundle_ids") ? bundlesIn(*body) : std::vector<std::string>();
     const auto secret
         = m_commandLine.contains(id) ? std::nullopt : m_store.add(id, bundles, currentMilliseconds());
     if (!secret)
@@ -119,6 +117,14 @@ Answer RotateClientHandler::handle(Request &request)
         failUnknown();
     logChange("client_rotated", request, request.parameter);
     return jsonAnswer("{\"secret\":" + jsonString(*secret) + "}");
+}
+
+Answer BindClientHandler::handle(Request &request)
+{
+    if (!m_store.bindTo(request.parameter, bundlesIn(*readJsonBody(request))))
+        failUnknown();
+    logChange("client_bound", request, request.parameter);
+    return {.status = Status::HTTP_NO_CONTENT};
 }
 
 Answer RevokeClientHandler::handle(Request &request)

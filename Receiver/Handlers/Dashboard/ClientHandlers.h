@@ -52,6 +52,18 @@ private:
     ClientStore &m_store;
 };
 
+/// PUT dashboard/api/clients/{id}, {"bundle_ids"}: replaces the bundle ids that it may report for; none means any.
+class BindClientHandler : public Handler
+{
+public:
+    explicit BindClientHandler(ClientStore &store) : m_store(store) { }
+
+    Answer handle(Request &request) override;
+
+private:
+    ClientStore &m_store;
+};
+
 /// DELETE dashboard/api/clients/{id}: ends the client, with its tokens, for good.
 class RevokeClientHandler : public Handler
 {
