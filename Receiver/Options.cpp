@@ -46,6 +46,9 @@ Poco::Util::OptionSet optionSet()
     set.addOption(with("tls-key", "FILE", "The certificate's private key (PEM)."));
     set.addOption(
         with("public-url", "URL", "Address that clients reach this receiver at, if it is another one."));
+    set.addOption(with("trusted-proxy", "ADDRESS",
+                       "A proxy, or a network of them, whose X-Forwarded-For tells who sends a request.")
+                      .repeatable(true));
     set.addOption(with("white-labeling", "FILE", "JSON of the branding to offer."));
     set.addOption(with("max-file-size", "BYTES", "Largest file that is taken (67108864)."));
     set.addOption(with("max-report-size", "BYTES", "Largest report that is taken (16777216)."));
@@ -100,6 +103,13 @@ void setPublicUrl(Options &options, std::string text)
                      + "\"");
 }
 
+void addTrustedProxy(Options &options, const std::string &text)
+{
+    if (!options.trustedProxies.add(text))
+        throw UsageError("--trusted-proxy must be an address or a network such as 10.0.0.0/8, not \"" + text
+                         + "\"");
+}
+
 std::string checkedBundleId(const std::string &bundleId)
 {
     if (const std::string fault = bundleIdFault(bundleId); !fault.empty())
@@ -123,6 +133,7 @@ void apply(Options &options, const std::string &name, const std::string &value)
         {"tls-cert", [&] { options.certificateFile = value; }},
         {"tls-key", [&] { options.privateKeyFile = value; }},
         {"public-url", [&] { setPublicUrl(options, value); }},
+        {"trusted-proxy", [&] { addTrustedProxy(options, value); }},
         {"white-labeling", [&] { options.whiteLabeling = readWhiteLabeling(value); }},
         {"max-file-size", [&] { options.maximumFileSize = number(name, value, 1, 1024 * gigabyte); }},
         {"max-report-size", [&] { options.maximumReportSize = number(name, value, 1, gigabyte / 2); }},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Clients.h"
+#include "Http/TrustedProxies.h"
 #include "Storage/StoragePlace.h"
 
 #include <cstdint>
@@ -38,13 +39,14 @@ struct Options {
     std::string bundleId; ///< of archive and unarchive
     bool json = false; ///< of reports
     std::string file; ///< of export, import and backup; "-" is the standard output or input
-    std::string clientAction; ///< of client: add, list, rotate or revoke
+    std::string clientAction; ///< of client: add, list, bind, rotate or revoke
     std::string clientId; ///< of client; empty with add: one is made up
-    std::vector<std::string> bundleIds; ///< of client add
+    std::vector<std::string> bundleIds; ///< of client add and client bind
 
     std::string listenHost = "127.0.0.1";
     std::uint16_t listenPort = 8787; ///< 0: any free one
     std::string publicUrl; ///< empty (the listen address), or an address that ends with a slash
+    TrustedProxies trustedProxies;
     std::string certificateFile; ///< PEM, with its chain; empty: no TLS
     std::string privateKeyFile;
     Clients clients;

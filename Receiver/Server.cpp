@@ -106,8 +106,12 @@ struct Server::Parts {
         , access(options, data.database(), data.tokens())
         , probe(data.database())
         , router(routesFor(options, data, access, probe, options.publicUrl.empty() ? url : options.publicUrl))
-        , service{router, watchdog, std::chrono::seconds(options.requestTimeout),
-                  static_cast<std::size_t>(options.maximumConnections), parametersFor(options)}
+        , service{router,
+                  watchdog,
+                  options.trustedProxies,
+                  std::chrono::seconds(options.requestTimeout),
+                  static_cast<std::size_t>(options.maximumConnections),
+                  parametersFor(options)}
         , threads(2, options.maximumConnections + spareThreads + 1)
         , server(new ConnectionFactory(service), threads, socket, service.parameters)
     {

@@ -1,7 +1,6 @@
 #include "Access/LoginThrottle.h"
 
-#include <Poco/Net/IPAddress.h>
-#include <Poco/Net/SocketAddress.h>
+#include "Http/TrustedProxies.h"
 
 #include <algorithm>
 
@@ -79,12 +78,14 @@ void LoginThrottle::forget(Clock::time_point now)
         peer = dropOld(peer->second) ? m_peers.erase(peer) : std::next(peer);
 }
 
-std::string throttledPeer(const std::string &address)
+std::string throttledPeer(const std::string &peer)
 {
-    const Poco::Net::IPAddress host = Poco::Net::SocketAddress(address).host();
-    if (host.family() == Poco::Net::AddressFamily::IPv4)
-        return host.toString();
-    return (host & Poco::Net::IPAddress(64, Poco::Net::AddressFamily::IPv6)).toString();
+    Poco::Net::IPAddress address;
+    if (!readAddress(peer, address))
+        return peer;
+    if (address.family() == Poco::Net::AddressFamily::IPv4)
+        return address.toString();
+    return (address & Poco::Net::IPAddress(64, Poco::Net::AddressFamily::IPv6)).toString();
 }
 
 } // namespace wexel::receiver

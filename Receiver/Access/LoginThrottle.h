@@ -49,8 +49,8 @@ private:
     int m_running = 0;
 };
 
-/// Who is counted as one: an IPv4 address, or the network of 64 bits that an IPv6 address is in. \a address is as
-/// Poco prints it, with its port.
-std::string throttledPeer(const std::string &address);
+/// Who is counted as one: an IPv4 address, or the network of 64 bits that an IPv6 address is in. \a peer may have
+/// a port.
+std::string throttledPeer(const std::string &peer);
 
 } // namespace wexel::receiver

@@ -184,6 +184,7 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
                           Watchdog::Watch &watch)
 {
     const auto started = Watchdog::Clock::now();
+    const std::string sender = m_service.proxies.senderOf(m_peer, request);
     response.setVersion(request.getVersion() == HTTPMessage::HTTP_1_0 ? HTTPMessage::HTTP_1_0
                                                                       : HTTPMessage::HTTP_1_1);
     std::optional<RequestBody> body;
@@ -195,7 +196,7 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
         if (request.getVersion() != response.getVersion())
             throw HttpError(Status::HTTP_VERSION_NOT_SUPPORTED, "The version must be HTTP/1.1 or HTTP/1.0");
         body.emplace(request, response, watch);
-        answer = m_service.router.answer(request, *body, m_peer);
+        answer = m_service.router.answer(request, *body, sender);
     } catch (const HttpError &error) {
         answer = errorAnswer(error.status(), error.what());
         answer.brokenOff = true; // it may have been an upload
@@ -203,7 +204,7 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
     const bool another = !answer.brokenOff && body && body->leavesConnectionClean() && request.getKeepAlive()
         && !watch.expired() && !watch.stopping() && !endsWithConnection(request, answer);
     response.setKeepAlive(another);
-    record(m_peer, request, answer, body ? body->size() : 0, started);
+    record(sender, request, answer, body ? body->size() : 0, started);
     watch.enter(Phase::Answering, m_service.requestTimeout * answerTimeFactor);
     try {
         send(response, answer);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Http/Router.h"
+#include "Http/TrustedProxies.h"
 #include "Http/Watchdog.h"
 
 #include <Poco/Net/HTTPServerParams.h>
@@ -16,6 +17,7 @@ namespace wexel::receiver {
 struct Service {
     const Router &router;
     Watchdog &watchdog;
+    const TrustedProxies &proxies;
     std::chrono::seconds requestTimeout;
     std::size_t maximumConnections;
     Poco::Net::HTTPServerParams::Ptr parameters;

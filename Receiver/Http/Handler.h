@@ -14,7 +14,7 @@ namespace wexel::receiver {
 struct Request {
     const Poco::Net::HTTPRequest &header;
     RequestBody &body;
-    std::string peer; ///< the address that it came from, with its port
+    std::string peer; ///< the address that it came from, with its port; without one if a proxy told it
     std::string parameter; ///< the decoded text in the route's place of {}; hostile
     Caller caller; ///< empty where anyone may ask
 };

@@ -1,6 +1,7 @@
 #include "Support/TestReceiver.h"
 
 #include "Access/LoginThrottle.h"
+#include "Http/TrustedProxies.h"
 
 #include <gmock/gmock.h>
 
@@ -144,6 +145,20 @@ TEST_F(AccessTest, ThrottlesWhoGuesses)
     EXPECT_TRUE(wait >= 1 && wait <= 60) << wait;
 }
 
+TEST_F(AccessTest, ThrottlesWhoGuessesBehindAProxyAlone)
+{
+    start({"--trusted-proxy", "127.0.0.1"});
+    const auto statusOf = [&](const char *sender, const std::string &password) {
+        Client client = receiver->stranger();
+        client.headers["X-Forwarded-For"] = sender;
+        return client.signIn(password).status;
+    };
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(statusOf("6.6.6.6", "a wrong password"), 401);
+    EXPECT_EQ(statusOf("6.6.6.6", receiver->password()), 429);
+    EXPECT_EQ(statusOf("1.2.3.4", receiver->password()), 200);
+}
+
 TEST_F(AccessTest, GuardsEveryAnswerOfTheDashboard)
 {
     start();
@@ -197,6 +212,32 @@ TEST(LoginThrottleTest, CountsByPeerAndByAllAndForgets)
     EXPECT_EQ(throttledPeer("10.1.2.3:4567"), "10.1.2.3");
     EXPECT_EQ(throttledPeer("[2001:db8:1:2:3:4:5:6]:7"), throttledPeer("[2001:db8:1:2:ffff::1]:8"));
     EXPECT_NE(throttledPeer("[2001:db8:1:2::1]:7"), throttledPeer("[2001:db8:1:3::1]:7"));
+    EXPECT_EQ(throttledPeer("[::ffff:10.1.2.3]:7"), "10.1.2.3");
+    EXPECT_EQ(throttledPeer("[fe80::1%lo]:7"), throttledPeer("fe80::2"));
+}
+
+TEST(TrustedProxiesTest, TakeTheLastAddressThatIsNoProxys)
+{
+    using namespace wexel::receiver;
+    TrustedProxies proxies;
+    for (const char *wrong :
+         {"", "proxy.example.org", "10.0.0.0/33", "10.0.0.0/", "10.0.0.0/x", "10.0.0.1:80"})
+        EXPECT_FALSE(proxies.add(wrong)) << wrong;
+    const auto sender = [&](const std::string &peer, const std::vector<std::string> &forwarded) {
+        Poco::Net::HTTPRequest request;
+        for (const std::string &value : forwarded)
+            request.add("X-Forwarded-For", value);
+        return proxies.senderOf(peer, request);
+    };
+    EXPECT_EQ(sender("10.0.0.1:80", {"1.2.3.4"}), "10.0.0.1:80");
+    EXPECT_TRUE(proxies.add("10.0.0.0/8") && proxies.add("::1"));
+    EXPECT_EQ(sender("11.0.0.1:80", {"1.2.3.4"}), "11.0.0.1:80") << "anybody may write the header";
+    for (const char *peer : {"10.0.0.1:80", "[::1]:80", "[::ffff:10.0.0.1]:80"}) {
+        EXPECT_EQ(sender(peer, {"6.6.6.6, 1.2.3.4,10.9.9.9"}), "1.2.3.4") << peer;
+        EXPECT_EQ(sender(peer, {"6.6.6.6", "[2001:db8::1]:99"}), "2001:db8::1") << peer;
+        for (const char *none : {"", "10.9.9.9", "1.2.3.4, nonsense", "1.2.3.4,", "a:b", "["})
+            EXPECT_EQ(sender(peer, {none}), peer) << none;
+    }
 }
 
 } // namespace
