@@ -7,6 +7,7 @@
 #include "Http/Query.h"
 #include "ReportDocument.h"
 #include "Text.h"
+#include "Thumbnail.h"
 
 #include <algorithm>
 #include <string>
@@ -104,6 +105,12 @@ inline const char *brokenTextProperty(std::string_view bytes)
     return bundleIdFault(text).empty() && text.find('/') != text.npos ? "a bundle id is no path" : nullptr;
 }
 
+inline const char *brokenPictureProperty(std::string_view bytes)
+{
+    const auto thumbnail = jpegThumbnail(bytes);
+    return !thumbnail || jpegThumbnail(*thumbnail) ? nullptr : "a thumbnail is a picture itself";
+}
+
 /// What holds for any bytes given to what reads requests; the first byte says which reader gets the rest. Returns the
 /// property that does not, or null.
 inline const char *brokenParserProperty(std::string_view bytes)
@@ -122,6 +129,8 @@ inline const char *brokenParserProperty(std::string_view bytes)
         return brokenQueryProperty(rest);
     case 'c':
         return brokenCookieProperty(rest);
+    case 'j':
+        return brokenPictureProperty(rest);
     default:
         return brokenTextProperty(rest);
     }
