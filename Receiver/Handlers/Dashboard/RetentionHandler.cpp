@@ -1,5 +1,6 @@
 #include "Handlers/Dashboard/RetentionHandler.h"
 
+#include "BundleId.h"
 #include "Http/JsonBody.h"
 #include "Log.h"
 
@@ -39,7 +40,7 @@ Answer RetentionHandler::handle(Request &request)
     const Object::Ptr body = readJsonBody(request);
     const Retention retention
         = {limitAt(*body, "max_age_days", maximumDays), limitAt(*body, "max_bytes", maximumBytes)};
-    if (!m_store.setRetention(request.parameter, retention))
+    if (!bundleIdFault(request.parameter).empty() || !m_store.setRetention(request.parameter, retention))
         throw HttpError(Status::HTTP_NOT_FOUND, "There is no such application");
     logEvent("retention_set",
              {{"peer", request.peer},
