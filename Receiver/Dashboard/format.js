@@ -19,8 +19,8 @@ export function megabytes(count) {
 }
 
 function shortNumber(value, whole) {
-    const digits = whole || Math.abs(value) >= 100 ? 0 : 1;
-    return value.toLocaleString(undefined, {maximumFractionDigits: digits});
+    const digits = whole ? 0 : 1;
+    return value.toLocaleString(undefined, {minimumFractionDigits: digits, maximumFractionDigits: digits});
 }
 
 export function integer(value) {
