@@ -32,7 +32,7 @@ export function showClients({place, signal}) {
             el('p', 'Create one, and put its id and its secret into your application.'),
             el('button.primary', {type: 'button', onclick: create}, 'Create the first client'))
             : el('.table-scroll', el('table.cards',
-                tableHead('Client', 'May send for', 'Created', 'Last used', ''),
+                tableHead('Client', 'May send for', 'Created.created', 'Last used', ''),
                 el('tbody', clients.map(row)))));
     }
 
@@ -42,7 +42,7 @@ export function showClients({place, signal}) {
             el('th', {scope: 'row'}, quoted(visible(client.id, 120)), client.revoked && el('span.tag', 'revoked'),
                 client.from_command_line && el('span.tag', {title: 'Given when the receiver was started; it is changed there'}, 'command line')),
             el('td', {dataset: {name: 'May send for'}}, client.bundle_ids.length ? quoted(visible(client.bundle_ids.join(', '), 600)) : el('span.faint', 'any application')),
-            el('td', {dataset: {name: 'Created'}}, client.created ? ageElement(client.created, {words: true}) : '–'),
+            el('td.created', {dataset: {name: 'Created'}}, client.created ? ageElement(client.created, {words: true}) : '–'),
             el('td', {dataset: {name: 'Last used'}}, lastUsed(client)),
             el('td.row-buttons', !fixed && [
                 el('button.small', {type: 'button', onclick: () => bundlesDialog(client, `What may ${visible(client.id, 60)} send for?`, reload)}, 'Bundle ids'),

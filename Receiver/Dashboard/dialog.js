@@ -13,7 +13,11 @@ export function openDialog(title, content, {className = '', mustAnswer = false} 
         dialog.addEventListener('cancel', (event) => event.preventDefault()); // for browsers that don't know "closedby"
     else
         dialog.addEventListener('click', (event) => event.target === dialog && dialog.close());
-    dialog.addEventListener('close', () => dialog.remove());
+    dialog.addEventListener('close', () => {
+        dialog.remove();
+        if (document.activeElement === document.body) // what had the focus is gone
+            document.querySelector('main')?.focus({preventScroll: true});
+    });
     document.body.append(dialog);
     dialog.showModal();
     return dialog;

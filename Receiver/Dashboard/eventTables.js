@@ -14,7 +14,7 @@ const mostBody = 20000; // characters
 /// `point(time)` is told which moment the reader looks at.
 export function tapTable(taps, end, point) {
     const body = el('tbody');
-    const table = el('table.events.taps', tableHead('Before', 'Element', 'View', 'Detail'), body);
+    const table = el('table.events.taps', tableHead('Before.number', 'Element', 'View', 'Detail'), body);
     clippedRows(body, taps.toReversed(), (tap) => el('tr', {dataset: {time: tap.time}, onpointerenter: () => point(tap.time)},
         timeCell(tap.time, end), el('td', quoted(visible(tap.className, 120))), el('td', quoted(visible(tap.view, 120))),
         el('td', quoted(visible(tap.property, 200)))), mostRows);
@@ -23,7 +23,7 @@ export function tapTable(taps, end, point) {
 
 export function requestTable(requests, end, point) {
     const body = el('tbody');
-    const table = el('table.events.requests', tableHead('Before', 'Method', 'Status', 'Address', 'Took.number', ''), body);
+    const table = el('table.events.requests', tableHead('Before.number', 'Method', 'Status', 'Address', 'Took.number', ''), body);
     clippedRows(body, requests.toReversed(), (request) => requestRows(request, end, point), mostRows);
     return el('.table-scroll', table);
 }
@@ -49,7 +49,7 @@ export function showEvent(table, time) {
 
 function timeCell(time, end) {
     const before = end - time;
-    return el('td.when', {title: clock(time)}, before < 0 ? `${duration(-before)} after` : duration(before));
+    return el('td.when.number', {title: clock(time)}, before < 0 ? `${duration(-before)} after` : duration(before));
 }
 
 function requestRows(request, end, point) {
