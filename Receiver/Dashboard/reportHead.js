@@ -8,11 +8,12 @@ import {asText, firstLine, mailtoLink, visible} from './text.js';
 export const mostHeading = 160; // characters
 
 export function reportHead(answer, report) {
-    const line = visible(firstLine(report.description), mostHeading);
+    const whole = firstLine(report.description);
+    const line = visible(whole, mostHeading);
     const version = [asText(report.app_version), asText(report.build_version) && `(${asText(report.build_version)})`].filter(Boolean).join(' ');
     const system = [asText(report.device), asText(report.os_version)].filter(Boolean).join(', ');
     return el('header.report-head',
-        el('h1', {dir: 'auto', className: line ? '' : 'is-empty'}, line || 'No description'),
+        el('h1', {dir: 'auto', className: !line ? 'is-empty' : whole.length > mostHeading ? 'is-clipped' : ''}, line || 'No description'),
         el('ul.report-facts',
             tester(asText(report.tester_email), `Your report: ${line}`),
             item('Application', visible(answer.bundle_id, 120), archivedTag(answer.bundle_id)),
