@@ -1,7 +1,7 @@
 // The receiver's answers. Reading waits and tries again by itself while the receiver is away or busy, and says so in
 // `connection`; changing is tried once, for its outcome would be unknown.
 
-export class ApiError extends Error {
+class ApiError extends Error {
     constructor(status, text, retryAfter = 0) {
         super(text);
         this.status = status; // 0: no answer

@@ -24,7 +24,7 @@ export async function refreshApplications(signal) {
         tag.hidden = !isArchived(tag.dataset.archived);
 }
 
-export function isArchived(bundleId) {
+function isArchived(bundleId) {
     return known.some((application) => application.bundle_id === bundleId && application.archived);
 }
 
