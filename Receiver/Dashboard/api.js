@@ -1,7 +1,7 @@
 // The receiver's answers. Reading waits and tries again by itself while the receiver is away or busy, and says so in
 // `connection`; changing is tried once, for its outcome would be unknown.
 
-export class ApiError extends Error {
+class ApiError extends Error {
     constructor(status, text, retryAfter = 0) {
         super(text);
         this.status = status; // 0: no answer
@@ -13,6 +13,8 @@ export class ApiError extends Error {
 export const connection = new EventTarget();
 
 const longestWait = 15; // seconds
+const noContent = 204;
+const noAnswer = () => new ApiError(0, 'The receiver does not answer.');
 let csrf = '';
 let isTroubled = false;
 
@@ -28,9 +30,11 @@ export async function get(path, signal) {
             report(null);
             return answer;
         } catch (error) {
-            if (!(error instanceof ApiError) || !mayPass(error))
+            if (!(error instanceof ApiError))
                 throw error;
-            report(error);
+            report(mayPass(error) ? error : null);
+            if (!mayPass(error))
+                throw error;
             await pause(Math.min(longestWait, error.retryAfter || 2 ** attempt), signal);
         }
     }
@@ -40,9 +44,9 @@ export function change(method, path, body = {}) {
     return request(method, path, body);
 }
 
-/// Whether the same request may succeed later.
-export function mayPass(error) {
-    return error.status === 0 || error.status === 429 || error.status >= 500;
+/// Whether the same request may succeed later: the receiver, or what stands before it, is away or busy.
+function mayPass({status}) {
+    return [0, 429, 502, 503, 504].includes(status);
 }
 
 async function request(method, path, body, signal) {
@@ -56,7 +60,7 @@ async function request(method, path, body, signal) {
     try {
         response = await fetch('api/' + path, options);
     } catch (error) {
-        throw error.name === 'AbortError' ? error : new ApiError(0, 'The receiver does not answer.');
+        throw error.name === 'AbortError' ? error : noAnswer();
     }
     return read(response, path);
 }
@@ -65,13 +69,15 @@ async function read(response, path) {
     const answer = await response.json().catch((error) => {
         if (error.name === 'AbortError')
             throw error;
-        return {};
+        return null;
     });
+    if (response.ok && answer === null && response.status !== noContent)
+        throw noAnswer(); // it was cut in the middle
     if (response.ok)
         return answer;
     if (response.status === 401 && path !== 'session')
         connection.dispatchEvent(new Event('logged-out'));
-    const text = typeof answer.error === 'string' ? answer.error : `The receiver answered ${response.status}.`;
+    const text = typeof answer?.error === 'string' ? answer.error : `The receiver answered ${response.status}.`;
     throw new ApiError(response.status, text, Number(response.headers.get('Retry-After')) || 0);
 }
 

@@ -1,40 +1,48 @@
 // Every application: what it has sent, whether it may go on, and how much of it is kept.
 
 import {ageElement} from './ages.js';
-import {change, get} from './api.js';
+import {change} from './api.js';
+import {knownApplications, refreshApplications} from './applicationNames.js';
 import {confirmDialog, formDialog} from './dialog.js';
-import {el, failed, fill, quoted} from './dom.js';
+import {el, failed, fill, quoted, refill, tableHead} from './dom.js';
 import {emptyInbox} from './emptyInbox.js';
 import {bytes, integer, plural} from './format.js';
 import {say} from './notify.js';
 import {address} from './router.js';
-import {refreshApplications} from './shell.js';
 import {visible} from './text.js';
 
 const mebibyte = 1024 * 1024;
 
-export function showApplications({place, signal}) {
+export function showApplications({place, signal, applications: asked}) {
     document.title = 'Applications · Wexel';
     const content = el('.settings-content');
     fill(place, el('h1', 'Applications'), content);
-    const load = async () => show(await get('applications', signal));
-    load().catch((error) => failed(content, error));
+    showWhen(asked);
 
-    function show({applications}) {
-        applications.sort((a, b) => (b.last_received ?? 0) - (a.last_received ?? 0));
-        fill(content, applications.length === 0 ? emptyInbox() : el('.table-scroll', el('table.cards',
-            el('thead', el('tr', ['Application', 'Reports', 'Last one', 'Size', 'Kept', ''].map((name) => el('th', {scope: 'col'}, name)))),
+    /// Never rejects: what was done before it is done.
+    async function showWhen(answered) {
+        try {
+            await answered;
+            show(knownApplications().toSorted((a, b) => (b.last_received ?? 0) - (a.last_received ?? 0)));
+        } catch (error) {
+            failed(content, error);
+        }
+    }
+
+    function show(applications) {
+        refill(content, applications.length === 0 ? emptyInbox() : el('.table-scroll', el('table.cards',
+            tableHead('Application', 'Reports.number', 'Last one', 'Size.number', 'Kept', ''),
             el('tbody', applications.map(row)))));
     }
 
     function row(application) {
         const {bundle_id: bundleId, archived} = application;
         const inbox = address('reports', null, new URLSearchParams({bundle_id: bundleId}));
-        return el('tr', {className: archived ? 'is-off' : '', dataset: {bundle: bundleId}},
+        return el('tr', {className: archived ? 'is-off' : '', dataset: {key: bundleId}},
             el('th', {scope: 'row'}, el('a', {href: inbox}, quoted(visible(bundleId, 255))), archived && el('span.tag', 'archived')),
-            el('td', {dataset: {name: 'Reports'}}, integer(application.reports)),
+            el('td.number', {dataset: {name: 'Reports'}}, integer(application.reports)),
             el('td', {dataset: {name: 'Last one'}}, application.last_received ? ageElement(application.last_received, {words: true}) : 'none yet'),
-            el('td', {dataset: {name: 'Size'}}, bytes(application.bytes)),
+            el('td.number', {dataset: {name: 'Size'}}, bytes(application.bytes)),
             el('td', {dataset: {name: 'Kept'}}, retentionText(application)),
             el('td.row-buttons', el('button.small', {type: 'button', onclick: () => editRetention(application, done)}, 'Retention'),
                 el('button.small', {type: 'button', onclick: () => archived ? unarchive(bundleId) : askToArchive(bundleId)},
@@ -52,18 +60,18 @@ export function showApplications({place, signal}) {
     }
 
     function unarchive(bundleId) {
-        set(bundleId, 'unarchive', 'It may report again').catch((error) => say(error.message));
+        set(bundleId, 'unarchive', 'It may report again').then((reload) => reload(), (error) => say(error.message));
     }
 
     async function set(bundleId, what, words) {
         await change('POST', `applications/${encodeURIComponent(bundleId)}/${what}`);
-        await done(words);
+        return done(words);
     }
 
-    async function done(words) {
+    /// What to do once the question is off the page.
+    function done(words) {
         say(words);
-        await load();
-        await refreshApplications(signal);
+        return () => showWhen(refreshApplications(signal));
     }
 }
 
@@ -85,7 +93,7 @@ function editRetention(application, done) {
                 max_age_days: days.value ? Math.round(days.valueAsNumber) : null,
                 max_bytes: size.value ? Math.round(size.valueAsNumber * mebibyte) : null,
             });
-            await done('Saved');
+            return done('Saved');
         },
     });
 }

@@ -14,8 +14,7 @@ export function newClientDialog(done) {
         button: 'Create',
         async action() {
             const client = await change('POST', 'clients', {...id.value.trim() && {id: id.value.trim()}, bundle_ids: listed(bundles)});
-            await done();
-            return () => showSecret(client.id, client.secret);
+            return () => showSecret(client.id, client.secret, done);
         },
     });
 }
@@ -28,7 +27,7 @@ export function bundlesDialog({id, bundle_ids: bundleIds}, title, done) {
         button: 'Save',
         async action() {
             await change('PUT', `clients/${encodeURIComponent(id)}`, {bundle_ids: listed(bundles)});
-            await done();
+            return done;
         },
     });
 }
@@ -37,11 +36,14 @@ const bundlesLabel = () => el('label', {htmlFor: 'client-bundles'}, 'Bundle ids 
 const bundlesField = (values) => el('textarea', {id: 'client-bundles', rows: 3, spellcheck: 'false', placeholder: 'org.example.app', value: values.join('\n')});
 const listed = (field) => field.value.split(/[\n,]/).map((line) => line.trim()).filter(Boolean);
 
-export function showSecret(id, secret) {
+/// `done` is called when it has been taken: nothing may come between the reader and a secret that can't be seen again.
+export function showSecret(id, secret, done) {
     const dialog = openDialog('The client’s secret', el('.dialog-body',
         el('p', 'This is the only time that it is shown. Put both into the application’s property list.'),
         credential('APIClientID', id), credential('APIClientSecret', secret),
-        el('.dialog-buttons', el('button.primary', {type: 'button', onclick: () => dialog.close()}, 'I have it'))));
+        el('.dialog-buttons', el('button.primary', {type: 'button', onclick: () => dialog.close()}, 'I have it'))), {mustAnswer: true});
+    dialog.querySelector('.credential:nth-of-type(2) button').focus();
+    dialog.addEventListener('close', done);
 }
 
 function credential(name, value) {

@@ -4,7 +4,7 @@ import {ageElement} from './ages.js';
 import {change, get} from './api.js';
 import {bundlesDialog, newClientDialog, showSecret} from './clientDialogs.js';
 import {confirmDialog} from './dialog.js';
-import {el, failed, fill, quoted} from './dom.js';
+import {el, failed, fill, quoted, refill, tableHead} from './dom.js';
 import {icon} from './icons.js';
 import {say} from './notify.js';
 import {visible} from './text.js';
@@ -15,27 +15,35 @@ export function showClients({place, signal}) {
     const create = () => newClientDialog(reload);
     fill(place, el('.page-head', el('h1', 'Clients'), el('button.primary', {type: 'button', onclick: create}, icon('plus'), 'New client')),
         el('p.lead', 'An application sends with the id and the secret of a client. A client may be bound to the bundle ids it may send for.'), content);
-    const reload = async () => show(await get('clients', signal));
-    reload().catch((error) => failed(content, error));
+    reload();
+
+    /// Never rejects: what was done before it is done.
+    async function reload() {
+        try {
+            show(await get('clients', signal));
+        } catch (error) {
+            failed(content, error);
+        }
+    }
 
     function show({clients}) {
         clients.sort((a, b) => a.revoked - b.revoked || a.id.localeCompare(b.id));
-        fill(content, clients.length === 0 ? el('.empty', el('h2', 'No clients yet'),
+        refill(content, clients.length === 0 ? el('.empty', el('h2', 'No clients yet'),
             el('p', 'Create one, and put its id and its secret into your application.'),
             el('button.primary', {type: 'button', onclick: create}, 'Create the first client'))
             : el('.table-scroll', el('table.cards',
-                el('thead', el('tr', ['Client', 'May send for', 'Created', 'Last used', ''].map((name) => el('th', {scope: 'col'}, name)))),
+                tableHead('Client', 'May send for', 'Created.created', 'Last used', ''),
                 el('tbody', clients.map(row)))));
     }
 
     function row(client) {
         const fixed = client.from_command_line || client.revoked;
-        return el('tr', {className: client.revoked ? 'is-off' : '', dataset: {client: client.id}},
+        return el('tr', {className: client.revoked ? 'is-off' : '', dataset: {key: client.id}},
             el('th', {scope: 'row'}, quoted(visible(client.id, 120)), client.revoked && el('span.tag', 'revoked'),
                 client.from_command_line && el('span.tag', {title: 'Given when the receiver was started; it is changed there'}, 'command line')),
             el('td', {dataset: {name: 'May send for'}}, client.bundle_ids.length ? quoted(visible(client.bundle_ids.join(', '), 600)) : el('span.faint', 'any application')),
-            el('td', {dataset: {name: 'Created'}}, client.created ? ageElement(client.created, {words: true}) : '–'),
-            el('td', {dataset: {name: 'Last used'}}, client.last_used ? ageElement(client.last_used, {words: true}) : el('span.faint', 'never')),
+            el('td.created', {dataset: {name: 'Created'}}, client.created ? ageElement(client.created, {words: true}) : '–'),
+            el('td', {dataset: {name: 'Last used'}}, lastUsed(client)),
             el('td.row-buttons', !fixed && [
                 el('button.small', {type: 'button', onclick: () => bundlesDialog(client, `What may ${visible(client.id, 60)} send for?`, reload)}, 'Bundle ids'),
                 el('button.small', {type: 'button', onclick: () => askToRotate(client)}, 'New secret'),
@@ -49,8 +57,7 @@ export function showClients({place, signal}) {
             button: 'New secret',
             async action() {
                 const {secret} = await change('POST', `clients/${encodeURIComponent(id)}/rotate`);
-                await reload();
-                return () => showSecret(id, secret);
+                return () => showSecret(id, secret, reload);
             },
         });
     }
@@ -63,8 +70,13 @@ export function showClients({place, signal}) {
             async action() {
                 await change('DELETE', `clients/${encodeURIComponent(id)}`);
                 say('Revoked');
-                await reload();
+                return reload;
             },
         });
     }
+}
+
+/// Of those of the command line nothing is kept.
+function lastUsed({last_used: time, from_command_line: isForeign}) {
+    return time ? ageElement(time, {words: true}) : el('span.faint', isForeign ? '–' : 'never');
 }

@@ -10,6 +10,8 @@ export function clippedText(tag, text, maximum) {
     const more = el('button.small', {type: 'button', onclick: () => {
         more.remove();
         element.textContent = text;
+        element.tabIndex = -1;
+        element.focus({preventScroll: true});
     }}, `Show all ${integer(text.length)} characters`);
     fill(element, text.slice(0, maximum), '… ');
     return el('.clipped', element, more);
@@ -21,9 +23,11 @@ export function clippedRows(body, items, build, maximum) {
     body.append(...items.slice(0, maximum).flatMap(build));
     if (items.length <= maximum)
         return;
-    const row = el('tr', el('td', {colspan: columns}, el('button.small', {type: 'button', onclick: () => {
-        row.remove();
-        body.append(...items.slice(maximum).flatMap(build));
+    const row = el('tr', el('td', {colspan: columns}, el('button.small.show-rest', {type: 'button', onclick: () => {
+        const rest = items.slice(maximum).flatMap(build);
+        row.replaceWith(...rest);
+        rest[0].tabIndex = -1;
+        rest[0].focus({preventScroll: true});
     }}, `Show all ${integer(items.length)}`)));
     body.append(row);
 }

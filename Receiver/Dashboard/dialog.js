@@ -3,14 +3,21 @@
 import {el, fill} from './dom.js';
 import {icon} from './icons.js';
 
-/// Opens it; it is gone from the document once closed. The content may close it by button value or close().
-export function openDialog(title, content, {className = ''} = {}) {
+/// Opens it; it is gone from the document once closed. The content may close it by close(); with `mustAnswer` nothing else does.
+export function openDialog(title, content, {className = '', mustAnswer = false} = {}) {
     const heading = el('h2', {id: 'dialog-title'}, title);
     const close = el('button.quiet.square', {type: 'button', 'aria-label': 'Close', onclick: () => dialog.close()}, icon('close'));
-    const dialog = el('dialog', {'aria-labelledby': 'dialog-title', className},
-        el('.dialog-head', heading, close), content);
-    dialog.addEventListener('click', (event) => event.target === dialog && dialog.close());
-    dialog.addEventListener('close', () => dialog.remove());
+    const dialog = el('dialog', {'aria-labelledby': 'dialog-title', className: mustAnswer ? 'must-answer' : className, closedby: mustAnswer && 'none'},
+        el('.dialog-head', heading, !mustAnswer && close), content);
+    if (mustAnswer)
+        dialog.addEventListener('cancel', (event) => event.preventDefault()); // for browsers that don't know "closedby"
+    else
+        dialog.addEventListener('click', (event) => event.target === dialog && dialog.close());
+    dialog.addEventListener('close', () => {
+        dialog.remove();
+        if (document.activeElement === document.body) // what had the focus is gone
+            document.querySelector('main')?.focus({preventScroll: true});
+    });
     document.body.append(dialog);
     dialog.showModal();
     return dialog;
@@ -54,6 +61,7 @@ function attempt(action, button, problem, done) {
         } catch (error) {
             fill(problem, error.message).hidden = false;
             button.disabled = false;
+            button.focus();
         }
     };
 }

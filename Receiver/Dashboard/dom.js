@@ -1,7 +1,6 @@
 // Elements from descriptions. Texts become text nodes, always: what a report says is never parsed as HTML.
 
-const properties = new Set(['value', 'checked', 'disabled', 'hidden', 'tabIndex', 'htmlFor', 'className', 'title',
-    'indeterminate', 'required', 'open', 'selected']);
+const properties = new Set(['value', 'disabled', 'hidden', 'tabIndex', 'htmlFor', 'className', 'title', 'required']);
 
 /// el('a.row.is-new', {href, onclick, dataset: {id}}, 'text', child, [more], null): a null child is left out.
 export function el(description, attributes = {}, ...children) {
@@ -25,6 +24,22 @@ export function fill(element, ...children) {
     return element;
 }
 
+/// As `fill`, but the focus stays where it was in the table's row of the same key, or else on the page.
+export function refill(element, ...children) {
+    const row = element.contains(document.activeElement) && document.activeElement.closest('[data-key]');
+    const at = row && buttonsOf(row).indexOf(document.activeElement);
+    fill(element, ...children);
+    if (!row)
+        return;
+    const same = [...element.querySelectorAll('[data-key]')].find(({dataset}) => dataset.key === row.dataset.key);
+    (same && buttonsOf(same)[at] || element.closest('main')).focus({preventScroll: true});
+}
+
+/// "Size.number" is a column of the class "number".
+export function tableHead(...names) {
+    return el('thead', el('tr', names.map((name) => name.split('.')).map(([text, className = '']) => el('th', {scope: 'col', className}, text))));
+}
+
 /// In the place of what could not be got.
 export function failed(element, error) {
     if (error.name !== 'AbortError')
@@ -34,6 +49,10 @@ export function failed(element, error) {
 /// What the report's own words are shown in: they can't turn the text around them.
 export function quoted(text) {
     return el('bdi', text);
+}
+
+function buttonsOf(row) {
+    return [...row.querySelectorAll('button')];
 }
 
 function isChild(value) {

@@ -1,7 +1,7 @@
 // Taps and requests as tables, the last one first; a request's headers and bodies open below it.
 
 import {clippedRows, clippedText} from './clipped.js';
-import {el, fill, quoted} from './dom.js';
+import {el, fill, quoted, tableHead} from './dom.js';
 import {clock, duration, integer} from './format.js';
 import {icon} from './icons.js';
 import {jsonView, prettyJson} from './jsonView.js';
@@ -14,7 +14,7 @@ const mostBody = 20000; // characters
 /// `point(time)` is told which moment the reader looks at.
 export function tapTable(taps, end, point) {
     const body = el('tbody');
-    const table = el('table.events.taps', head('Before', 'Element', 'View', 'Detail'), body);
+    const table = el('table.events.taps', tableHead('Before.number', 'Element', 'View', 'Detail'), body);
     clippedRows(body, taps.toReversed(), (tap) => el('tr', {dataset: {time: tap.time}, onpointerenter: () => point(tap.time)},
         timeCell(tap.time, end), el('td', quoted(visible(tap.className, 120))), el('td', quoted(visible(tap.view, 120))),
         el('td', quoted(visible(tap.property, 200)))), mostRows);
@@ -23,18 +23,33 @@ export function tapTable(taps, end, point) {
 
 export function requestTable(requests, end, point) {
     const body = el('tbody');
-    const table = el('table.events.requests', head('Before', 'Method', 'Status', 'Address', 'Took', ''), body);
+    const table = el('table.events.requests', tableHead('Before.number', 'Method', 'Status', 'Address', 'Took.number', ''), body);
     clippedRows(body, requests.toReversed(), (request) => requestRows(request, end, point), mostRows);
     return el('.table-scroll', table);
 }
 
-function head(...names) {
-    return el('thead', el('tr', names.map((name) => el('th', {scope: 'col'}, name))));
+/// Leads to the row of a time in the table ("taps" or "requests"), also one that is not shown yet, and opens it.
+export function showEvent(table, time) {
+    const part = document.getElementById(table);
+    const find = () => part?.querySelector(`tr[data-time="${time}"]`);
+    if (!find())
+        part?.querySelector('.show-rest')?.click();
+    const row = find();
+    if (!row)
+        return;
+    const toggle = row.querySelector('[aria-expanded]');
+    if (toggle?.getAttribute('aria-expanded') === 'false')
+        toggle.click();
+    row.tabIndex = -1;
+    (toggle ?? row).focus({preventScroll: true});
+    row.scrollIntoView({block: 'center'});
+    row.classList.add('is-chosen');
+    row.addEventListener('animationend', () => row.classList.remove('is-chosen'), {once: true});
 }
 
 function timeCell(time, end) {
     const before = end - time;
-    return el('td.when', {title: clock(time)}, before < 0 ? `${duration(-before)} after` : duration(before));
+    return el('td.when.number', {title: clock(time)}, before < 0 ? `${duration(-before)} after` : duration(before));
 }
 
 function requestRows(request, end, point) {
@@ -45,9 +60,10 @@ function requestRows(request, end, point) {
     timeCell(request.time, end), el('td.method', quoted(visible(request.method, 20))),
     el('td', el('span.status', quoted(visible(request.status, 20) || 'none'))),
     el('td.address', {title: visible(request.url, 2000)}, quoted(visible(request.url, 600))),
-    el('td.took', request.duration === null ? '' : duration(request.duration)), el('td', toggle));
-    function switchDetail() {
-        if (String(getSelection()))
+    el('td.took.number', request.duration === null ? '' : duration(request.duration)), el('td', toggle));
+    function switchDetail({detail: clicks}) {
+        const selection = getSelection();
+        if (clicks > 0 && !selection.isCollapsed && selection.containsNode(row, true))
             return; // it was a selection, not a click
         if (!detail.firstChild.hasChildNodes())
             fill(detail.firstChild, requestDetail(request));

@@ -33,7 +33,7 @@ export function factGroups({report, received, bundle_id: bundleId}) {
         ]],
         ['State', [
             ['Memory', share(take('used_memory'), take('available_memory'))],
-            ['Of the app', known(asNumber(take('used_application_memory')), megabytes)],
+            ['App memory', known(asNumber(take('used_application_memory')), megabytes)],
             ['Disk', share(take('used_disk_space'), take('available_disk_space'))],
             ['Battery', battery(take('battery_level'), take('battery_status'))],
             ['Network', network(take('network_type'), take('network_name'))],

@@ -53,6 +53,6 @@ function preview(file) {
 }
 
 function download(file) {
-    return el('a.button.small', {href: fileAddress(file), download: visible(file.name, 120) || 'file', title: 'Download'}, icon('download'),
+    return el('a.button.small', {href: fileAddress(file), download: visible(file.name, 120) || 'file', title: 'Download', 'aria-label': `Download ${visible(file.name, 120)}`}, icon('download'),
         el('span', 'Download'));
 }

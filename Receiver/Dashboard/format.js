@@ -18,9 +18,9 @@ export function megabytes(count) {
     return bytes(count * 1024 * 1024);
 }
 
-function shortNumber(value, whole) {
-    const digits = whole || Math.abs(value) >= 100 ? 0 : 1;
-    return value.toLocaleString(undefined, {maximumFractionDigits: digits});
+function shortNumber(value, whole = false) {
+    const digits = whole || Number.isInteger(value) ? 0 : 1; // so that a column lines up, and a limit is "500 MB"
+    return value.toLocaleString(undefined, {minimumFractionDigits: digits, maximumFractionDigits: digits});
 }
 
 export function integer(value) {
@@ -36,13 +36,13 @@ export function percent(share) {
     return `${Math.round(share * 100)} %`;
 }
 
-/// "12 ms", "1.24 s", "3 min 5 s", "2 h 10 min", "3 days"
+/// "12 ms", "1.2 s", "3 min 5 s", "2 h 10 min", "3 days"
 export function duration(milliseconds) {
     const seconds = milliseconds / 1000;
     if (seconds < 1)
         return `${Math.round(milliseconds)} ms`;
     if (seconds < 60)
-        return `${seconds.toLocaleString(undefined, {maximumFractionDigits: seconds < 10 ? 2 : 1})} s`;
+        return `${shortNumber(seconds)} s`;
     if (seconds < 3600)
         return `${Math.floor(seconds / 60)} min ${Math.floor(seconds % 60)} s`;
     if (milliseconds < day)

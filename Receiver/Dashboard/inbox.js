@@ -1,6 +1,7 @@
 // The inbox: the list of reports as the address describes it, kept up to date.
 
 import {get} from './api.js';
+import {refreshApplications} from './applicationNames.js';
 import {el, failed, fill} from './dom.js';
 import {integer, plural} from './format.js';
 import {emptyInbox, nothingFound} from './emptyInbox.js';
@@ -11,26 +12,27 @@ import {icon} from './icons.js';
 import {resetKeys} from './keyboard.js';
 import {lastShown} from './lastShown.js';
 import {keepAsking} from './live.js';
-import {address, go} from './router.js';
-import {refreshApplications} from './shell.js';
+import {address, go, replace} from './router.js';
 
 const atTop = 80; // pixels: scrolled less than this, what arrives is put in at once
 
 export function showInbox({place, route, signal}) {
-    const filters = buildFilters();
+    const filters = buildFilters({signal, toFirst: () => loaded.then(() => list.focusFirst(), () => {})});
     const list = buildList();
-    const count = el('p.list-count', {role: 'status'});
+    const count = el('p.list-count', {role: 'status'}, 'Loading…');
     const news = el('button.news', {type: 'button', hidden: true, onclick: showNews});
     const paging = el('nav.paging', {'aria-label': 'Pages of the list'});
     const empty = el('.empty-place');
     let parameters = route.parameters;
     let shown = null; // the last answer for these parameters
     let loading = new AbortController();
+    let loaded = null; // settles with the last load
+    let newFrom; // when its list was left for one that shows what arrived since
 
     fill(place, el('h1.off-screen', 'Inbox'), filters.element, el('.list-line', count, news), list.element, empty, paging);
     resetKeys({
         j: () => list.move(1), ArrowDown: () => list.move(1), k: () => list.move(-1), ArrowUp: () => list.move(-1),
-        '/': filters.focusSearch, n: () => news.hidden ? false : showNews(), Escape: () => document.activeElement.blur(),
+        '/': filters.focusSearch, n: () => news.hidden ? false : showNews(), Escape: () => place.focus({preventScroll: true}),
     });
     signal.addEventListener('abort', () => {
         loading.abort();
@@ -49,7 +51,7 @@ export function showInbox({place, route, signal}) {
             list.focus(lastShown.focused);
         }
         load().catch(giveUp);
-        filters.refresh(signal).catch(() => {});
+        filters.refresh().catch(() => {});
     }
 
     function update(next) {
@@ -62,27 +64,35 @@ export function showInbox({place, route, signal}) {
             scrollTo(0, 0);
         load().catch(giveUp);
         if (otherApplication)
-            filters.refresh(signal).catch(() => {});
+            filters.refresh().catch(() => {});
     }
 
-    async function load() {
+    function load() {
         loading.abort();
         loading = new AbortController();
         list.element.setAttribute('aria-busy', 'true');
-        render(await get('reports?' + listQuery(parameters), loading.signal));
+        loaded = get('reports?' + listQuery(parameters), loading.signal).then(render);
+        return loaded;
     }
 
     /// The receiver did not take the question: an address by hand, perhaps.
     function giveUp(error) {
+        if (error.name === 'AbortError')
+            return; // another list is on its way
         list.element.removeAttribute('aria-busy');
+        count.textContent = '';
         failed(empty, error);
     }
 
     function render(answer) {
-        const newFrom = shown?.newest;
+        const last = Math.ceil(answer.total / pageSize);
+        if (pageNumber(parameters) > Math.max(1, last))
+            return replace(address('reports', null, changed(parameters, {page: last > 1 ? String(last) : ''})));
+        const seen = shown?.newest ?? newFrom;
+        newFrom = undefined;
         shown = {...answer, top: answer.reports[0]?.id};
         list.element.removeAttribute('aria-busy');
-        list.show(answer.reports, parameters, newFrom);
+        list.show(answer.reports, parameters, seen);
         news.hidden = true;
         Object.assign(lastShown, {parameters: parameters.toString(), reports: answer.reports});
         count.textContent = plural(answer.total, 'report');
@@ -120,14 +130,16 @@ export function showInbox({place, route, signal}) {
 
     function showNews() {
         scrollTo(0, 0);
-        if (pageNumber(parameters) > 1 || order(parameters) !== '-received')
+        if (pageNumber(parameters) > 1 || order(parameters) !== '-received') {
+            newFrom = shown?.newest;
             return go(address('reports', null, changed(parameters, {sort: ''})));
+        }
         load().catch(() => {});
     }
 
     function refreshLists() {
-        filters.refresh(signal).catch(() => {});
-        refreshApplications(signal);
+        filters.refresh().catch(() => {});
+        refreshApplications(signal).catch(() => {});
     }
 
     function pagingLinks(total) {

@@ -3,7 +3,7 @@
 import {el} from './dom.js';
 import {buildRow} from './inboxRow.js';
 
-/// {element, show(reports, parameters, newFrom), move(step), focus(id), focused()}
+/// {element, show(reports, parameters, newFrom), move(step), focusFirst(), focus(id), focused()}
 export function buildList() {
     const element = el('ol.rows');
     const items = new Map(); // by report id: {item, state}
@@ -54,6 +54,7 @@ export function buildList() {
         element,
         show,
         move,
+        focusFirst: () => element.querySelector('.row')?.focus(),
         focused: () => Number(focused()?.dataset.id) || null,
         focus: (id) => items.get(id)?.item.firstChild.focus({preventScroll: true}),
     };

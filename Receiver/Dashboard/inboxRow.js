@@ -1,6 +1,7 @@
 // One line of the inbox.
 
 import {ageElement} from './ages.js';
+import {archivedTag, shortName} from './applicationNames.js';
 import {el, quoted} from './dom.js';
 import {plural} from './format.js';
 import {icon} from './icons.js';
@@ -14,17 +15,22 @@ export function buildRow(report, parameters) {
         thumbnail(report),
         el('.row-text',
             el('.row-summary', {dir: 'auto', className: summary ? 'row-summary' : 'row-summary is-empty'}, summary || 'No description'),
-            el('.row-facts', fact(report.tester), fact(report.bundle_id, 'bundle'))),
+            el('.row-facts', report.tester && el('span.cut', quoted(visible(report.tester, 80))), applicationName(report.bundle_id), archivedTag(report.bundle_id))),
         el('.row-version.cut', quoted(visible(report.app_version, 40))),
         el('.row-device.cut', quoted(visible([report.device, report.os_version].filter(Boolean).join(', '), 60))),
         el('.row-files', report.files > 0 && el('span', {title: plural(report.files, 'attachment')}, icon('clip'), String(report.files))),
         el('.row-age', ageElement(report.received)));
-    link.classList.toggle('is-unread', !wasOpened(report.id));
+    if (!wasOpened(report.id)) {
+        link.classList.add('is-unread');
+        link.prepend(el('span.off-screen', 'Unread'));
+    }
     return el('li', link);
 }
 
-function fact(text, className = '') {
-    return text ? el('span', {className: `cut ${className}`}, quoted(visible(text, 80))) : null;
+/// In two parts, for the end is what tells one from the other.
+function applicationName(bundleId) {
+    const end = shortName(bundleId);
+    return el('span.bundle', {title: bundleId}, bundleId.endsWith('.' + end) && el('span.bundle-start', visible(bundleId.slice(0, -end.length), 200)), el('span.bundle-end', quoted(end)));
 }
 
 function thumbnail(report) {

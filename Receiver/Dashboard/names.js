@@ -21,7 +21,7 @@ export const sessionName = lookUp(sessionStates);
 export const sessionChange = lookUp(sessionChanges);
 export const permissionName = lookUp(permissions);
 export const permissionState = lookUp(permissionStates);
-export const networkType = lookUp(networks);
+const networkType = lookUp(networks);
 export const batteryState = (code) => batteryStates[asText(code)] ?? '';
 
 export function networkName(type, name) {

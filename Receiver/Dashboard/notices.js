@@ -10,7 +10,7 @@ const littleFree = 0.05;
 const busyCpu = 90; // percent of one core
 const growth = 1.5; // times the memory at the beginning
 
-/// [{text, level: 'bad' | 'warn' | 'plain', time?}]; `end` is when it was reported.
+/// [{text, level: 'bad' | 'warn' | 'plain', time?, table?: 'requests' | 'taps'}]; `end` is when it was reported.
 export function noticesOf(report, records, end) {
     return [...requests(records, end), ...offline(report, records, end), ...memory(report, records), ...cpu(records),
         ...disk(report), ...battery(report), ...lastTap(records, end)];
@@ -21,9 +21,9 @@ function requests({requests: all}, end) {
     const unanswered = all.filter((request) => request.unanswered);
     const last = failed.at(-1);
     return [
-        last && {level: 'bad', time: last.time, text: `${failed.length} of ${plural(all.length, 'request')} failed, the last with `
+        last && {level: 'bad', table: 'requests', time: last.time, text: `${failed.length} of ${plural(all.length, 'request')} failed, the last with `
             + `${visible(last.status, 20)}, ${duration(Math.max(0, end - last.time))} before`},
-        unanswered.length && {level: 'warn', time: unanswered.at(-1).time, text: `${plural(unanswered.length, 'request')} without an answer`},
+        unanswered.length && {level: 'warn', table: 'requests', time: unanswered.at(-1).time, text: `${plural(unanswered.length, 'request')} without an answer`},
     ].filter(Boolean);
 }
 
@@ -64,5 +64,5 @@ function battery(report) {
 /// Taps on the reporting itself tell nothing of what went wrong.
 function lastTap({taps}, end) {
     const tap = taps.findLast(({time, view}) => time <= end && view !== 'Wexel');
-    return tap ? [{level: 'plain', time: tap.time, text: `${tapText(tap).replace('Tap', 'Last tap')}, ${duration(end - tap.time)} before`}] : [];
+    return tap ? [{level: 'plain', table: 'taps', time: tap.time, text: `${tapText(tap).replace('Tap', 'Last tap')}, ${duration(end - tap.time)} before`}] : [];
 }

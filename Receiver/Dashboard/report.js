@@ -3,7 +3,7 @@
 import {get} from './api.js';
 import {clippedText} from './clipped.js';
 import {el, fill, quoted} from './dom.js';
-import {requestTable, tapTable} from './eventTables.js';
+import {requestTable, showEvent, tapTable} from './eventTables.js';
 import {factGroups} from './facts.js';
 import {fileList, screenshotFigure} from './files.js';
 import {parseTime} from './format.js';
@@ -13,12 +13,13 @@ import {noticesOf} from './notices.js';
 import {copyButton} from './notify.js';
 import {markOpened} from './opened.js';
 import {buildBar} from './reportBar.js';
-import {reportHead} from './reportHead.js';
-import {asArray, asObject, asText} from './text.js';
+import {mostHeading, reportHead} from './reportHead.js';
+import {asArray, asObject, asText, firstLine} from './text.js';
 import {buildTimeline} from './timeline.js';
 import {recordsOf} from './wire.js';
 
-const mostDescription = 20000; // characters
+const mostProse = 1200; // characters: with more, the black box would be screens away
+const patience = 200; // milliseconds without a word about loading
 
 export function showReport({place, route, signal}) {
     let leaving = new AbortController();
@@ -36,11 +37,14 @@ export function showReport({place, route, signal}) {
         const bar = buildBar(Number(id), parameters);
         document.title = `Report ${Number(id)} · Wexel`;
         place.setAttribute('aria-busy', 'true');
-        const answer = await get(`reports/${encodeURIComponent(id)}`, ofThis);
+        const slow = setTimeout(() => fill(place, bar.element, el('p.loading', {role: 'status'}, 'Loading…')), patience);
+        ofThis.addEventListener('abort', () => clearTimeout(slow));
+        const answer = await get(`reports/${encodeURIComponent(id)}`, ofThis).finally(() => clearTimeout(slow));
         place.removeAttribute('aria-busy');
         markOpened(answer.id);
         scrollTo(0, 0);
         const figure = show(place, bar, answer, ofThis);
+        place.focus({preventScroll: true});
         bar.ready(answer, figure, ofThis);
     }
 
@@ -65,7 +69,7 @@ function show(place, bar, answer, signal) {
             notices(report, records, end, timeline),
             description(report),
             timeline?.element,
-            section('Quick facts', asText(report.quick_facts) && clippedText('p.prose.mono', asText(report.quick_facts), mostDescription)),
+            section('Quick facts', asText(report.quick_facts) && clippedText('p.prose.mono', asText(report.quick_facts), mostProse)),
             section('Attachments', answer.files.length > 0 && fileList(answer.files), 'attachments'),
             section('Requests', records.requests.length > 0 && requestTable(records.requests, end, timeline?.point), 'requests'),
             section('Taps', records.taps.length > 0 && tapTable(records.taps, end, timeline?.point), 'taps'),
@@ -85,14 +89,23 @@ function section(name, content, id = null) {
 
 function notices(report, records, end, timeline) {
     const all = noticesOf(report, records, end);
-    return all.length ? el('ul.notices', all.map(({text, level, time}) => el('li', {className: `notice is-${level}`,
-        onpointerenter: () => time !== undefined && timeline?.point(time)}, quoted(text)))) : null;
+    return all.length ? el('ul.notices', all.map((each) => el('li', notice(each, timeline)))) : null;
 }
 
-/// The first line is the page's heading already; a longer description is shown whole.
+/// Leads to what it speaks of.
+function notice({text, level, time, table}, timeline) {
+    if (time === undefined || !timeline)
+        return el('span', {className: `notice is-${level}`}, quoted(text));
+    return el('button', {type: 'button', className: `notice is-${level}`, onpointerenter: () => timeline.point(time),
+        onclick: () => table ? showEvent(table, time) : timeline.show(time)}, quoted(text));
+}
+
+/// What the heading does not say already.
 function description(report) {
     const text = asText(report.description).trim();
-    return text.length > 160 || /[\r\n]/.test(text) ? clippedText('p.prose', text, mostDescription) : null;
+    const line = firstLine(text);
+    const rest = line.length > mostHeading ? text : text.slice(line.length).trim();
+    return rest ? clippedText('p.prose', rest, mostProse) : null;
 }
 
 function facts(answer, report) {

@@ -16,7 +16,7 @@ export function buildBar(id, parameters) {
     const newer = step('Newer report', 'back');
     const older = step('Older report', 'next');
     const save = el('a.button', {href: `api/reports/${id}/archive`, download: `report-${id}.zip`, title: 'Save everything as one archive'},
-        icon('download'), el('span', 'Archive'));
+        icon('download'), el('span', 'Download'));
     const remove = el('button', {type: 'button', onclick: askToDelete, title: 'Delete the report'}, icon('trash'), el('span', 'Delete'));
     const actions = el('.bar-end', {hidden: true}, el('.steps-nav', newer, older), save, remove);
     const element = el('.bar', el('a.button.quiet', {href: back}, icon('back'), 'Inbox'), id && el('span.faint', `Report ${id}`), actions);

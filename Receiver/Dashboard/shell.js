@@ -1,6 +1,7 @@
 // What stays around every page: the ways to the pages, and a line that says when the receiver is away.
 
-import {connection, get} from './api.js';
+import {knownApplications, onApplications, shortName} from './applicationNames.js';
+import {connection} from './api.js';
 import {el, fill, quoted} from './dom.js';
 import {integer} from './format.js';
 import {icon} from './icons.js';
@@ -26,20 +27,21 @@ export function buildShell(session) {
             el('.side-end', el('button.quiet.small', {type: 'button', onclick: showHelp}, icon('help'), el('span', 'Keys')),
                 el('span.faint', {title: 'The receiver’s version'}, visible(session.version, 20)))),
         connectionLine(), main);
+    onApplications(() => listApplications(applications));
     return {
         element,
         main,
         mark(route) {
             for (const link of links)
-                mark(link, link.dataset.page === route.page);
+                mark(link, link.dataset.page === route.page, 'page');
             markApplication(applications, route);
         },
     };
 }
 
-function mark(link, isCurrent) {
+function mark(link, isCurrent, as) {
     if (isCurrent)
-        link.setAttribute('aria-current', 'page');
+        link.setAttribute('aria-current', as);
     else
         link.removeAttribute('aria-current');
 }
@@ -47,29 +49,18 @@ function mark(link, isCurrent) {
 function markApplication(applications, route) {
     const bundleId = route.page === 'reports' ? route.parameters.get('bundle_id') : null;
     for (const link of applications.querySelectorAll('a'))
-        mark(link, link.dataset.bundle === bundleId);
+        mark(link, link.dataset.bundle === bundleId, 'true');
 }
 
-/// Lists the applications beside the pages, as ways into the inbox; as before when they can't be had.
-export async function refreshApplications(signal) {
-    const {applications} = await get('applications', signal).catch(() => ({}));
-    const place = document.querySelector('.nav-apps');
-    if (!applications || !place)
-        return;
-    const active = applications.filter((application) => !application.archived && application.reports > 0);
+/// The applications beside the pages, as ways into the inbox.
+function listApplications(place) {
+    const active = knownApplications().filter((application) => !application.archived && application.reports > 0);
     active.sort((a, b) => (b.last_received ?? 0) - (a.last_received ?? 0));
     fill(place, active.length > 0 && el('h2', 'Applications'), active.slice(0, 12).map((application) =>
         el('a.nav-link', {href: address('reports', null, new URLSearchParams({bundle_id: application.bundle_id})),
             dataset: {bundle: application.bundle_id}, title: application.bundle_id},
-        el('span.cut', quoted(shortName(application, active))), el('span.count', integer(application.reports)))));
+        el('span.cut', quoted(shortName(application.bundle_id))), el('span.count', integer(application.reports)))));
     markApplication(place, current());
-}
-
-/// The end of the bundle id, unless another application's ends likewise.
-function shortName({bundle_id: bundleId}, applications) {
-    const end = bundleId.slice(bundleId.lastIndexOf('.'));
-    const isAlone = applications.filter((other) => other.bundle_id.endsWith(end)).length === 1;
-    return visible(isAlone && end.length > 2 ? end.replace('.', '') : bundleId, 100);
 }
 
 /// Hidden unless the receiver is away.

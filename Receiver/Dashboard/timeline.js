@@ -9,8 +9,9 @@ import {sampleAt, timelineModel} from './timelineModel.js';
 
 const nearby = 8; // pixels: what the cross-hair says is at its place
 const worthMore = 5000; // milliseconds before the black box for which there is a button
+const mostSqueezed = 20; // times: beyond, nothing would be seen of the black box
 
-/// {element, draw(), point(time)}, or null when there is nothing to draw. `draw` once it is in the document.
+/// {element, draw(), point(time), show(time)}, or null when there is nothing to draw. `draw` once it is in the document.
 export function buildTimeline(records, end, signal) {
     const model = timelineModel(records, end);
     if (!model)
@@ -20,23 +21,24 @@ export function buildTimeline(records, end, signal) {
     const values = new Map(); // where a curve's value at the cross-hair is shown
     const readout = el('output.readout');
     const stack = el('.stack', {tabIndex: 0, role: 'group', 'aria-label': 'Time line'});
-    const cursor = buildCursor({area: stack, span: () => span, show: describe, zoom, reset: () => setSpan(model.from, model.to)});
+    const cursor = buildCursor({area: stack, span: () => span, show: describe, zoom: setSpan,
+        isZoomed: () => !whole.hidden, reset: () => setSpan(model.from, model.to), signal});
     const sessions = sessionMarks(model.sessions);
-    const lanes = [model.requests.length && requestLane(model.requests, choose), model.taps.length && tapLane(model.taps, choose),
+    const lanes = [model.requests.length && requestLane(model.requests), model.taps.length && tapLane(model.taps),
         ...model.bands.map(bandLane), axisLane()].filter(Boolean);
     const canvases = model.curves.map(chartCanvas);
-    const all = el('button.small', {type: 'button', 'aria-pressed': 'false', onclick: () => isAll() ? setSpan(model.from, model.to) : setSpan(model.first, model.to)}, 'Everything');
+    const all = el('button.small', {type: 'button', 'aria-pressed': 'false', onclick: () => isAll() ? setSpan(model.from, model.to) : setSpan(model.first, model.to)}, 'With earlier sessions');
     const whole = el('button.small', {type: 'button', hidden: true, onclick: () => setSpan(model.from, model.to)}, 'Whole black box');
 
     cursor.layer.prepend(...sessions.elements);
     fill(stack, model.curves.map((curve, index) => line(curve.name, [valueOf(curve), el('span.lane-range', rangeOf(curve))], el('.track.is-curve', canvases[index]))),
         lanes.map(({name, track}) => line(name, null, track)), cursor.layer);
     const element = el('section.part.timeline', el('.timeline-head', el('h2', 'Black box'), readout, whole,
-        model.first < model.from - worthMore && all), stack);
+        model.first < model.from - worthMore && model.to - model.first < mostSqueezed * (model.to - model.from) && all), stack);
     describe(null);
 
     function valueOf(curve) {
-        const value = el('output.lane-value');
+        const value = el('span.lane-value');
         values.set(curve, value);
         return value;
     }
@@ -51,10 +53,6 @@ export function buildTimeline(records, end, signal) {
         whole.hidden = from === model.from && to === model.to;
         arrange();
         cursor.place(null);
-    }
-
-    function zoom(from, to) {
-        setSpan(from, to);
     }
 
     function arrange() {
@@ -84,31 +82,32 @@ export function buildTimeline(records, end, signal) {
         return texts.length ? el('span.faint', '· ', quoted(texts.slice(0, 2).join(' · '))) : null;
     }
 
-    function choose(table, time) {
-        const row = document.querySelector(`#${table} tr[data-time="${time}"]`);
-        row?.scrollIntoView({block: 'center'});
-        row?.classList.add('is-chosen');
-        row?.addEventListener('animationend', () => row.classList.remove('is-chosen'), {once: true});
-    }
-
     async function draw() {
         arrange();
-        const Chart = await loadCharts();
+        const observer = new ResizeObserver(arrange);
+        observer.observe(stack);
+        signal.addEventListener('abort', () => observer.disconnect());
+        const Chart = await loadCharts().catch(() => null);
+        if (!Chart)
+            return stack.prepend(el('p.problem', {role: 'alert'}, 'The curves can’t be drawn.'));
         if (signal.aborted)
             return;
         charts = model.curves.map((curve, index) => buildChart(Chart, curve, canvases[index], span));
-        const observer = new ResizeObserver(() => arrange());
-        observer.observe(stack);
         const scheme = matchMedia('(prefers-color-scheme: dark)');
         scheme.addEventListener('change', () => charts.forEach((chart) => chart.recolour()), {signal});
-        signal.addEventListener('abort', () => {
-            observer.disconnect();
-            cursor.stop();
-            charts.forEach((chart) => chart.destroy());
-        });
+        signal.addEventListener('abort', () => charts.forEach((chart) => chart.destroy()));
     }
 
-    return {element, draw, point: cursor.place};
+    /// Also where the reader does not see it yet.
+    function show(time) {
+        if (time < span.from || time > span.to)
+            setSpan(model.from, model.to);
+        element.scrollIntoView({block: 'nearest'});
+        stack.focus({preventScroll: true});
+        cursor.place(time);
+    }
+
+    return {element, draw, show, point: cursor.place};
 }
 
 function rangeOf({least, most, format}) {

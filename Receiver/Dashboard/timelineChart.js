@@ -5,9 +5,14 @@ import {ticks} from './timelineScale.js';
 
 let library = null;
 
-/// Chart.js is loaded when the first curve is shown. It is a plain script that leaves its name in the window.
+/// Chart.js is loaded when the first curve is shown, and again if that failed. A plain script that leaves its name in the window.
 export function loadCharts() {
-    library ??= import('./chart.js').then(() => window.Chart);
+    library ??= new Promise((resolve, reject) => {
+        document.head.append(el('script', {src: 'assets/chart.js', onload: () => resolve(window.Chart), onerror: reject}));
+    }).catch((error) => {
+        library = null;
+        throw error;
+    });
     return library;
 }
 
@@ -26,8 +31,8 @@ export function buildChart(Chart, curve, canvas, span) {
             layout: {padding: 0, autoPadding: false},
             plugins: {legend: {display: false}, tooltip: {enabled: false}},
             scales: {
-                x: edgeAxis('linear', 'height', (scale) => { scale.ticks = ticksNow.map(({time}) => ({value: time})); }),
-                y: {...edgeAxis('linear', 'width'), ...limits(curve)},
+                x: {...edgeAxis('height'), afterBuildTicks: (scale) => { scale.ticks = ticksNow.map(({time}) => ({value: time})); }},
+                y: {...edgeAxis('width', {maxTicksLimit: 3}), ...limits(curve)},
             },
         },
     });
@@ -53,8 +58,8 @@ export function buildChart(Chart, curve, canvas, span) {
     return {setSpan, recolour, destroy: () => chart.destroy()};
 }
 
-function edgeAxis(type, side, afterBuildTicks) {
-    return {type, ticks: {display: false, maxTicksLimit: 3}, grid: {drawBorder: false, drawTicks: false}, afterBuildTicks,
+function edgeAxis(side, ticksOptions = {autoSkip: false}) {
+    return {type: 'linear', ticks: {display: false, ...ticksOptions}, grid: {drawBorder: false, drawTicks: false},
         afterFit: (scale) => { scale[side] = 0; }};
 }
 

@@ -6,8 +6,8 @@ import {share, timeAt} from './timelineScale.js';
 const shortestDrag = 6; // pixels
 const shortestSpan = 200; // milliseconds
 
-/// {layer, place(time), clear()}; `show(time or null)` and `zoom(from, to)` are told. `span()` is what is shown.
-export function buildCursor({area, span, show, zoom, reset}) {
+/// {layer, place(time)}; `show(time or null)` and `zoom(from, to)` are told. `span()` is what is shown.
+export function buildCursor({area, span, show, zoom, isZoomed, reset, signal}) {
     const hair = el('span.hair', {hidden: true});
     const selection = el('span.selection', {hidden: true});
     const layer = el('.overlay', hair, selection);
@@ -39,14 +39,14 @@ export function buildCursor({area, span, show, zoom, reset}) {
         if (part >= 0 && event.pointerType === 'mouse' && event.button === 0 && !event.target.closest('button'))
             start = part;
     });
-    addEventListener('pointerup', finish);
+    addEventListener('pointerup', finish, {signal});
     area.addEventListener('dblclick', reset);
     area.addEventListener('pointerleave', () => start === null && place(null));
     area.addEventListener('keydown', (event) => {
         const {from, to} = span();
         const step = (to - from) / (event.shiftKey ? 20 : 120);
         const target = {ArrowLeft: (shown ?? to) - step, ArrowRight: (shown ?? from) + step, Home: from, End: to}[event.key];
-        if (target === undefined && !(event.key === 'Escape' && shown !== null))
+        if (target === undefined && !(event.key === 'Escape' && (shown !== null || isZoomed())))
             return;
         event.preventDefault();
         event.stopPropagation();
@@ -76,5 +76,5 @@ export function buildCursor({area, span, show, zoom, reset}) {
         selection.hidden = true;
     }
 
-    return {layer, place, stop: () => removeEventListener('pointerup', finish)};
+    return {layer, place};
 }

@@ -1,6 +1,7 @@
 // What is not a curve: bands of states, taps, requests, and the axis. Each lane can be placed over another span of time.
 
 import {el, fill, quoted} from './dom.js';
+import {showEvent} from './eventTables.js';
 import {duration} from './format.js';
 import {placeOver, share, ticks} from './timelineScale.js';
 import {visible} from './text.js';
@@ -14,15 +15,15 @@ export function bandLane({name, pieces}) {
         pieces.forEach((piece, index) => placeOver(elements[index], piece.from, piece.to, span)));
 }
 
-export function tapLane(taps, choose) {
+export function tapLane(taps) {
     const marks = taps.map((tap) => el('button.tap', {type: 'button', tabIndex: -1, 'aria-label': tapText(tap), title: tapText(tap),
-        onclick: () => choose('taps', tap.time)}));
+        onclick: () => showEvent('taps', tap.time)}));
     return lane('Taps', 'marks', marks, (span) => taps.forEach((tap, index) => placeAt(marks[index], tap.time, span)));
 }
 
-export function requestLane(requests, choose) {
+export function requestLane(requests) {
     const marks = requests.map((request) => el('button', {type: 'button', tabIndex: -1, className: `request-mark ${request.failed ? 'is-failed' : request.unanswered ? 'is-unanswered' : ''}`,
-        'aria-label': requestText(request), title: requestText(request), onclick: () => choose('requests', request.time)}));
+        'aria-label': requestText(request), title: requestText(request), onclick: () => showEvent('requests', request.time)}));
     const row = rowsOf(requests);
     marks.forEach((mark, index) => { mark.style.top = `${row[index] * 5}px`; });
     return lane('Requests', 'marks.is-requests', marks, (span) => requests.forEach((request, index) =>

@@ -9,13 +9,13 @@ const step = 1.25;
 
 export function openViewer(source, name) {
     const image = el('img', {src: source, alt: name, draggable: 'false'});
-    const stage = el('.viewer-stage', {tabIndex: 0, 'aria-label': 'Picture'}, image);
+    const stage = el('.viewer-stage', {tabIndex: 0, role: 'group', 'aria-label': 'Picture'}, image);
     const scaleText = el('output.viewer-scale');
     const button = (label, action, ...content) => el('button.quiet', {type: 'button', 'aria-label': label, onclick: action}, content);
     const dialog = el('dialog.viewer', {'aria-label': name},
         stage, el('.viewer-bar',
             button('Zoom out', () => zoom(1 / step), '−'), scaleText, button('Zoom in', () => zoom(step), '+'),
-            button('Fit', fit, 'Fit'), button('Actual size', () => zoomTo(1), '100 %'),
+            button('Fit', fit, 'Fit'), button('Actual size', () => zoomTo(1), '1:1'),
             button('Close', () => dialog.close(), icon('close'))));
     const view = {scale: 1, x: 0, y: 0}; // of the picture's upper left corner on the stage
     const pointers = new Map();

@@ -32,6 +32,7 @@ test('the whole journey goes by keys, and comes back to where it began', async (
     assert.equal(await focused(), `Report number ${number - 1}`);
     await page.keyboard.press('Enter');
     await heading(`Report number ${number - 1}`);
+    await page.locator('main:focus').waitFor();
     await page.waitForSelector('[aria-label="Older report"][href]');
     await page.keyboard.press('j');
     await heading(`Report number ${number - 2}`);
@@ -56,6 +57,29 @@ test('filters and pages are steps of the history', async () => {
     await page.getByText('51–60 of 60').waitFor();
     await page.goBack();
     await page.getByText('1–50 of 60').waitFor();
+});
+
+test('a page past the end is the last one', async () => {
+    await page.goto(`${receiver.dashboard}#/reports?page=9`);
+    await page.getByText('51–60 of 60').waitFor();
+    await page.goBack();
+    await page.getByText('1–50 of 60').waitFor();
+});
+
+test('Enter leads to what the search finds, and a search is left with its page', async () => {
+    const searching = await openInbox(browser, receiver);
+    const field = searching.getByLabel('Search the reports');
+    await field.fill('number 17');
+    await field.press('Enter');
+    await searching.locator('.row:focus', {hasText: 'Report number 17'}).waitFor();
+    await searching.clock.install();
+    await field.fill('number 18');
+    await searching.goto(`${receiver.dashboard}#/account`);
+    await searching.locator('.panel').first().waitFor();
+    await searching.clock.runFor(1000);
+    assert.match(searching.url(), /#\/account$/);
+    await checkPage(searching);
+    await searching.context().close();
 });
 
 test('what arrives while the list is scrolled waits for a key', async () => {
@@ -84,6 +108,12 @@ test('nothing is wider than a phone', async () => {
         await small.locator(sign).first().waitFor();
         await checkWidth(small);
     }
+    const {id} = await send('With a request', {log: {network_requests: [{method: 'GET', url: `https://example.org/${'long'.repeat(100)}`,
+        response_body: 'the answer', timestamp: '2026-01-02T03:04:05.678Z'}]}});
+    await small.goto(`${receiver.dashboard}#/reports/${id}`);
+    await small.locator('.request button').tap();
+    await small.getByText('the answer').waitFor();
+    assert.ok(await small.locator('.table-scroll').evaluate((place) => place.scrollWidth <= place.clientWidth), 'the table fits its place');
     await checkPage(small);
     await small.context().close();
 });

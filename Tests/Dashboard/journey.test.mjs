@@ -49,8 +49,13 @@ step('a client is made in the dashboard, and the library reports with it while t
     await page.getByRole('button', {name: 'New client'}).click();
     await page.getByLabel('Id', {exact: true}).fill('beta');
     await page.getByLabel(/Bundle ids/).fill('org.example.mistake');
+    const away = (route) => route.request().method() === 'GET' ? route.abort('internetdisconnected') : route.continue();
+    await page.route('**/api/clients', away);
     await page.getByRole('button', {name: 'Create', exact: true}).click();
     const secret = await page.locator('.credential', {hasText: 'APIClientSecret'}).locator('code').textContent();
+    await page.keyboard.press('Escape');
+    await page.mouse.click(5, 5);
+    await page.unroute('**/api/clients', away);
     await page.getByRole('button', {name: 'I have it'}).click();
     await page.getByRole('row', {name: /beta/}).getByRole('button', {name: 'Bundle ids'}).click();
     assert.equal(await page.getByLabel(/Bundle ids/).inputValue(), 'org.example.mistake');
@@ -75,7 +80,7 @@ async function report(credentials) {
     const folder = join(receiver.folder, 'host');
     const host = await installHost(folder, receiver.url, credentials);
     await runHost(host, folder, 'core', 'quit-when', 'WXLAPI - Success creating application', 'start');
-    await runHost(host, folder, 'widgets', 'quit-when', 'WXLUploader: All upload operations completed succesfully', 'start', 'screenshot', description);
+    await runHost(host, folder, 'widgets', 'quit-when', 'WXLAPI - Success uploading report', 'start', 'screenshot', description);
 }
 
 step('the report shows its screenshot, its black box and its facts', async () => {
@@ -128,7 +133,8 @@ step('an archived application is refused until it is not', async () => {
     await page.locator('dialog').getByRole('button', {name: 'Archive'}).click();
     await application.getByText('archived').waitFor();
     assert.equal((await receiver.library.send({description: 'too late'}, {bundleId})).status, 403);
-    await application.getByRole('button', {name: 'Unarchive'}).click();
+    await application.locator('button:focus', {hasText: 'Unarchive'}).waitFor();
+    await page.keyboard.press('Enter');
     await application.getByText('archived').waitFor({state: 'detached'});
     assert.equal((await receiver.library.send({description: 'in time'}, {bundleId})).status, 200);
 });
