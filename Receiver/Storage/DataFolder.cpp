@@ -59,9 +59,9 @@ int prepare(const fs::path &folder, DataFolder::Access access)
 {
     if (folder.empty())
         return -1;
-    if (access == DataFolder::Access::Serve) {
+    if (access == DataFolder::Access::Serve || access == DataFolder::Access::Fill) {
         create(folder);
-        return lock(folder);
+        return access == DataFolder::Access::Serve ? lock(folder) : -1;
     }
     std::error_code error;
     if (!fs::exists(folder / databaseName, error))
@@ -73,6 +73,7 @@ std::unique_ptr<Database> openDatabase(const StoragePlace &place, DataFolder::Ac
 {
     using Access = DataFolder::Access;
     static const std::map<Access, Database::Mode> modes = {{Access::Serve, Database::Mode::Serve},
+                                                           {Access::Fill, Database::Mode::Fill},
                                                            {Access::Change, Database::Mode::Write},
                                                            {Access::Read, Database::Mode::Read}};
     if (place.database.empty())
@@ -85,7 +86,7 @@ std::unique_ptr<FileStore> openFiles(const StoragePlace &place, Database &databa
     if (!place.database.empty() && place.files.empty())
         return std::make_unique<DatabaseFileStore>(database);
     auto files = std::make_unique<FolderFileStore>(place.database.empty() ? place.data : place.files);
-    if (access == DataFolder::Access::Serve) {
+    if (access == DataFolder::Access::Serve || access == DataFolder::Access::Fill) {
         if (!place.files.empty())
             create(place.files);
         files->prepare();
