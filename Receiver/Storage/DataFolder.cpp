@@ -3,14 +3,12 @@
 #include "Storage/DatabaseFileStore.h"
 #include "Storage/FolderFileStore.h"
 #include "Storage/Folders.h"
-#include "Storage/Maintenance.h"
 #include "Storage/PostgresDatabase.h"
 #include "Storage/SqliteDatabase.h"
 #include "Storage/StorageError.h"
 
 #include <cerrno>
 #include <fcntl.h>
-#include <limits>
 #include <map>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -103,10 +101,6 @@ DataFolder::DataFolder(const StoragePlace &place, Access access)
     , m_reports(*m_database, *m_files)
     , m_tokens(*m_database)
 {
-    // Nothing is uploaded yet to a folder that is ours alone, so what has no row is not on its way to one.
-    if (m_lock >= 0)
-        Maintenance(*m_files, m_reports)
-            .sweep(currentMilliseconds(), std::numeric_limits<std::int64_t>::max());
 }
 
 DataFolder::~DataFolder()
