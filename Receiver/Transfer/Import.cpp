@@ -12,6 +12,7 @@
 #include <Poco/JSON/Parser.h>
 
 #include <map>
+#include <set>
 
 namespace wexel::receiver {
 
@@ -38,7 +39,6 @@ public:
         for (std::string name = m_tar.next(); name != "end.json"; name = m_tar.next())
             take(name);
         checkEnd(m_tar.readAll(longestRecord));
-        finishApplications();
         removeUnneeded();
         return m_result;
     }
@@ -79,17 +79,26 @@ private:
 
     void takeApplications(const std::string &text)
     {
-        std::map<std::string, bool> known;
+        std::set<std::string> known;
         for (const ApplicationOverview &application : m_data.reports().applications())
-            known[application.application.bundleId] = true;
+            known.insert(application.application.bundleId);
         for (const std::string_view line : split(text, '\n')) {
             if (line.empty())
                 continue;
             const ApplicationOverview application = readApplicationRecord(std::string(line));
             m_data.reports().registerApplication(application.application);
             if (!known.contains(application.application.bundleId))
-                m_newApplications.push_back(application);
+                tell(application);
         }
+    }
+
+    /// At once, as for the next import, if this one breaks off, the application is known.
+    void tell(const ApplicationOverview &application)
+    {
+        const std::string &bundleId = application.application.bundleId;
+        m_data.reports().setRetention(bundleId, application.retention);
+        if (application.archived)
+            m_data.reports().setArchived(bundleId, true);
     }
 
     void takeAccess(const std::string &text)
@@ -176,19 +185,8 @@ private:
             m_data.files().remove(location);
     }
 
-    void finishApplications()
-    {
-        for (const ApplicationOverview &application : m_newApplications) {
-            const std::string &bundleId = application.application.bundleId;
-            m_data.reports().setRetention(bundleId, application.retention);
-            if (application.archived)
-                m_data.reports().setArchived(bundleId, true);
-        }
-    }
-
     TarReader &m_tar;
     DataFolder &m_data;
-    std::vector<ApplicationOverview> m_newApplications;
     std::map<std::string, Received> m_files; ///< by id; of the next report
     std::string m_json; ///< of the next report
     std::vector<std::string> m_added; ///< the ids of the files that came with the next report

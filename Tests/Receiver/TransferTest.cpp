@@ -80,7 +80,11 @@ TEST_P(TransferTest, KeepsWhatApplicationsWereTold)
     source.reports().setArchived("off", true);
     source.reports().setRetention("off", {5, 6000});
     exportTo(file, source, ExportScope::Reports);
+    const std::string whole = readFile(file);
     DataFolder target(newPlace(), Access::Serve);
+    writeFile(file, whole.substr(0, whole.find("reports/1/")));
+    EXPECT_THROW(importFrom(file, target), std::runtime_error);
+    writeFile(file, whole);
     EXPECT_EQ(importFrom(file, target).reports, 1);
     const ApplicationOverview application = target.reports().applications().at(0);
     EXPECT_TRUE(application.archived);
