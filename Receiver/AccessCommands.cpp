@@ -7,6 +7,7 @@
 #include "Storage/DataFolder.h"
 
 #include <Poco/DateTimeFormatter.h>
+#include <Poco/String.h>
 #include <Poco/Timestamp.h>
 
 #include <iomanip>
@@ -34,8 +35,10 @@ public:
     }
     ~Echoless()
     {
-        if (m_isTerminal)
-            ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &m_before);
+        if (!m_isTerminal)
+            return;
+        ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &m_before);
+        std::cerr << '\n'; // in the place of the one that was typed
     }
     Echoless(const Echoless &) = delete;
     Echoless &operator=(const Echoless &) = delete;
@@ -50,7 +53,7 @@ std::string typedPassword()
     const Echoless echoless;
     std::string line;
     std::getline(std::cin, line);
-    return line;
+    return Poco::trimRight(line);
 }
 
 std::string timeText(std::int64_t milliseconds)

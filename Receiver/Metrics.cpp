@@ -51,6 +51,12 @@ void Metrics::countRequest(const std::string &route, int status, std::chrono::st
     m_bytesReceived += bytesReceived;
 }
 
+void Metrics::countRefusal(int status)
+{
+    const std::lock_guard lock(m_mutex);
+    ++m_requests[{{}, status}];
+}
+
 std::string Metrics::text() const
 {
     const auto event = [this](Event which) { return m_events[static_cast<std::size_t>(which)].load(); };

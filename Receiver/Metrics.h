@@ -30,6 +30,8 @@ public:
     /// A request that was answered. \a route is as it was added, with its method; empty for an address that has none.
     void countRequest(const std::string &route, int status, std::chrono::steady_clock::duration duration,
                       std::uint64_t bytesReceived);
+    /// A connection that was refused before a request was read; it has no duration.
+    void countRefusal(int status);
 
     /// A connection, for as long as it lives.
     class Connected

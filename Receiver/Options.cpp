@@ -54,10 +54,14 @@ Poco::Util::OptionSet optionSet()
     set.addOption(with("max-report-size", "BYTES", "Largest report that is taken (16777216)."));
     set.addOption(with("max-connections", "N", "Connections served at once (256)."));
     set.addOption(with("request-timeout", "SECONDS", "Time in which a whole request must arrive (60)."));
+    set.addOption(with("least-rate", "BYTES",
+                       "Bytes a second for which a wanted body has more time than that (65536)."));
+    set.addOption(with("idle-timeout", "SECONDS", "Time in which a next request must begin (10)."));
     set.addOption(with("token-lifetime", "SECONDS", "Time for which a token is good (2592000)."));
     set.addOption(
         with("bundle", "BUNDLE_ID", "With client add and client bind: the only one that it may report for.")
             .repeatable(true));
+    set.addOption(Option("any-bundle", "", "With client bind: it may report for any.", false));
     set.addOption(Option("json", "", "With reports: print JSON."));
     set.addOption(Option("help", "", "Print this text."));
     set.addOption(Option("version", "", "Print the version."));
@@ -93,8 +97,8 @@ void setPublicUrl(Options &options, std::string text)
     try {
         const Poco::URI uri(text);
         if ((uri.getScheme() == "http" || uri.getScheme() == "https") && !uri.getHost().empty()
-            && uri.getQuery().empty() && uri.getFragment().empty()) {
-            options.publicUrl = text;
+            && uri.getUserInfo().empty() && uri.getQuery().empty() && uri.getFragment().empty()) {
+            options.publicUrl = uri.toString(); // the scheme in small letters
             return;
         }
     } catch (const Poco::SyntaxException &) {
@@ -139,8 +143,11 @@ void apply(Options &options, const std::string &name, const std::string &value)
         {"max-report-size", [&] { options.maximumReportSize = number(name, value, 1, gigabyte / 2); }},
         {"max-connections", [&] { options.maximumConnections = asInt(10000); }},
         {"request-timeout", [&] { options.requestTimeout = asInt(3600); }},
+        {"least-rate", [&] { options.leastRate = number(name, value, 1, gigabyte); }},
+        {"idle-timeout", [&] { options.idleTimeout = asInt(3600); }},
         {"token-lifetime", [&] { options.tokenLifetime = asInt(tenYears); }},
         {"bundle", [&] { options.bundleIds.push_back(checkedBundleId(value)); }},
+        {"any-bundle", [&] { options.anyBundle = true; }},
         {"json", [&] { options.json = true; }},
         {"help", [&] { options.command = Command::Help; }},
         {"version", [&] { options.command = Command::Version; }},
@@ -164,6 +171,8 @@ void takeClientAction(Options &options, const std::vector<std::string> &words)
                           : (action == "bind" || action == "rotate" || action == "revoke") && hasId;
     if (!isRight)
         throw UsageError("\"client\" needs add [ID], list, bind ID, rotate ID or revoke ID");
+    if (action == "bind" && options.bundleIds.empty() != options.anyBundle)
+        throw UsageError("\"client bind\" needs either --bundle BUNDLE_ID or --any-bundle");
     options.clientAction = action;
     options.clientId = hasId ? words[2] : "";
 }
@@ -261,7 +270,7 @@ std::string usage()
                        "       wexel-receiver reports --data DIR [--json]\n"
                        "       wexel-receiver archive|unarchive BUNDLE_ID --data DIR\n"
                        "       wexel-receiver client add [ID] [--bundle BUNDLE_ID]... --data DIR\n"
-                       "       wexel-receiver client bind ID [--bundle BUNDLE_ID]... --data DIR\n"
+                       "       wexel-receiver client bind ID --bundle BUNDLE_ID...|--any-bundle --data DIR\n"
                        "       wexel-receiver client list|rotate ID|revoke ID --data DIR\n"
                        "       wexel-receiver password --data DIR\n"
                        "       wexel-receiver export|import|backup FILE --data DIR");

@@ -42,6 +42,7 @@ struct Options {
     std::string clientAction; ///< of client: add, list, bind, rotate or revoke
     std::string clientId; ///< of client; empty with add: one is made up
     std::vector<std::string> bundleIds; ///< of client add and client bind
+    bool anyBundle = false; ///< of client bind
 
     std::string listenHost = "127.0.0.1";
     std::uint16_t listenPort = 8787; ///< 0: any free one
@@ -57,6 +58,8 @@ struct Options {
     std::uint64_t maximumReportSize = 16 * 1024 * 1024; ///< bytes
     int maximumConnections = 256;
     int requestTimeout = 60; ///< seconds in which a whole request must arrive
+    std::uint64_t leastRate = 64 * 1024; ///< bytes a second; a wanted body has that much more time
+    int idleTimeout = 10; ///< seconds in which a next request must begin
     int tokenLifetime = 30 * 24 * 3600; ///< seconds; the library asks for a token when its host starts
 
     bool usesTls() const { return !certificateFile.empty(); }

@@ -42,15 +42,21 @@ ServerSocket secureSocket(const Options &options)
     parameters.certificateFile = options.certificateFile;
     parameters.privateKeyFile = options.privateKeyFile;
     parameters.verificationMode = Context::VERIFY_NONE; // clients prove themselves by their token
-    Context::Ptr context = new Context(Context::TLS_SERVER_USE, parameters);
-    context->requireMinimumProtocol(Context::PROTO_TLSV1_2);
-    return Poco::Net::SecureServerSocket(context);
+    parameters.cipherList = "ECDHE+AESGCM:ECDHE+CHACHA20"; // of TLS 1.2; those of 1.3 are all good
+    try {
+        Context::Ptr context = new Context(Context::TLS_SERVER_USE, parameters);
+        context->requireMinimumProtocol(Context::PROTO_TLSV1_2);
+        return Poco::Net::SecureServerSocket(context);
+    } catch (const Poco::Exception &error) {
+        throw std::runtime_error("Can't use the certificate " + options.certificateFile + " with the key "
+                                 + options.privateKeyFile + ": " + error.displayText());
+    }
 }
 
 ServerSocket openSocket(const Options &options)
 {
+    ServerSocket socket = options.usesTls() ? secureSocket(options) : ServerSocket();
     try {
-        ServerSocket socket = options.usesTls() ? secureSocket(options) : ServerSocket();
         // Not the constructor that binds: it shares the port with whoever listens on it already.
         socket.bind(SocketAddress(options.listenHost, options.listenPort), true, false);
         socket.listen(listenBacklog);
@@ -110,6 +116,9 @@ struct Server::Parts {
                   watchdog,
                   options.trustedProxies,
                   std::chrono::seconds(options.requestTimeout),
+                  std::chrono::seconds(options.idleTimeout),
+                  options.leastRate,
+
                   static_cast<std::size_t>(options.maximumConnections),
                   parametersFor(options)}
         , threads(2, options.maximumConnections + spareThreads + 1)

@@ -10,6 +10,11 @@ namespace wexel::receiver {
 namespace {
 
 constexpr std::int64_t maximumPixels = std::int64_t(33) * 1024 * 1024;
+/// A progressive picture is held as a whole while it is decoded, and gone over once for each of its scans.
+constexpr std::int64_t maximumProgressivePixels = std::int64_t(8) * 1024 * 1024;
+constexpr std::ptrdiff_t maximumScans = 20;
+constexpr char startOfProgressiveFrame = '\xc2';
+constexpr char startOfScan = '\xda';
 constexpr int maximumHeight = 160;
 constexpr int maximumWidth = 640;
 constexpr int channels = 3;
@@ -38,6 +43,21 @@ Picture fitted(const Picture &source)
     return result;
 }
 
+/// How often the marker's bytes occur, which in data between markers they hardly do.
+std::ptrdiff_t markers(std::string_view jpeg, char kind)
+{
+    std::ptrdiff_t count = 0;
+    for (std::size_t at = jpeg.find('\xff'); at < jpeg.size() - 1; at = jpeg.find('\xff', at + 1))
+        count += jpeg[at + 1] == kind ? 1 : 0;
+    return count;
+}
+
+bool isAffordable(std::string_view jpeg, std::int64_t pixels)
+{
+    return pixels <= maximumPixels && markers(jpeg, startOfScan) <= maximumScans
+        && (pixels <= maximumProgressivePixels || markers(jpeg, startOfProgressiveFrame) == 0);
+}
+
 /// Sets the decoder to the smallest size that is not below the thumbnail's, which saves most of its work.
 bool chooseSize(tjhandle decoder, std::string_view jpeg, Picture &picture)
 {
@@ -46,7 +66,7 @@ bool chooseSize(tjhandle decoder, std::string_view jpeg, Picture &picture)
     int subsampling = 0;
     int colours = 0;
     if (tjDecompressHeader3(decoder, bytesOf(jpeg), jpeg.size(), &width, &height, &subsampling, &colours) != 0
-        || std::int64_t(width) * height > maximumPixels)
+        || !isAffordable(jpeg, std::int64_t(width) * height))
         return false;
     const Picture wanted = fitted({width, height, {}});
     int count = 0;
@@ -68,9 +88,8 @@ std::optional<Picture> decode(std::string_view jpeg)
     if (!decoder || !chooseSize(decoder.get(), jpeg, picture))
         return std::nullopt;
     picture.pixels.resize(std::size_t(picture.width) * std::size_t(picture.height) * channels);
-    const int fault
-        = tjDecompress2(decoder.get(), bytesOf(jpeg), jpeg.size(), picture.pixels.data(), picture.width, 0,
-                        picture.height, TJPF_RGB, TJFLAG_FASTDCT | TJFLAG_LIMITSCANS);
+    const int fault = tjDecompress2(decoder.get(), bytesOf(jpeg), jpeg.size(), picture.pixels.data(),
+                                    picture.width, 0, picture.height, TJPF_RGB, TJFLAG_FASTDCT);
     if (fault != 0 && tjGetErrorCode(decoder.get()) != TJERR_WARNING)
         return std::nullopt;
     return picture;

@@ -15,13 +15,12 @@ public:
     bool hasPassword();
     /// Sets the first password. False, with nothing changed, if there is one by now: another receiver may have been faster.
     bool setFirstPassword(const std::string &password);
-    /// Sets another password and ends every session but the one with \a keptSession (its digest; may be empty).
-    void setPassword(const std::string &password, const std::string &keptSession = {});
-    bool isPassword(const std::string &password);
-
-private:
+    /// Sets another password and ends every session.
+    void setPassword(const std::string &password);
+    /// The password's; empty if there is none.
     std::string hash();
 
+private:
     Database &m_database;
 };
 

@@ -15,7 +15,7 @@ std::optional<std::string> ClientDirectory::issueToken(const std::string &id, co
 std::optional<std::string> ClientDirectory::issueToStored(const std::string &id, const std::string &secret,
                                                           int lifetime, std::int64_t now)
 {
-    if (!m_stored.authenticate(id, secret))
+    if (!clientIdFault(id).empty() || !m_stored.authenticate(id, secret))
         return std::nullopt;
     const std::string token = m_tokens.issue(ClientStore::tokenHolder(id), lifetime, now);
     // A secret that was rotated meanwhile has ended the tokens before this one.

@@ -1,6 +1,8 @@
 #include "Access/ClientStore.h"
 
+#include "Log.h"
 #include "Secrets.h"
+#include "Storage/StorageError.h"
 
 #include <Poco/Ascii.h>
 #include <Poco/Data/RecordSet.h>
@@ -99,7 +101,14 @@ std::optional<std::string> ClientStore::rotate(const std::string &id)
                          sha256(secret), id);
         endTokens(session, id);
     });
+    endTokensIssuedMeanwhile(id);
     return changed > 0 ? std::optional(secret) : std::nullopt;
+}
+
+/// Who was issued one looked at the secret again then; either saw the change, or its token is here by now.
+void ClientStore::endTokensIssuedMeanwhile(const std::string &id)
+{
+    m_database.write([&](Session &session) { endTokens(session, id); });
 }
 
 bool ClientStore::bindTo(const std::string &id, const std::vector<std::string> &bundleIds)
@@ -123,6 +132,7 @@ bool ClientStore::revoke(const std::string &id)
         changed = change(session, "UPDATE clients SET revoked = 1 WHERE id = $1", id);
         endTokens(session, id);
     });
+    endTokensIssuedMeanwhile(id);
     return changed > 0;
 }
 
@@ -163,9 +173,13 @@ void ClientStore::touch(const StoredClient &client, std::int64_t now)
 {
     if (client.lastUsed && *client.lastUsed + useResolution > now)
         return;
-    m_database.write([&](Session &session) {
-        change(session, "UPDATE clients SET last_used = $1 WHERE id = $2", now, client.id);
-    });
+    try {
+        m_database.write([&](Session &session) {
+            change(session, "UPDATE clients SET last_used = $1 WHERE id = $2", now, client.id);
+        });
+    } catch (const StorageError &error) { // which is no reason to refuse the client
+        logEvent("use_not_noted", {{"error", error.what()}});
+    }
 }
 
 std::string clientIdFault(const std::string &id)

@@ -49,6 +49,8 @@ public:
     static std::string tokenHolder(const std::string &id) { return ':' + id; }
 
 private:
+    void endTokensIssuedMeanwhile(const std::string &id);
+
     Database &m_database;
 };
 

@@ -1,6 +1,7 @@
 #include "Access/Gatekeeper.h"
 
 #include "Http/HttpError.h"
+#include "Http/TrustedProxies.h"
 #include "Secrets.h"
 
 #include <Poco/String.h>
@@ -37,8 +38,17 @@ Gatekeeper::Gatekeeper(const Options &options, ClientDirectory &clients, Session
     : m_clients(clients)
     , m_sessions(sessions)
     , m_cookie(options.isReachedByTls())
+    , m_listenHost(options.listenHost)
     , m_publicOrigin(options.publicUrl.empty() ? "" : originOf(options.publicUrl))
 {
+}
+
+/// \a host may have a port.
+bool Gatekeeper::isOwnHost(const std::string &host) const
+{
+    Poco::Net::IPAddress address;
+    const std::string name = host.substr(0, host.rfind(':'));
+    return readAddress(host, address) || name == "localhost" || name == Poco::toLower(m_listenHost);
 }
 
 std::optional<Caller> Gatekeeper::client(const HTTPRequest &header) const
@@ -57,15 +67,15 @@ std::optional<Caller> Gatekeeper::administrator(const HTTPRequest &header) const
     return Caller{.session = session->digest, .csrf = session->csrf};
 }
 
-/// A page's origin is ours if it is the public address or has the host that the request was made to: a foreign page can
-/// choose neither.
+/// A page's origin is ours if it is the public address, or else has the host that the request was made to: the address, or
+/// the name that we listen at. Another name could be a foreign page's, which was made to lead here after it was loaded.
 void Gatekeeper::refuseForeignPage(const HTTPRequest &header) const
 {
     const std::string origin = header.get("Origin", "");
     if (origin.empty() || origin == m_publicOrigin)
         return;
     const std::string host = Poco::toLower(header.get("Host", ""));
-    if (host.empty() || (origin != "http://" + host && origin != "https://" + host))
+    if (!isOwnHost(host) || (origin != "http://" + host && origin != "https://" + host))
         throw HttpError(Status::HTTP_FORBIDDEN, "The request comes from a page of another site");
 }
 

@@ -27,9 +27,12 @@ public:
     void refuseForgery(const Poco::Net::HTTPRequest &header, const Caller &caller) const;
 
 private:
+    bool isOwnHost(const std::string &host) const;
+
     ClientDirectory &m_clients;
     SessionStore &m_sessions;
     SessionCookie m_cookie;
+    std::string m_listenHost;
     std::string m_publicOrigin;
 };
 

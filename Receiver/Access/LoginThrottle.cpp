@@ -37,6 +37,7 @@ void LoginThrottle::Attempt::succeed()
             failures.erase(own);
     };
     const std::lock_guard lock(m_throttle.m_mutex);
+    m_throttle.m_known.insert(m_peer);
     removeFrom(m_throttle.m_all);
     const auto peer = m_throttle.m_peers.find(m_peer);
     if (peer == m_throttle.m_peers.end())
@@ -56,7 +57,7 @@ std::optional<std::chrono::seconds> LoginThrottle::begin(const std::string &peer
     const auto own = m_peers.find(peer);
     if (own != m_peers.end() && own->second.size() >= failuresOfOne)
         return waitFor(own->second.front());
-    if (m_all.size() >= failuresOfAll)
+    if (m_all.size() >= failuresOfAll && !m_known.contains(peer))
         return waitFor(m_all.front());
     if (m_running >= checksAtOnce)
         return std::chrono::seconds(1);

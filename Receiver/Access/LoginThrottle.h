@@ -5,12 +5,13 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 
 namespace wexel::receiver {
 
-/// Slows down whoever guesses passwords: 5 failures a minute of one peer, 60 of all, and two hashes at once, as each takes
-/// a core and 64 MiB. Every thread may use it.
+/// Slows down whoever guesses passwords: 5 failures a minute of one peer, 60 of all who never succeeded, and two hashes at
+/// once, as each takes a core and 64 MiB. Every thread may use it.
 class LoginThrottle
 {
 public:
@@ -46,6 +47,7 @@ private:
     std::mutex m_mutex; ///< guards all below
     std::map<std::string, Failures> m_peers; ///< never empty ones; oldest first
     Failures m_all;
+    std::set<std::string> m_known; ///< peers that have succeeded; guesses from everywhere don't keep them out
     int m_running = 0;
 };
 

@@ -1,6 +1,8 @@
 #include "Access/SessionStore.h"
 
+#include "Log.h"
 #include "Secrets.h"
+#include "Storage/StorageError.h"
 
 #include <vector>
 
@@ -43,13 +45,22 @@ std::optional<DashboardSession> SessionStore::find(const std::string &token, std
     });
     if (used.empty())
         return std::nullopt;
-    if (used.front() + useResolution < now) {
+    if (used.front() + useResolution < now)
+        noteUse(found.digest, now);
+    return found;
+}
+
+/// Nobody is shut out because that can't be written, least of all who comes to make room on a full disk.
+void SessionStore::noteUse(const std::string &digest, std::int64_t now)
+{
+    try {
         m_database.write([&](Session &session) {
-            session << "UPDATE sessions SET used = $1 WHERE digest = $2", bind(now), bind(found.digest),
+            session << "UPDATE sessions SET used = $1 WHERE digest = $2", bind(now), bind(digest),
                 Poco::Data::Keywords::now;
         });
+    } catch (const StorageError &error) {
+        logEvent("use_not_noted", {{"error", error.what()}});
     }
-    return found;
 }
 
 void SessionStore::end(const std::string &digest)

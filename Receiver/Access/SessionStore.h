@@ -33,6 +33,8 @@ public:
     static DashboardSession describe(const std::string &token);
 
 private:
+    void noteUse(const std::string &digest, std::int64_t now);
+
     Database &m_database;
 };
 

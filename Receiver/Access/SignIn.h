@@ -12,9 +12,16 @@ class SignIn
 public:
     explicit SignIn(Administrator &administrator) : m_administrator(administrator) { }
 
-    /// Nothing if \a password is right; else the answer that says so: 401, or 429 with the time to wait. Throws
-    /// StorageError.
-    std::optional<Answer> refusal(const std::string &peer, const std::string &password);
+    struct Outcome {
+        std::optional<Answer>
+            refusal; ///< 401, or 429 with the time to wait; nothing if the password is right
+        std::string hash; ///< of the right password
+    };
+
+    /// Throws StorageError.
+    Outcome check(const std::string &peer, const std::string &password);
+    /// Whether no other password was set since the check.
+    bool stillHolds(const Outcome &outcome) { return m_administrator.hash() == outcome.hash; }
 
 private:
     Administrator &m_administrator;

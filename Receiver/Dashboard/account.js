@@ -1,6 +1,6 @@
 // The administrator's password and the way out.
 
-import {change, connection} from './api.js';
+import {change, connection, setCsrf} from './api.js';
 import {el, fill} from './dom.js';
 import {say} from './notify.js';
 
@@ -26,7 +26,7 @@ export function showAccount({place}) {
         if (problem.textContent)
             return;
         try {
-            await change('POST', 'password', {current: now.input.value, new: next.input.value});
+            setCsrf((await change('POST', 'password', {current: now.input.value, new: next.input.value})).csrf);
             form.reset();
             say('The password is changed. All other sessions are over.');
         } catch (error) {

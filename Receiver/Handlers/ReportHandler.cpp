@@ -34,11 +34,12 @@ Answer ReportHandler::handle(Request &request)
     if (m_store.isArchived(bundleId)) // before the body, which need not be read then
         refuseArchived();
     request.body.setLimit(m_maximumSize, "The report");
-    const MemoryBudget::Share share(m_memory, request.body.longest());
-    if (!share.isGranted())
+    MemoryBudget::Share share(m_memory);
+    std::optional<std::string> json = request.body.readWithin(share);
+    if (!json)
         return busy();
     const std::optional<AddedReport> added
-        = m_store.addReport(newReport(bundleId, request.body.readAll(), currentMilliseconds()));
+        = m_store.addReport(newReport(bundleId, std::move(*json), currentMilliseconds()));
     if (!added)
         refuseArchived();
     logEvent(added->isNew ? "report" : "report_again",

@@ -1,5 +1,7 @@
 #include "Handlers/TokenHandler.h"
 
+#include "Log.h"
+
 namespace wexel::receiver {
 
 namespace {
@@ -26,9 +28,11 @@ Answer TokenHandler::handle(Request &request)
     const std::string &client = fields.at("client_id");
     const auto token
         = m_clients.issueToken(client, fields.at("client_secret"), m_lifetime, currentMilliseconds());
-    if (!token)
+    if (!token) {
+        logEvent("client_refused", {{"peer", request.peer}, {"client", client}});
         return oauthError(Status::HTTP_UNAUTHORIZED, "invalid_client",
                           "The client id or the client secret is wrong");
+    }
     return jsonAnswer("{\"access_token\":" + jsonString(*token)
                       + ",\"token_type\":\"bearer\",\"expires_in\":" + std::to_string(m_lifetime) + "}");
 }

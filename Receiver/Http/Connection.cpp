@@ -29,9 +29,6 @@ constexpr const char *tooSlow = "The request took too long to arrive";
 /// How much longer than to arrive a request may take to be answered: a large file to a slow reader.
 constexpr int answerTimeFactor = 10;
 
-/// For how long a peer may send nothing at all.
-constexpr std::chrono::seconds idleTime{10};
-
 /// For how long a connection too many is held, so that its peer gets to see why.
 constexpr std::chrono::seconds refusalTime{2};
 
@@ -140,7 +137,7 @@ void Connection::serve()
     if (watch.isSurplus())
         return refuse(session, watch);
     do {
-        watch.enter(Phase::Idle, std::min(idleTime, m_service.requestTimeout));
+        watch.enter(Phase::Idle, std::min(m_service.idleTimeout, m_service.requestTimeout));
     } while (session.hasMoreRequests() && serveRequest(session, watch));
 }
 
@@ -180,6 +177,25 @@ bool Connection::serveRequest(HTTPServerSession &session, Watchdog::Watch &watch
     return false;
 }
 
+Answer Connection::answer(HTTPServerRequestImpl &request, HTTPServerResponseImpl &response,
+                          const std::string &sender, std::optional<RequestBody> &body,
+                          Watchdog::Watch &watch) const
+{
+    try {
+        // The header of a slow request may have been cut short, so it is not to be trusted.
+        if (watch.expired())
+            throw HttpError(Status::HTTP_REQUEST_TIMEOUT, tooSlow);
+        if (request.getVersion() != response.getVersion())
+            throw HttpError(Status::HTTP_VERSION_NOT_SUPPORTED, "The version must be HTTP/1.1 or HTTP/1.0");
+        body.emplace(request, response, watch, m_service.leastRate);
+        return m_service.router.answer(request, *body, sender);
+    } catch (const HttpError &error) {
+        Answer answer = errorAnswer(error.status(), error.what());
+        answer.brokenOff = true; // it may have been an upload
+        return answer;
+    }
+}
+
 bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl &response,
                           Watchdog::Watch &watch)
 {
@@ -188,19 +204,7 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
     response.setVersion(request.getVersion() == HTTPMessage::HTTP_1_0 ? HTTPMessage::HTTP_1_0
                                                                       : HTTPMessage::HTTP_1_1);
     std::optional<RequestBody> body;
-    Answer answer;
-    try {
-        // The header of a slow request may have been cut short, so it is not to be trusted.
-        if (watch.expired())
-            throw HttpError(Status::HTTP_REQUEST_TIMEOUT, tooSlow);
-        if (request.getVersion() != response.getVersion())
-            throw HttpError(Status::HTTP_VERSION_NOT_SUPPORTED, "The version must be HTTP/1.1 or HTTP/1.0");
-        body.emplace(request, response, watch);
-        answer = m_service.router.answer(request, *body, sender);
-    } catch (const HttpError &error) {
-        answer = errorAnswer(error.status(), error.what());
-        answer.brokenOff = true; // it may have been an upload
-    }
+    Answer answer = this->answer(request, response, sender, body, watch);
     const bool another = !answer.brokenOff && body && body->leavesConnectionClean() && request.getKeepAlive()
         && !watch.expired() && !watch.stopping() && !endsWithConnection(request, answer);
     response.setKeepAlive(another);
@@ -228,7 +232,7 @@ void Connection::sendUnasked(HTTPServerSession &session, Answer answer) const
 {
     answer.brokenOff = true; // it may have been an upload
     logEvent("request_refused", {{"peer", m_peer}, {"status", std::to_string(answer.status)}});
-    Metrics::instance().countRequest({}, answer.status, {}, 0);
+    Metrics::instance().countRefusal(answer.status);
     HTTPServerResponseImpl response(session);
     response.setVersion(HTTPMessage::HTTP_1_1);
     response.setKeepAlive(false);

@@ -10,6 +10,7 @@
 #include <Poco/Net/TCPServerConnectionFactory.h>
 
 #include <chrono>
+#include <optional>
 
 namespace wexel::receiver {
 
@@ -18,7 +19,9 @@ struct Service {
     const Router &router;
     Watchdog &watchdog;
     const TrustedProxies &proxies;
-    std::chrono::seconds requestTimeout;
+    std::chrono::seconds requestTimeout; ///< in which a request must arrive, however short
+    std::chrono::seconds idleTimeout; ///< in which a next request must begin
+    std::uint64_t leastRate; ///< bytes a second, of a body
     std::size_t maximumConnections;
     Poco::Net::HTTPServerParams::Ptr parameters;
 };
@@ -39,6 +42,8 @@ private:
     bool serveRequest(Poco::Net::HTTPServerSession &session, Watchdog::Watch &watch);
     bool exchange(Poco::Net::HTTPServerRequestImpl &request, Poco::Net::HTTPServerResponseImpl &response,
                   Watchdog::Watch &watch);
+    Answer answer(Poco::Net::HTTPServerRequestImpl &request, Poco::Net::HTTPServerResponseImpl &response,
+                  const std::string &sender, std::optional<RequestBody> &body, Watchdog::Watch &watch) const;
     void sendUnasked(Poco::Net::HTTPServerSession &session, Answer answer) const;
 
     Service &m_service;

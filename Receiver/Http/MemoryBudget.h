@@ -15,23 +15,22 @@ public:
     class Share
     {
     public:
-        Share(MemoryBudget &budget, std::uint64_t bytes)
-            : m_budget(budget)
-            , m_bytes(budget.take(bytes) ? bytes : 0)
-            , m_isGranted(bytes == m_bytes)
-        {
-        }
+        explicit Share(MemoryBudget &budget) : m_budget(budget) { }
         ~Share() { m_budget.giveBack(m_bytes); }
         Share(const Share &) = delete;
         Share &operator=(const Share &) = delete;
 
-        /// False if there was not enough left.
-        bool isGranted() const { return m_isGranted; }
+        /// False, with nothing changed, if there is not so much left.
+        bool grow(std::uint64_t bytes)
+        {
+            const bool isGranted = m_budget.take(bytes);
+            m_bytes += isGranted ? bytes : 0;
+            return isGranted;
+        }
 
     private:
         MemoryBudget &m_budget;
-        std::uint64_t m_bytes;
-        bool m_isGranted;
+        std::uint64_t m_bytes = 0;
     };
 
 private:

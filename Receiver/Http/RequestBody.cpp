@@ -18,6 +18,8 @@ using Poco::Net::HTTPRequest;
 
 namespace {
 
+constexpr std::size_t blockSize = 64 * 1024;
+
 /// A client that leaves Nagle's algorithm on, as Qt's does, holds the end of a body back until the rest is acknowledged,
 /// which the kernel puts off by 40 ms. The option wears off, so it is set again for each block.
 void acknowledgeAtOnce(Poco::Net::StreamSocket &socket)
@@ -30,17 +32,29 @@ void acknowledgeAtOnce(Poco::Net::StreamSocket &socket)
 #endif
 }
 
+/// To another reader, "Content-Length : 5" may be a length, and what follows a body.
+void refuseAmbiguousNames(const HTTPRequest &request)
+{
+    const auto hasBlank
+        = [](const auto &header) { return header.first.find_first_of(" \t") != std::string::npos; };
+    if (std::any_of(request.begin(), request.end(), hasBlank))
+        throw HttpError(Status::HTTP_BAD_REQUEST, "The name of a header has no blank in it");
+}
+
 } // namespace
 
 RequestBody::RequestBody(Poco::Net::HTTPServerRequestImpl &request,
-                         Poco::Net::HTTPServerResponseImpl &response, const Watchdog::Watch &watch)
+                         Poco::Net::HTTPServerResponseImpl &response, Watchdog::Watch &watch,
+                         std::uint64_t leastRate)
     : m_stream(request.stream())
     , m_socket(request.socket())
     , m_response(response)
     , m_watch(watch)
+    , m_leastRate(leastRate)
     , m_expectsContinue(request.getExpectContinue())
     , m_isChunked(request.has(HTTPRequest::TRANSFER_ENCODING))
 {
+    refuseAmbiguousNames(request);
     if (!m_isChunked)
         checkLength(request);
     else if (request.has(HTTPRequest::CONTENT_LENGTH))
@@ -70,6 +84,7 @@ void RequestBody::setLimit(std::uint64_t bytes, const std::string &what)
     m_what = what;
     if (m_length > m_limit)
         failTooBig();
+    m_watch.extend(std::chrono::seconds(m_length / m_leastRate));
 }
 
 std::size_t RequestBody::read(char *buffer, std::size_t size)
@@ -100,21 +115,28 @@ std::size_t RequestBody::readStream(char *buffer, std::size_t size)
 std::string RequestBody::readAll(std::uint64_t limit, const std::string &what)
 {
     setLimit(limit, what);
-    return readAll();
-}
-
-std::string RequestBody::readAll()
-{
     std::string text;
-    std::vector<char> block(64 * 1024);
+    std::vector<char> block(blockSize);
     while (const std::size_t count = read(block.data(), block.size()))
         text.append(block.data(), count);
     return text;
 }
 
+std::optional<std::string> RequestBody::readWithin(MemoryBudget::Share &share)
+{
+    std::string text;
+    std::vector<char> block(blockSize);
+    while (const std::size_t count = read(block.data(), block.size())) {
+        if (!share.grow(count))
+            return std::nullopt;
+        text.append(block.data(), count);
+    }
+    return text;
+}
+
 void RequestBody::drain()
 {
-    std::vector<char> block(64 * 1024);
+    std::vector<char> block(blockSize);
     // A client that still waits to be told to go on sends nothing.
     while (!m_atEnd && !m_expectsContinue && readStream(block.data(), block.size()) > 0) { }
 }

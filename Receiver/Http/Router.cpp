@@ -5,6 +5,7 @@
 #include "Metrics.h"
 #include "Storage/StorageError.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace wexel::receiver {
@@ -49,9 +50,13 @@ Answer unauthorized(Router::Access access)
     return answer;
 }
 
-/// Without its leading slash.
+/// Without its leading slash, and without the scheme and the host that some proxies put before it.
 std::string_view pathOf(std::string_view uri)
 {
+    for (const std::string_view scheme : {"http://", "https://"}) {
+        if (uri.starts_with(scheme))
+            uri.remove_prefix(std::min(uri.find('/', scheme.size()), uri.size()));
+    }
     uri.remove_prefix(uri.starts_with('/') ? 1 : 0);
     return uri.substr(0, uri.find('?'));
 }

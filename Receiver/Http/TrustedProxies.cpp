@@ -88,13 +88,13 @@ std::string TrustedProxies::senderOf(const std::string &peer, const Poco::Net::H
     if (m_networks.empty() || !readAddress(peer, address) || !contain(address))
         return peer;
     const std::vector<std::string> addresses = forwardedFor(header);
-    for (auto text = addresses.rbegin(); text != addresses.rend(); ++text) {
+    std::string sender = peer;
+    for (auto text = addresses.rbegin(); text != addresses.rend() && contain(address); ++text) {
         if (!readAddress(*text, address))
-            return peer;
-        if (!contain(address))
-            return address.toString();
+            break;
+        sender = address.toString();
     }
-    return peer;
+    return sender;
 }
 
 } // namespace wexel::receiver

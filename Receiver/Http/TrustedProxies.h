@@ -15,9 +15,9 @@ public:
     /// \a text is an IP address, or a network as in 10.0.0.0/8. False if it is neither.
     bool add(const std::string &text);
 
-    /// The last address in the X-Forwarded-For of \a header that is no proxy's, if \a peer is a proxy; whatever is before it
-    /// could have been written by anybody. Otherwise, and if there is none, \a peer, which is an address as Poco prints it, with
-    /// its port.
+    /// \a peer, an address as Poco prints it with its port, unless that is a proxy: then the last address in the
+    /// X-Forwarded-For of \a header that is no proxy's, or the first if all are. Whatever is before could have been written by
+    /// anybody.
     std::string senderOf(const std::string &peer, const Poco::Net::HTTPRequest &header) const;
 
 private:

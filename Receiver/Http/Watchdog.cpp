@@ -32,6 +32,12 @@ void Watchdog::Watch::enter(Phase phase, std::chrono::seconds longest)
     m_watchdog.m_changed.notify_all();
 }
 
+void Watchdog::Watch::extend(std::chrono::seconds more)
+{
+    const std::lock_guard lock(m_watchdog.m_mutex);
+    m_entry->deadline += more; // The watchdog looks at the former one and then sees this.
+}
+
 bool Watchdog::Watch::expired() const
 {
     const std::lock_guard lock(m_watchdog.m_mutex);

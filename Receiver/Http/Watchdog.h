@@ -43,6 +43,8 @@ public:
         Watch &operator=(const Watch &) = delete;
 
         void enter(Phase phase, std::chrono::seconds longest);
+        /// Gives the phase more time, if it has not taken too long already.
+        void extend(std::chrono::seconds more);
         /// True if the phase took too long.
         bool expired() const;
         bool stopping() const;

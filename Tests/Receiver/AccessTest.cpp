@@ -84,7 +84,7 @@ TEST_F(AccessTest, KeepsASessionInACookieThatNoScriptReads)
 
 TEST_F(AccessTest, BindsTheCookieToTheHostUnderTls)
 {
-    start({"--public-url", "https://reports.example.org/wexel"});
+    start({"--public-url", "HTTPS://reports.example.org/wexel"});
     EXPECT_THAT(signInWithHeader("Origin", "https://reports.example.org").header.get("Set-Cookie"),
                 testing::AllOf(testing::StartsWith("__Host-wexel_session="), HasSubstr("; Secure")));
     EXPECT_EQ(signInWithHeader("Origin", "https://reports.example.org.evil.example").status, 403);
@@ -104,6 +104,12 @@ TEST_F(AccessTest, RefusesForgedRequests)
     const std::string &csrf = genuine.at("X-CSRF-Token");
     for (const std::string &wrong : {std::string(), std::string(64, '0'), csrf + "0", csrf.substr(1)})
         EXPECT_EQ(status("X-CSRF-Token", wrong), 403) << wrong;
+    const std::string port = std::to_string(receiver->url().getPort());
+    for (const std::string name : {"localhost", "127.0.0.1", "evil.example"}) { // one that leads here by now
+        Client rebound = receiver->stranger();
+        rebound.headers = {{"Host", name + ':' + port}, {"Origin", "http://" + name + ':' + port}};
+        EXPECT_EQ(rebound.signIn(receiver->password()).status, name == "evil.example" ? 403 : 200) << name;
+    }
     for (const std::string origin : {"http://evil.example", "null", "", "http://127.0.0.1"}) {
         const Reply reply = signInWithHeader("Origin", origin);
         EXPECT_EQ(reply.status, origin.empty() ? 200 : 403) << origin;
@@ -114,20 +120,22 @@ TEST_F(AccessTest, RefusesForgedRequests)
     EXPECT_EQ(receiver->stranger().request("POST", session, "{}", "text/plain").status, 415);
 }
 
-TEST_F(AccessTest, EndsTheOtherSessionsWhenThePasswordChanges)
+TEST_F(AccessTest, EndsAllSessionsWhenThePasswordChanges)
 {
     start();
     Client client = receiver->administrator();
     Client other = receiver->administrator();
+    const auto former = client.headers;
     const auto change = [&](const std::string &current, const std::string &next) {
-        return client
-            .post("/dashboard/api/password", R"({"current":")" + current + R"(","new":")" + next + "\"}")
-            .status;
+        const std::string json = R"({"current":")" + current + R"(","new":")" + next + "\"}";
+        return client.keepSession(client.post("/dashboard/api/password", json)).status;
     };
     EXPECT_EQ(change("a wrong one", "long enough"), 403);
     EXPECT_EQ(change(receiver->password(), "too short"), 400);
-    EXPECT_EQ(change(receiver->password(), "long enough"), 204);
-    EXPECT_EQ(client.request("GET", session).status, 200);
+    EXPECT_EQ(change(receiver->password(), "long enough"), 200);
+    EXPECT_EQ(client.request("GET", session).text("csrf"), client.headers.at("X-CSRF-Token"));
+    client.headers = former;
+    EXPECT_EQ(client.request("GET", session).status, 401) << "whoever has stolen that cookie is out";
     EXPECT_EQ(other.request("GET", session).status, 401);
     EXPECT_EQ(other.signIn(receiver->password()).status, 401);
     EXPECT_EQ(other.signIn("long enough").status, 200);
@@ -201,6 +209,7 @@ TEST(LoginThrottleTest, CountsByPeerAndByAllAndForgets)
     for (int i = 5; i < 60; ++i)
         EXPECT_TRUE(fails(std::to_string(i)));
     EXPECT_FALSE(fails("c"));
+    EXPECT_FALSE(LoginThrottle::Attempt(throttle, "b", now).refusal()) << "it has succeeded before";
     now += std::chrono::minutes(1);
     EXPECT_TRUE(fails("a"));
     {
@@ -235,7 +244,9 @@ TEST(TrustedProxiesTest, TakeTheLastAddressThatIsNoProxys)
     for (const char *peer : {"10.0.0.1:80", "[::1]:80", "[::ffff:10.0.0.1]:80"}) {
         EXPECT_EQ(sender(peer, {"6.6.6.6, 1.2.3.4,10.9.9.9"}), "1.2.3.4") << peer;
         EXPECT_EQ(sender(peer, {"6.6.6.6", "[2001:db8::1]:99"}), "2001:db8::1") << peer;
-        for (const char *none : {"", "10.9.9.9", "1.2.3.4, nonsense", "1.2.3.4,", "a:b", "["})
+        EXPECT_EQ(sender(peer, {"10.2.2.2, 10.9.9.9"}), "10.2.2.2") << "all are in the proxies' network";
+        EXPECT_EQ(sender(peer, {"1.2.3.4, nonsense, 10.9.9.9"}), "10.9.9.9");
+        for (const char *none : {"", "1.2.3.4, nonsense", "1.2.3.4,", "a:b", "["})
             EXPECT_EQ(sender(peer, {none}), peer) << none;
     }
 }

@@ -128,11 +128,11 @@ TEST_F(ClientsTest, BindsThemAnew)
     EXPECT_EQ(send("org.example.app"), 403);
     EXPECT_EQ(command({"bind", "beta", "--bundle", "org.example.app"}).code, 0);
     EXPECT_EQ(send("org.example.next"), 403);
-    EXPECT_EQ(command({"bind", "beta"}).code, 0);
+    EXPECT_EQ(command({"bind", "beta", "--any-bundle"}).code, 0);
     EXPECT_EQ(send("org.example.any"), 200);
     EXPECT_EQ(command({"revoke", "beta"}).code, 0);
     EXPECT_EQ(bind("beta", R"({"bundle_ids":[]})"), 404) << "it stays revoked";
-    EXPECT_EQ(command({"bind", "beta"}).code, 1);
+    EXPECT_EQ(command({"bind", "beta", "--any-bundle"}).code, 1);
 }
 
 TEST_F(ClientsTest, ManagesThemFromTheCommandLineBesideAServer)
@@ -156,7 +156,7 @@ TEST_F(ClientsTest, ManagesThemFromTheCommandLineBesideAServer)
     EXPECT_EQ(command({"rotate", "beta"}).code, 1);
     EXPECT_EQ(command({"revoke", "gamma"}).code, 1);
     for (const std::vector<std::string> &wrong : std::vector<std::vector<std::string>>{
-             {}, {"rotate"}, {"bind"}, {"list", "x"}, {"add", "a:b"}, {"dance", "x"}})
+             {}, {"rotate"}, {"bind", "beta"}, {"list", "x"}, {"add", "a:b"}, {"dance", "x"}})
         EXPECT_EQ(command(wrong).code, 2);
 }
 

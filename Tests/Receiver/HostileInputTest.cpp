@@ -94,6 +94,12 @@ TEST_F(HostileInputTest, RefusesAmbiguousOrBrokenFraming)
     EXPECT_EQ(statusOf(post + "Content-Length: 5\r\nContent-Length: 6\r\n\r\nabcdef"), "HTTP/1.1 400");
     EXPECT_EQ(statusOf(post + "Content-Length: 5\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n\r\n"),
               "HTTP/1.1 400");
+    for (const std::string name : {"Content-Length ", "Transfer-Encoding\t", "A B"})
+        EXPECT_EQ(statusOf("GET /healthz HTTP/1.1\r\n" + name + ": 40\r\n\r\nGET /metrics HTTP/1.1\r\n"),
+                  "HTTP/1.1 400")
+            << name << ": to another reader a body follows";
+    EXPECT_EQ(statusOf("GET http://example.org:80/healthz HTTP/1.1\r\nConnection: close\r\n\r\n"),
+              "HTTP/1.1 200");
     EXPECT_EQ(statusOf(post + "Transfer-Encoding: gzip\r\n\r\n"), "HTTP/1.1 501");
     EXPECT_EQ(statusOf(std::string(5000, 'x') + "\r\n\r\n"), "HTTP/1.1 400");
     EXPECT_EQ(statusOf(post + "A: " + std::string(100000, 'x')), "HTTP/1.1 400");

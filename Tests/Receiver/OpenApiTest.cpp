@@ -18,11 +18,11 @@ class OpenApiTest : public ReceiverTest
 protected:
     /// Sends what the document gives as an example, or \a body in its place, and checks the answer against the document.
     Reply ask(Client &client, const Operation &operation, const std::optional<std::string> &body = {},
-              const std::string &query = {})
+              const std::string &query = {}, const std::string &otherType = {})
     {
         const std::string path
             = known.contains(operation.path) ? known.at(operation.path) : operation.examplePath();
-        const std::string type = operation.bodyType();
+        const std::string type = otherType.empty() ? operation.bodyType() : otherType;
         const std::string sent = body                  ? *body
             : replacements.contains(operation.route()) ? replacements.at(operation.route())
                                                        : operation.exampleBody();
@@ -31,7 +31,7 @@ protected:
             : client.request(operation.method, path + query, sent, type.empty() ? "application/json" : type);
         EXPECT_EQ(description.fault(operation, reply.status, reply.header.getContentType(), reply.body), "")
             << operation.route() << query << ' ' << sent;
-        return reply;
+        return client.keepSession(std::move(reply));
     }
 
     /// Someone who may do everything that the document describes.
@@ -48,7 +48,8 @@ protected:
         const auto branding = folder.path() / "branding.json";
         writeFile(branding, R"({"text_color":"#fff","background":"#000","placeholder_color":"#111",
             "highlighted_text_color":"#222","slogan":"Bugs!","logo_url":"http://x/"})");
-        start({"--white-labeling", branding.string()});
+        start({"--white-labeling", branding.string(), "--max-report-size", "100000", "--trusted-proxy",
+               "127.0.0.1"});
         Client client = receiver->client();
         const std::string url = client.upload("screenshot.jpg", jpeg(100, 100)).text("url");
         client.sendReport(R"({"screenshot_url":")" + url + R"(","files":[{"url":")" + url + "\"}]}");
@@ -118,6 +119,36 @@ TEST_F(OpenApiTest, RefusesAsDescribed)
         for (const auto &parameter : operation.queryParameters()) {
             const std::string name = parameter->getValue<std::string>("name");
             EXPECT_EQ(ask(client, operation, {}, "?" + name + "=%ff").status, 400) << name;
+        }
+    }
+}
+
+TEST_F(OpenApiTest, RefusesWhatIsTooMuchOrOfAnotherKindAsDescribed)
+{
+    prepare();
+    for (const Operation &operation : description.operations()) {
+        Client client = insider();
+        const auto responses = operation.description->getObject("responses");
+        const bool isUpload = operation.bodyType() == "multipart/form-data";
+        if (responses->has("413") && !isUpload) {
+            EXPECT_EQ(ask(client, operation, std::string(200'000, ' ')).status, 413) << operation.route();
+        }
+        client = insider();
+        if (responses->has("415")) {
+            EXPECT_EQ(ask(client, operation, {}, {}, "text/plain").status, 415) << operation.route();
+        }
+        int status = 0;
+        if (responses->has("409")) {
+            for (int i = 0; i < 2; ++i)
+                status = ask(client, operation).status;
+            EXPECT_EQ(status, 409) << operation.route();
+        }
+        if (responses->has("429") && operation.path.ends_with("session")) {
+            Client guesser = receiver->stranger();
+            guesser.headers["X-Forwarded-For"] = "6.6.6.6";
+            for (int i = 0; i < 6; ++i)
+                status = ask(guesser, operation, R"({"password":"a wrong one"})").status;
+            EXPECT_EQ(status, 429);
         }
     }
 }

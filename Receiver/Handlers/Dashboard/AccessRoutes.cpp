@@ -19,7 +19,8 @@ void addAccessRoutes(Router &router, AccessControl &access, const Clients &comma
     router.add("DELETE", session, Access::SessionNeeded,
                std::make_unique<SignOutHandler>(access.sessions, access.cookie));
     router.add("POST", "dashboard/api/password", Access::SessionNeeded,
-               std::make_unique<PasswordHandler>(access.signIn, access.administrator));
+               std::make_unique<PasswordHandler>(access.signIn, access.administrator, access.sessions,
+                                                 access.cookie));
     const std::string clients = "dashboard/api/clients";
     ClientStore &store = access.storedClients;
     router.add("GET", clients, Access::SessionNeeded,

@@ -77,6 +77,14 @@ std::string idIn(const Object &object)
     throw HttpError(Status::HTTP_NOT_FOUND, "There is no such client, or it is one of the command line");
 }
 
+/// The id in the address. One that can't be a client's is not looked up: PostgreSQL would fail on bytes that are no text.
+const std::string &idOf(const Request &request)
+{
+    if (!clientIdFault(request.parameter).empty())
+        failUnknown();
+    return request.parameter;
+}
+
 void logChange(const std::string &event, const Request &request, const std::string &id)
 {
     logEvent(event, {{"peer", request.peer}, {"client", id}});
@@ -112,7 +120,7 @@ Answer AddClientHandler::handle(Request &request)
 
 Answer RotateClientHandler::handle(Request &request)
 {
-    const auto secret = m_store.rotate(request.parameter);
+    const auto secret = m_store.rotate(idOf(request));
     if (!secret)
         failUnknown();
     logChange("client_rotated", request, request.parameter);
@@ -121,7 +129,7 @@ Answer RotateClientHandler::handle(Request &request)
 
 Answer BindClientHandler::handle(Request &request)
 {
-    if (!m_store.bindTo(request.parameter, bundlesIn(*readJsonBody(request))))
+    if (!m_store.bindTo(idOf(request), bundlesIn(*readJsonBody(request))))
         failUnknown();
     logChange("client_bound", request, request.parameter);
     return {.status = Status::HTTP_NO_CONTENT};
@@ -129,7 +137,7 @@ Answer BindClientHandler::handle(Request &request)
 
 Answer RevokeClientHandler::handle(Request &request)
 {
-    if (!m_store.revoke(request.parameter))
+    if (!m_store.revoke(idOf(request)))
         failUnknown();
     logChange("client_revoked", request, request.parameter);
     return {.status = Status::HTTP_NO_CONTENT};

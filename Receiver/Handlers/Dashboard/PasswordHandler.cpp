@@ -1,6 +1,7 @@
 #include "Handlers/Dashboard/PasswordHandler.h"
 
 #include "Access/Password.h"
+#include "Handlers/Dashboard/SessionHandlers.h"
 #include "Http/JsonBody.h"
 #include "Log.h"
 
@@ -13,15 +14,15 @@ Answer PasswordHandler::handle(Request &request)
     if (next.size() < minimumPasswordLength)
         throw HttpError(Status::HTTP_BAD_REQUEST,
                         "A password has at least " + std::to_string(minimumPasswordLength) + " characters");
-    if (std::optional<Answer> refusal = m_signIn.refusal(request.peer, textIn(*body, "current"))) {
+    if (std::optional<Answer> refusal = m_signIn.check(request.peer, textIn(*body, "current")).refusal) {
         // 401 would say that the session is over.
         if (refusal->status == Status::HTTP_UNAUTHORIZED)
             refusal->status = Status::HTTP_FORBIDDEN;
         return std::move(*refusal);
     }
-    m_administrator.setPassword(next, request.caller.session);
+    m_administrator.setPassword(next);
     logEvent("password_changed", {{"peer", request.peer}});
-    return {.status = Status::HTTP_NO_CONTENT};
+    return sessionAnswer(m_sessions.start(currentMilliseconds()), m_cookie);
 }
 
 } // namespace wexel::receiver

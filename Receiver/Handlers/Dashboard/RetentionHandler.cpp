@@ -1,5 +1,6 @@
 #include "Handlers/Dashboard/RetentionHandler.h"
 
+#include "BundleId.h"
 #include "Http/JsonBody.h"
 #include "Log.h"
 #include "RetentionLimits.h"
@@ -19,7 +20,7 @@ Answer RetentionHandler::handle(Request &request)
 {
     const Poco::JSON::Object::Ptr body = readJsonBody(request);
     const Retention retention = readRetention(*body);
-    if (!m_store.setRetention(request.parameter, retention))
+    if (!bundleIdFault(request.parameter).empty() || !m_store.setRetention(request.parameter, retention))
         throw HttpError(Status::HTTP_NOT_FOUND, "There is no such application");
     logEvent("retention_set",
              {{"peer", request.peer},

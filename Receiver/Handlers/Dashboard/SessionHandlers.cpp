@@ -5,18 +5,28 @@
 
 namespace wexel::receiver {
 
+Answer sessionAnswer(const std::string &token, const SessionCookie &cookie)
+{
+    Answer answer = jsonAnswer("{\"csrf\":" + jsonString(SessionStore::describe(token).csrf) + "}");
+    answer.headers.emplace_back("Set-Cookie", cookie.keeping(token));
+    return answer;
+}
+
 Answer SignInHandler::handle(Request &request)
 {
     m_gatekeeper.refuseForeignPage(
         request.header); // or it could sign a browser in to listen to what is done there
     const std::string password = textIn(*readJsonBody(request), "password");
-    if (std::optional<Answer> refusal = m_signIn.refusal(request.peer, password))
-        return std::move(*refusal);
+    SignIn::Outcome outcome = m_signIn.check(request.peer, password);
+    if (outcome.refusal)
+        return std::move(*outcome.refusal);
     const std::string token = m_sessions.start(currentMilliseconds());
+    if (!m_signIn.stillHolds(outcome)) {
+        m_sessions.end(SessionStore::describe(token).digest);
+        return errorAnswer(Status::HTTP_UNAUTHORIZED, "The password has just been changed");
+    }
     logEvent("signed_in", {{"peer", request.peer}});
-    Answer answer = jsonAnswer("{\"csrf\":" + jsonString(SessionStore::describe(token).csrf) + "}");
-    answer.headers.emplace_back("Set-Cookie", m_cookie.keeping(token));
-    return answer;
+    return sessionAnswer(token, m_cookie);
 }
 
 Answer SessionHandler::handle(Request &request)

@@ -6,6 +6,9 @@
 
 namespace wexel::receiver {
 
+/// What a browser needs to go on in a new session: its cookie, and the text against forged requests.
+Answer sessionAnswer(const std::string &token, const SessionCookie &cookie);
+
 /// POST dashboard/api/session, {"password"}: starts a session; 401 for a wrong password, 429 after too many.
 class SignInHandler : public Handler
 {

@@ -4,6 +4,7 @@
 #include "Handlers/StoredContent.h"
 #include "Thumbnail.h"
 
+#include <chrono>
 #include <memory>
 
 namespace wexel::receiver {
@@ -11,6 +12,7 @@ namespace wexel::receiver {
 namespace {
 
 constexpr std::uint64_t largestToDecode = 16 * 1024 * 1024; // bytes
+constexpr std::chrono::seconds longestWait{10};
 constexpr std::uint64_t largestAsItIs = 512 * 1024; // bytes
 
 [[noreturn]] void failNoThumbnail()
@@ -25,9 +27,12 @@ Answer ThumbnailHandler::handle(Request &request)
     const std::optional<StoredFile> screenshot = m_store.filesOf(reportIdFrom(request.parameter)).screenshot;
     if (!screenshot || !screenshot->contentType.starts_with("image/"))
         failNoThumbnail();
+    const std::string tag = '"' + screenshot->sha256 + '"';
     Answer answer = {.contentType = screenshot->contentType,
-                     .headers = {{"Cache-Control", "private, max-age=31536000, immutable"}}};
-    if (screenshot->contentType == "image/jpeg")
+                     .headers = {{"Cache-Control", "private, no-cache"}, {"ETag", tag}}};
+    if (request.header.get("If-None-Match", "") == tag)
+        answer.status = Status::HTTP_NOT_MODIFIED;
+    else if (screenshot->contentType == "image/jpeg")
         answer.body = thumbnailOf(*screenshot);
     else if (screenshot->size <= largestAsItIs)
         answer.body = readContent(m_files, *screenshot);
@@ -40,7 +45,8 @@ std::string ThumbnailHandler::thumbnailOf(const StoredFile &screenshot)
 {
     if (screenshot.size > largestToDecode)
         failNoThumbnail();
-    m_places.acquire();
+    if (!m_places.try_acquire_for(longestWait))
+        throw HttpError(Status::HTTP_SERVICE_UNAVAILABLE, "Too many thumbnails are being made");
     const std::unique_ptr<std::counting_semaphore<atOnce>, void (*)(std::counting_semaphore<atOnce> *)> place(
         &m_places, [](auto *places) { places->release(); });
     std::optional<std::string> thumbnail = jpegThumbnail(readContent(m_files, screenshot));

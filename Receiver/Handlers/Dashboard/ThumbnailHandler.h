@@ -8,8 +8,8 @@
 
 namespace wexel::receiver {
 
-/// GET dashboard/api/reports/{id}/thumbnail: the report's screenshot made small. A browser may keep it, as a report never
-/// changes.
+/// GET dashboard/api/reports/{id}/thumbnail: the report's screenshot made small. A browser may keep it, but asks each time
+/// whether it still may show it; 503 if too many are being made.
 class ThumbnailHandler : public Handler
 {
 public:
@@ -20,7 +20,7 @@ public:
 private:
     std::string thumbnailOf(const StoredFile &screenshot);
 
-    /// So many are made at once: a list asks for all of its own, and each may take a hundred megabytes while it is made.
+    /// So many are made at once: a list asks for all of its own, and each may take some fifty megabytes while it is made.
     static constexpr int atOnce = 2;
 
     const FileStore &m_files;

@@ -84,9 +84,13 @@ Reply Client::authenticate(const std::string &body)
 
 Reply Client::signIn(const std::string &password)
 {
-    Reply reply = post("/dashboard/api/session", R"({"password":")" + password + "\"}");
+    return keepSession(post("/dashboard/api/session", R"({"password":")" + password + "\"}"));
+}
+
+Reply Client::keepSession(Reply reply)
+{
     const std::string cookie = reply.header.get("Set-Cookie", "");
-    if (reply.status == 200)
+    if (reply.status == 200 && !cookie.empty())
         headers = {{"Cookie", cookie.substr(0, cookie.find(';'))}, {"X-CSRF-Token", reply.text("csrf")}};
     return reply;
 }

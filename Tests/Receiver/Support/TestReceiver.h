@@ -47,6 +47,8 @@ public:
     Reply authenticate(const std::string &body = credentials);
     /// Signs in to the dashboard and keeps what its requests must carry, if the password is right.
     Reply signIn(const std::string &password);
+    /// Goes on in the session that \a reply brings, if it is a good one.
+    Reply keepSession(Reply reply);
 
 private:
     std::unique_ptr<Poco::Net::HTTPClientSession> m_session;
