@@ -7,18 +7,6 @@
 
 namespace wexel::receiver {
 
-namespace {
-
-/// An inbox that nobody has served yet is made.
-DataFolder::Access importAccess(const StoragePlace &place)
-{
-    std::error_code error;
-    const bool isNewFolder = place.database.empty() && !std::filesystem::exists(place.data, error);
-    return isNewFolder || !place.database.empty() ? DataFolder::Access::Serve : DataFolder::Access::Change;
-}
-
-} // namespace
-
 int exportReports(const Options &options)
 {
     DataFolder data(options.place, DataFolder::Access::Read);
@@ -27,15 +15,17 @@ int exportReports(const Options &options)
     const ExportResult result = exportTo(options.file, data, scope);
     // The standard output may be the export.
     std::cerr << result.reports << " reports written";
-    if (result.leftOut > 0)
-        std::cerr << ", " << result.leftOut << " left out, as their files are gone";
+    if (result.removed > 0)
+        std::cerr << ", " << result.removed << " left out, as they were removed meanwhile";
+    if (result.lostFiles > 0)
+        std::cerr << "; the bytes of " << result.lostFiles << " files are lost";
     std::cerr << '\n';
-    return 0;
+    return result.lostFiles > 0 ? 1 : 0;
 }
 
 int importReports(const Options &options)
 {
-    DataFolder data(options.place, importAccess(options.place));
+    DataFolder data(options.place, DataFolder::Access::Fill);
     const ImportResult result = importFrom(options.file, data);
     std::cout << result.reports << " reports imported, " << result.known << " were known\n";
     return 0;

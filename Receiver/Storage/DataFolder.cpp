@@ -3,14 +3,12 @@
 #include "Storage/DatabaseFileStore.h"
 #include "Storage/FolderFileStore.h"
 #include "Storage/Folders.h"
-#include "Storage/Maintenance.h"
 #include "Storage/PostgresDatabase.h"
 #include "Storage/SqliteDatabase.h"
 #include "Storage/StorageError.h"
 
 #include <cerrno>
 #include <fcntl.h>
-#include <limits>
 #include <map>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -59,9 +57,9 @@ int prepare(const fs::path &folder, DataFolder::Access access)
 {
     if (folder.empty())
         return -1;
-    if (access == DataFolder::Access::Serve) {
+    if (access == DataFolder::Access::Serve || access == DataFolder::Access::Fill) {
         create(folder);
-        return lock(folder);
+        return access == DataFolder::Access::Serve ? lock(folder) : -1;
     }
     std::error_code error;
     if (!fs::exists(folder / databaseName, error))
@@ -73,6 +71,7 @@ std::unique_ptr<Database> openDatabase(const StoragePlace &place, DataFolder::Ac
 {
     using Access = DataFolder::Access;
     static const std::map<Access, Database::Mode> modes = {{Access::Serve, Database::Mode::Serve},
+                                                           {Access::Fill, Database::Mode::Fill},
                                                            {Access::Change, Database::Mode::Write},
                                                            {Access::Read, Database::Mode::Read}};
     if (place.database.empty())
@@ -85,7 +84,7 @@ std::unique_ptr<FileStore> openFiles(const StoragePlace &place, Database &databa
     if (!place.database.empty() && place.files.empty())
         return std::make_unique<DatabaseFileStore>(database);
     auto files = std::make_unique<FolderFileStore>(place.database.empty() ? place.data : place.files);
-    if (access == DataFolder::Access::Serve) {
+    if (access == DataFolder::Access::Serve || access == DataFolder::Access::Fill) {
         if (!place.files.empty())
             create(place.files);
         files->prepare();
@@ -102,10 +101,6 @@ DataFolder::DataFolder(const StoragePlace &place, Access access)
     , m_reports(*m_database, *m_files)
     , m_tokens(*m_database)
 {
-    // Nothing is uploaded yet to a folder that is ours alone, so what has no row is not on its way to one.
-    if (m_lock >= 0)
-        Maintenance(*m_files, m_reports)
-            .sweep(currentMilliseconds(), std::numeric_limits<std::int64_t>::max());
 }
 
 DataFolder::~DataFolder()

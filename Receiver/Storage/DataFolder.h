@@ -15,8 +15,9 @@ class DataFolder
 {
 public:
     enum class Access {
-        Serve, ///< makes what is missing and removes what nobody needs; a folder is taken for this process
-        Change, ///< for a command beside servers; what is to be changed must be there
+        Serve, ///< makes what is missing; a folder is taken for this process
+        Fill, ///< for a command beside servers; makes an inbox where there is none
+        Change, ///< the same, but what is to be changed must be there
         Read ///< the same, and nothing is written
     };
 

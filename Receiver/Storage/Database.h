@@ -14,7 +14,8 @@ class Database
 public:
     enum class Mode {
         Serve, ///< makes what is missing, and brings an older schema up to date
-        Write, ///< for a command beside servers: the schema must be that of this version
+        Fill, ///< for a command beside servers: makes the schema if there is none, which else must be that of this version
+        Write, ///< the same, but the schema must be there
         Read ///< the same, and nothing can be written
     };
     using Work = std::function<void(Poco::Data::Session &)>;
@@ -29,7 +30,7 @@ public:
     virtual void read(const Work &work) = 0;
 
     /// Runs \a work, which must only read, on what was there at one instant, and without keeping anybody waiting however
-    /// long it takes.
+    /// long it takes. It runs once.
     virtual void readSnapshot(const Work &work) = 0;
 };
 

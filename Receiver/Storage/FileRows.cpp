@@ -47,6 +47,11 @@ std::optional<StoredFile> readFile(Session &session, const std::string &id)
     return rows.moveFirst() ? std::optional(fileAt(rows)) : std::nullopt;
 }
 
+void moveFile(Session &session, const std::string &id, const std::string &location)
+{
+    session << "UPDATE files SET location = $1 WHERE id = $2", bind(location), bind(id), now;
+}
+
 ReportFiles readFilesOf(Session &session, std::int64_t reportId)
 {
     ReportFiles files;

@@ -13,6 +13,9 @@ std::optional<StoredFile> readFile(Poco::Data::Session &session, const std::stri
 
 ReportFiles readFilesOf(Poco::Data::Session &session, std::int64_t reportId);
 
+/// From now on the file's bytes are at \a location.
+void moveFile(Poco::Data::Session &session, const std::string &id, const std::string &location);
+
 /// The files that the report names; each id once.
 std::vector<std::string> filesNamedBy(Poco::Data::Session &session, std::int64_t reportId);
 

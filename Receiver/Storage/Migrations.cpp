@@ -137,6 +137,23 @@ void migrate(Session &session, Dialect dialect)
     }
 }
 
+bool hasSchema(Session &session, Dialect dialect)
+{
+    int count = 0;
+    session
+        << (dialect == Dialect::Sqlite
+                ? "SELECT count(*) FROM sqlite_master"
+                : "SELECT count(*) FROM pg_tables WHERE tablename = 'schema_version' AND schemaname = ANY "
+                  "(current_schemas(false))"),
+        into(count), now;
+    return count != 0;
+}
+
+void fillSchema(Session &session, Dialect dialect)
+{
+    hasSchema(session, dialect) ? checkSchema(session, dialect) : migrate(session, dialect);
+}
+
 void checkSchema(Session &session, Dialect dialect)
 {
     if (reachedVersion(session, dialect) < steps().size())

@@ -20,7 +20,7 @@ using Poco::Data::Session;
 namespace {
 
 constexpr std::size_t mostSessions = 16;
-constexpr int attempts = 10;
+constexpr int mostAttempts = 10;
 /// Any number that other programs' locks do not have.
 const std::string migrationLock = "7737391";
 
@@ -110,11 +110,7 @@ void pauseBeforeAttempt(int number)
 
 void checkServed(Session &session)
 {
-    int count = 0;
-    session << "SELECT count(*) FROM pg_tables WHERE tablename = 'schema_version' AND schemaname = ANY "
-               "(current_schemas(false))",
-        into(count), now;
-    if (count == 0)
+    if (!hasSchema(session, Dialect::PostgreSql))
         throw StorageError(StorageError::Kind::Failed, "No wexel-receiver has served this database yet");
     checkSchema(session, Dialect::PostgreSql);
 }
@@ -125,32 +121,33 @@ PostgresDatabase::PostgresDatabase(const std::string &address, Mode mode)
     : m_pool([options = connectionOptions(address)] { return open(options); }, mostSessions)
     , m_isReadOnly(mode == Mode::Read)
 {
-    if (mode != Mode::Serve) {
+    if (mode == Mode::Write || mode == Mode::Read) {
         PostgresDatabase::read(checkServed);
         return;
     }
-    PostgresDatabase::write([](Session &session) {
+    PostgresDatabase::write([&](Session &session) {
         session << "SELECT pg_advisory_xact_lock(" + migrationLock + ")", now;
-        migrate(session, Dialect::PostgreSql);
+        mode == Mode::Serve ? migrate(session, Dialect::PostgreSql)
+                            : fillSchema(session, Dialect::PostgreSql);
     });
 }
 
 void PostgresDatabase::write(const Work &work)
 {
-    run(m_isReadOnly ? "SET TRANSACTION READ ONLY" : "", work);
+    run(m_isReadOnly ? "SET TRANSACTION READ ONLY" : "", work, mostAttempts);
 }
 
 void PostgresDatabase::read(const Work &work)
 {
-    run("", work);
+    run("", work, mostAttempts);
 }
 
 void PostgresDatabase::readSnapshot(const Work &work)
 {
-    run("SET TRANSACTION ISOLATION LEVEL REPEATABLE READ READ ONLY", work);
+    run("SET TRANSACTION ISOLATION LEVEL REPEATABLE READ READ ONLY", work, 1);
 }
 
-void PostgresDatabase::run(const std::string &opening, const Work &work)
+void PostgresDatabase::run(const std::string &opening, const Work &work, int attempts)
 {
     try {
         for (int number = 1; !attempt(m_pool, opening, work, number == attempts); ++number)

@@ -17,7 +17,7 @@ public:
     void readSnapshot(const Work &work) override;
 
 private:
-    void run(const std::string &opening, const Work &work);
+    void run(const std::string &opening, const Work &work, int attempts);
 
     SessionPool m_pool;
     bool m_isReadOnly;

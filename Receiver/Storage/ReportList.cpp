@@ -213,21 +213,25 @@ std::optional<ReportRow> SqlReportStore::report(std::int64_t id)
     return found.empty() ? std::nullopt : std::optional(found.front());
 }
 
+std::vector<ApplicationOverview> readApplications(Session &session)
+{
+    Statement select(session);
+    select << "SELECT applications.bundle_id, os, platform, archived, max_age_days, max_bytes, "
+              "count(received) AS reports, coalesce(sum(bytes), 0) AS bytes, max(received) AS last_received "
+              "FROM applications LEFT JOIN reports ON reports.bundle_id = applications.bundle_id "
+              "GROUP BY applications.bundle_id ORDER BY applications.bundle_id",
+        now;
+    RecordSet rows(select);
+    std::vector<ApplicationOverview> applications;
+    for (bool more = rows.moveFirst(); more; more = rows.moveNext())
+        applications.push_back(overviewAt(rows));
+    return applications;
+}
+
 std::vector<ApplicationOverview> SqlReportStore::applications()
 {
     std::vector<ApplicationOverview> result;
-    m_database.read([&](Session &session) {
-        Statement select(session);
-        select
-            << "SELECT applications.bundle_id, os, platform, archived, max_age_days, max_bytes, "
-               "count(received) AS reports, coalesce(sum(bytes), 0) AS bytes, max(received) AS last_received "
-               "FROM applications LEFT JOIN reports ON reports.bundle_id = applications.bundle_id "
-               "GROUP BY applications.bundle_id ORDER BY applications.bundle_id",
-            now;
-        RecordSet rows(select);
-        for (bool more = rows.moveFirst(); more; more = rows.moveNext())
-            result.push_back(overviewAt(rows));
-    });
+    m_database.read([&](Session &session) { result = readApplications(session); });
     return result;
 }
 

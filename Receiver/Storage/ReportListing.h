@@ -5,6 +5,7 @@
 #include <Poco/Data/Session.h>
 
 #include <string>
+#include <vector>
 
 namespace wexel::receiver {
 
@@ -15,6 +16,9 @@ void describe(Poco::Data::Session &session, std::int64_t id, const std::string &
 
 /// \a text as it is searched for: in lower case, without what a database can't hold, at most \a size bytes.
 std::string searchText(const std::string &text, std::size_t size);
+
+/// By bundle id.
+std::vector<ApplicationOverview> readApplications(Poco::Data::Session &session);
 
 /// Writes the listings and digests of reports that were stored before there were any.
 void describeReports(Poco::Data::Session &session);

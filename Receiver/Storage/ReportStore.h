@@ -36,7 +36,8 @@ struct NewReport {
     std::int64_t received = 0;
     ReportFacts facts = {};
     std::string digest = {}; ///< of the JSON without the addresses of files
-    bool evenIfArchived = false;
+    /// It is taken even if its application is archived. Its files must be known, and stay if it was taken before.
+    bool isImported = false;
 };
 
 struct AddedReport {
@@ -149,7 +150,8 @@ public:
     virtual std::vector<std::string> unknownLocations(const std::vector<std::string> &locations) = 0;
 
     /// Registers the application if it is unknown. Returns nothing if the application is archived. A report that was taken
-    /// before, the addresses of its files aside, is not stored again, and the files that came with it now are removed.
+    /// before, the addresses of its files aside, is not stored again, and the files that came with it now are removed (see
+    /// NewReport::isImported).
     virtual std::optional<AddedReport> addReport(const NewReport &report) = 0;
     /// Oldest first.
     virtual std::vector<ReportSummary> reports() = 0;

@@ -3,6 +3,7 @@
 #include "Storage/FileRows.h"
 #include "Storage/ReportDigest.h"
 #include "Storage/ReportListing.h"
+#include "Storage/StorageError.h"
 #include "Text.h"
 
 #include <Poco/Data/RecordSet.h>
@@ -12,6 +13,7 @@ namespace wexel::receiver {
 using namespace Poco::Data::Keywords;
 using Poco::Data::RecordSet;
 using Poco::Data::Session;
+using Poco::Data::Statement;
 
 namespace {
 
@@ -29,12 +31,24 @@ bool readArchived(Session &session, const std::string &bundleId)
     return archived != 0;
 }
 
-/// Links a file to a report; an id that is not ours (reports may carry any address) links nothing.
-void linkFile(Session &session, std::int64_t reportId, int position, const std::string &fileId)
+/// Links a file to a report. An id that is not ours (reports may carry any address) links nothing, and returns false.
+bool linkFile(Session &session, std::int64_t reportId, int position, const std::string &fileId)
 {
-    session << "INSERT INTO report_files (report_id, position, file_id) SELECT $1, $2, id FROM files "
-               "WHERE id = $3",
-        bind(reportId), bind(position), bind(fileId), now;
+    Statement insert(session);
+    insert << "INSERT INTO report_files (report_id, position, file_id) SELECT $1, $2, id FROM files "
+              "WHERE id = $3",
+        bind(reportId), bind(position), bind(fileId);
+    return insert.execute() == 1;
+}
+
+void linkFiles(Session &session, std::int64_t reportId, const NewReport &report)
+{
+    bool areKnown = linkFile(session, reportId, 0, report.screenshotId) || report.screenshotId.empty();
+    int position = 0;
+    for (const std::string &fileId : report.fileIds)
+        areKnown = linkFile(session, reportId, ++position, fileId) && areKnown;
+    if (report.isImported && !areKnown)
+        throw StorageError(StorageError::Kind::Failed, "A file was removed before its report came");
 }
 
 std::int64_t insertReport(Session &session, const NewReport &report)
@@ -44,9 +58,7 @@ std::int64_t insertReport(Session &session, const NewReport &report)
         bind(report.received), bind(report.bundleId), into(id), now;
     session << "INSERT INTO report_documents (report_id, json) VALUES ($1, $2)", bind(id),
         useRef(report.json), now;
-    linkFile(session, id, 0, report.screenshotId);
-    for (std::size_t i = 0; i < report.fileIds.size(); ++i)
-        linkFile(session, id, static_cast<int>(i) + 1, report.fileIds[i]);
+    linkFiles(session, id, report);
     describe(session, id, report.bundleId, report.facts, report.json.size());
     return id;
 }
@@ -116,13 +128,14 @@ std::optional<AddedReport> SqlReportStore::addReport(const NewReport &report)
     std::vector<std::string> unneeded;
     m_database.write([&](Session &session) {
         added.reset();
-        if (!report.evenIfArchived && readArchived(session, report.bundleId))
+        if (!report.isImported && readArchived(session, report.bundleId))
             return;
         insertApplication(session, {report.bundleId, "", ""});
         const ReportDigest digest(session, report);
         if (const auto known = digest.find(session)) {
             digest.insertText(session, *known);
-            unneeded = removeUnnamedFiles(session, filesNamedIn(report));
+            if (!report.isImported)
+                unneeded = removeUnnamedFiles(session, filesNamedIn(report));
             added = {*known, false};
         } else {
             added = {insertReport(session, report), true};

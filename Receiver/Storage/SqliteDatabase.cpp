@@ -80,6 +80,8 @@ SqliteDatabase::SqliteDatabase(const std::filesystem::path &file, Mode mode)
 {
     if (mode == Mode::Serve)
         SqliteDatabase::write([](Session &session) { migrate(session, Dialect::Sqlite); });
+    else if (mode == Mode::Fill)
+        SqliteDatabase::write([](Session &session) { fillSchema(session, Dialect::Sqlite); });
     else
         SqliteDatabase::read([](Session &session) { checkSchema(session, Dialect::Sqlite); });
 }

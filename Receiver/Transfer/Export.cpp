@@ -2,6 +2,7 @@
 
 #include "Log.h"
 #include "Storage/FileRows.h"
+#include "Storage/ReportListing.h"
 #include "Text.h"
 #include "Transfer/AccessRecords.h"
 #include "Transfer/Records.h"
@@ -22,9 +23,9 @@ namespace {
 class Exporter
 {
 public:
-    Exporter(TarWriter &tar, const FileStore &files) : m_tar(tar), m_files(files) { }
+    Exporter(TarWriter &tar, DataFolder &data) : m_tar(tar), m_data(data) { }
 
-    void addHead(ReportStore &reports)
+    void addHead(Session &session)
     {
         const std::int64_t now = currentMilliseconds();
         m_tar.add("manifest.json",
@@ -35,7 +36,7 @@ public:
                       + "}\n",
                   now);
         std::string lines;
-        for (const ApplicationOverview &application : reports.applications())
+        for (const ApplicationOverview &application : readApplications(session))
             lines += recordText(application);
         m_tar.add("applications.jsonl", lines, now);
     }
@@ -45,7 +46,7 @@ public:
         std::vector<std::int64_t> ids;
         session << "SELECT id FROM reports ORDER BY id", into(ids), now;
         for (const std::int64_t id : ids)
-            addReport(session, id) ? ++m_result.reports : ++m_result.leftOut;
+            addReport(session, id) ? ++m_result.reports : ++m_result.removed;
     }
 
     ExportResult finish()
@@ -58,7 +59,7 @@ public:
     }
 
 private:
-    /// The report comes behind its files, so that it is only there with all of them.
+    /// False if it was removed meanwhile. It comes behind its files, so that it is only there with all of them.
     bool addReport(Session &session, std::int64_t id)
     {
         ReportRecord record;
@@ -68,7 +69,7 @@ private:
                "id = $1",
             into(record.received), into(record.bundleId), into(json), bind(id), now;
         record.files = readFilesOf(session, id);
-        if (!addFiles(id, record.files))
+        if (!addFiles(id, record))
             return false;
         const std::string folder = "reports/" + std::to_string(id) + '/';
         m_tar.add(folder + "report.json", json, record.received);
@@ -76,27 +77,43 @@ private:
         return true;
     }
 
-    bool addFiles(std::int64_t reportId, const ReportFiles &files)
+    bool addFiles(std::int64_t id, ReportRecord &record)
     {
-        std::vector<StoredFile> all = files.files;
-        if (files.screenshot)
-            all.push_back(*files.screenshot);
-        for (const StoredFile &file : all) {
-            if (m_written.contains(file.id))
+        std::vector<StoredFile> files = record.files.files;
+        if (record.files.screenshot)
+            files.push_back(*record.files.screenshot);
+        std::set<std::string> written;
+        for (const StoredFile &file : files) {
+            if (m_written.contains(file.id) || written.contains(file.id))
                 continue;
-            const auto content = m_files.open(file.location, file.size);
-            if (!content || !m_tar.add("files/" + file.id, *content, file.size, file.received)) {
-                logEvent("report_left_out", {{"id", std::to_string(reportId)}, {"lost_sha256", file.sha256}});
+            if (addFile(file))
+                written.insert(file.id);
+            else if (m_data.reports().report(id)) // a removed one loses its row before its bytes
+                noteLost(id, file, record);
+            else
                 return false;
-            }
-            m_written.insert(file.id);
         }
+        // Only now: an importer forgets the files that came before a report which never came.
+        m_written.merge(written);
         return true;
     }
 
+    bool addFile(const StoredFile &file)
+    {
+        const auto content = m_data.files().open(file.location, file.size);
+        return content && m_tar.add("files/" + file.id, *content, file.size, file.received);
+    }
+
+    void noteLost(std::int64_t id, const StoredFile &file, ReportRecord &record)
+    {
+        logEvent("file_lost", {{"report", std::to_string(id)}, {"file", file.id}, {"sha256", file.sha256}});
+        record.lost.insert(file.id);
+        ++m_result.lostFiles;
+    }
+
     TarWriter &m_tar;
-    const FileStore &m_files;
-    std::set<std::string> m_written;
+    DataFolder &m_data;
+    std::set<std::string> m_written; ///< ids of files
     ExportResult m_result;
 };
 
@@ -105,9 +122,9 @@ private:
 ExportResult exportTo(const std::string &file, DataFolder &data, ExportScope scope)
 {
     TarWriter tar(file);
-    Exporter exporter(tar, data.files());
-    exporter.addHead(data.reports());
+    Exporter exporter(tar, data);
     data.database().readSnapshot([&](Session &session) {
+        exporter.addHead(session);
         if (scope == ExportScope::Everything)
             tar.add("access.jsonl", accessText(session), currentMilliseconds());
         exporter.addReports(session);

@@ -9,7 +9,8 @@ namespace wexel::receiver {
 
 struct ExportResult {
     std::int64_t reports = 0;
-    std::int64_t leftOut = 0; ///< removed, or their files' bytes lost, while it was written
+    std::int64_t removed = 0; ///< while it was written, so they are not in it
+    std::int64_t lostFiles = 0; ///< whose bytes are gone, of reports that are in it
 };
 
 enum class ExportScope {

@@ -1,7 +1,9 @@
 #include "Transfer/Import.h"
 
+#include "Http/HttpError.h"
 #include "ReportDocument.h"
 #include "Secrets.h"
+#include "Storage/FileRows.h"
 #include "Text.h"
 #include "Transfer/AccessRecords.h"
 #include "Transfer/Records.h"
@@ -10,6 +12,7 @@
 #include <Poco/JSON/Parser.h>
 
 #include <map>
+#include <set>
 
 namespace wexel::receiver {
 
@@ -33,11 +36,10 @@ public:
         if (m_tar.next() != "manifest.json")
             m_tar.fail("it is no export of wexel-receiver");
         checkManifest(m_tar.readAll(longestRecord));
-        for (std::string name = m_tar.next(); !name.empty(); name = m_tar.next())
+        for (std::string name = m_tar.next(); name != "end.json"; name = m_tar.next())
             take(name);
-        if (!m_isWhole)
-            m_tar.fail("it ends early; what came before is imported");
-        finishApplications();
+        checkEnd(m_tar.readAll(longestRecord));
+        removeUnneeded();
         return m_result;
     }
 
@@ -49,9 +51,19 @@ private:
             m_tar.fail("a newer wexel-receiver wrote it");
     }
 
+    void checkEnd(const std::string &text)
+    {
+        const auto end = Poco::JSON::Parser().parse(text).extract<Poco::JSON::Object::Ptr>();
+        if (end->getValue<Poco::Int64>("reports") != m_result.reports + m_result.known
+            || !m_tar.next().empty())
+            m_tar.fail("it does not hold the reports that it says it does");
+    }
+
     void take(const std::string &name)
     {
-        if (name == "applications.jsonl")
+        if (name.empty())
+            m_tar.fail("it ends early; what came before is imported");
+        else if (name == "applications.jsonl")
             takeApplications(m_tar.readAll(longestRecord));
         else if (name == "access.jsonl")
             takeAccess(m_tar.readAll(longestRecord));
@@ -61,25 +73,32 @@ private:
             m_json = m_tar.readAll(longestReport);
         else if (name.ends_with("/about.json"))
             takeReport(readReportRecord(m_tar.readAll(longestRecord)));
-        else if (name == "end.json")
-            m_isWhole = true;
         else
             m_tar.fail("it has an unknown entry");
     }
 
     void takeApplications(const std::string &text)
     {
-        std::map<std::string, bool> known;
+        std::set<std::string> known;
         for (const ApplicationOverview &application : m_data.reports().applications())
-            known[application.application.bundleId] = true;
+            known.insert(application.application.bundleId);
         for (const std::string_view line : split(text, '\n')) {
             if (line.empty())
                 continue;
             const ApplicationOverview application = readApplicationRecord(std::string(line));
             m_data.reports().registerApplication(application.application);
             if (!known.contains(application.application.bundleId))
-                m_newApplications.push_back(application);
+                tell(application);
         }
+    }
+
+    /// At once, as for the next import, if this one breaks off, the application is known.
+    void tell(const ApplicationOverview &application)
+    {
+        const std::string &bundleId = application.application.bundleId;
+        m_data.reports().setRetention(bundleId, application.retention);
+        if (application.archived)
+            m_data.reports().setArchived(bundleId, true);
     }
 
     void takeAccess(const std::string &text)
@@ -91,6 +110,9 @@ private:
     {
         if (!isFileId(id))
             m_tar.fail("a file's id is wrong");
+        const auto known = m_data.reports().file(id);
+        if (known && m_data.files().open(known->location, known->size))
+            return; // it is needed only where the bytes were lost
         // Not under the id, where bytes may be that are in use.
         Received received = {randomId(), nullptr};
         received.file = m_data.files().receive(received.location);
@@ -101,55 +123,74 @@ private:
     void takeReport(const ReportRecord &record)
     {
         NewReport report = newReport(record.bundleId, std::move(m_json), record.received);
-        report.evenIfArchived = true;
+        report.isImported = true;
         // The record knows which files were the report's own better than their addresses do.
         report.screenshotId = record.files.screenshot ? record.files.screenshot->id : "";
         report.fileIds.clear();
         if (record.files.screenshot)
-            publish(*record.files.screenshot);
+            publish(*record.files.screenshot, record);
         for (const StoredFile &file : record.files.files) {
-            publish(file);
+            publish(file, record);
             report.fileIds.push_back(file.id);
         }
         const bool isNew = m_data.reports().addReport(report)->isNew;
         isNew ? ++m_result.reports : ++m_result.known;
+        if (!isNew)
+            m_unneeded.insert(m_unneeded.end(), m_added.begin(), m_added.end());
+        m_added.clear();
         m_files.clear();
     }
 
-    void publish(StoredFile file)
+    void publish(StoredFile file, const ReportRecord &record)
     {
-        const auto incoming = m_files.find(file.id);
         const auto known = m_data.reports().file(file.id);
-        if (known || incoming == m_files.end()) {
-            if (!known || known->sha256 != file.sha256)
-                m_tar.fail("a file is missing");
-            return;
-        }
-        Received &received = incoming->second;
+        if (known && known->sha256 != file.sha256)
+            m_tar.fail("another file has the id of one in it");
+        const bool isLost = record.lost.contains(file.id);
+        const bool hasCome = !isLost && m_files.contains(file.id);
+        if (!known && !hasCome && !isLost)
+            m_tar.fail("a file is missing");
+        file.location = hasCome ? publishBytes(file) : randomId();
+        if (!known)
+            add(file);
+        else if (hasCome)
+            m_data.database().write(
+                [&](Poco::Data::Session &session) { moveFile(session, file.id, file.location); });
+    }
+
+    /// Returns where they are.
+    std::string publishBytes(const StoredFile &file)
+    {
+        const Received received = std::move(m_files.extract(file.id).mapped());
         if (received.file->size() != file.size || received.file->publish() != file.sha256)
             m_tar.fail("a file is damaged");
-        file.location = received.location;
+        return received.location;
+    }
+
+    void add(StoredFile file)
+    {
         // Old ones without a report would be swept.
         file.received = currentMilliseconds();
         m_data.reports().addFile(file);
+        m_added.push_back(file.id);
     }
 
-    void finishApplications()
+    /// Files of reports that were known. They stay until here, as a later report may name them, too.
+    void removeUnneeded()
     {
-        for (const ApplicationOverview &application : m_newApplications) {
-            const std::string &bundleId = application.application.bundleId;
-            m_data.reports().setRetention(bundleId, application.retention);
-            if (application.archived)
-                m_data.reports().setArchived(bundleId, true);
-        }
+        std::vector<std::string> locations;
+        m_data.database().write(
+            [&](Poco::Data::Session &session) { locations = removeUnnamedFiles(session, m_unneeded); });
+        for (const std::string &location : locations)
+            m_data.files().remove(location);
     }
 
     TarReader &m_tar;
     DataFolder &m_data;
-    std::vector<ApplicationOverview> m_newApplications;
     std::map<std::string, Received> m_files; ///< by id; of the next report
     std::string m_json; ///< of the next report
-    bool m_isWhole = false;
+    std::vector<std::string> m_added; ///< the ids of the files that came with the next report
+    std::vector<std::string> m_unneeded; ///< the ids of those that may have come in vain
     ImportResult m_result;
 };
 
@@ -162,6 +203,8 @@ ImportResult importFrom(const std::string &file, DataFolder &data)
         return Importer(tar, data).run();
     } catch (const Poco::Exception &error) {
         tar.fail("a record is wrong: " + error.displayText());
+    } catch (const HttpError &error) {
+        tar.fail(std::string("a record is wrong: ") + error.what());
     }
 }
 

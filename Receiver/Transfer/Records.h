@@ -2,6 +2,7 @@
 
 #include "Storage/ReportStore.h"
 
+#include <set>
 #include <string>
 
 namespace wexel::receiver {
@@ -14,9 +15,10 @@ struct ReportRecord {
     std::int64_t received = 0; ///< milliseconds since 1970
     std::string bundleId;
     ReportFiles files;
+    std::set<std::string> lost = {}; ///< the ids of those files whose bytes were lost
 };
 
-/// Each as JSON, and read back from it. Reading throws std::runtime_error or a Poco::Exception if it is something else.
+/// Each as JSON, and read back from it. Reading throws an HttpError or a Poco::Exception if it is something else.
 std::string recordText(std::int64_t id, const ReportRecord &record);
 ReportRecord readReportRecord(const std::string &text);
 

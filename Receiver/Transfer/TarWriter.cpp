@@ -6,6 +6,7 @@
 #include <archive.h>
 #include <archive_entry.h>
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <stdexcept>
@@ -18,11 +19,12 @@ namespace {
 
 constexpr std::size_t blockSize = 64 * 1024;
 
-int openForWriting(const std::string &part)
+/// Another writer may have the same target, so \a part gets a name of its own.
+int openForWriting(std::string &part)
 {
     if (part.empty())
         return STDOUT_FILENO;
-    const int descriptor = ::open(part.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    const int descriptor = ::mkostemp(part.data(), O_CLOEXEC);
     if (descriptor < 0)
         failStorage("Can't write " + part, errno);
     return descriptor;
@@ -32,7 +34,7 @@ int openForWriting(const std::string &part)
 
 TarWriter::TarWriter(const std::string &file)
     : m_file(file)
-    , m_part(file == "-" ? "" : file + ".part")
+    , m_part(file == "-" ? "" : file + ".part.XXXXXX")
     , m_descriptor(openForWriting(m_part))
     , m_archive(archive_write_new(), archive_write_free)
 {

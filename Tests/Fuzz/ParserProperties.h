@@ -8,6 +8,7 @@
 #include "ReportDocument.h"
 #include "Text.h"
 #include "Thumbnail.h"
+#include "Transfer/Records.h"
 
 #include <algorithm>
 #include <string>
@@ -111,7 +112,33 @@ inline const char *brokenPictureProperty(std::string_view bytes)
     return !thumbnail || jpegThumbnail(*thumbnail) ? nullptr : "a thumbnail is a picture itself";
 }
 
-/// What holds for any bytes given to what reads requests; the first byte says which reader gets the rest. Returns the
+/// Text that \a read takes and \a write gives back is a record; it must read as itself.
+template <typename Read, typename Write>
+const char *brokenRecordProperty(const std::string &bytes, const Read &read, const Write &write)
+{
+    std::string text;
+    try {
+        text = write(read(bytes));
+    } catch (const HttpError &) {
+        return nullptr;
+    } catch (const Poco::Exception &) {
+        return nullptr;
+    }
+    return write(read(text)) == text ? nullptr : "a record that was read is written as one";
+}
+
+inline const char *brokenRecordsProperty(std::string_view bytes)
+{
+    const std::string text(bytes);
+    const char *report = brokenRecordProperty(
+        text, readReportRecord, [](const ReportRecord &record) { return recordText(1, record); });
+    return report ? report
+                  : brokenRecordProperty(text, readApplicationRecord, [](const ApplicationOverview &record) {
+                        return recordText(record);
+                    });
+}
+
+/// What holds for any bytes given to what reads requests and an export's records; the first byte says which reader gets the rest. Returns the
 /// property that does not, or null.
 inline const char *brokenParserProperty(std::string_view bytes)
 {
@@ -129,6 +156,8 @@ inline const char *brokenParserProperty(std::string_view bytes)
         return brokenQueryProperty(rest);
     case 'c':
         return brokenCookieProperty(rest);
+    case 'e':
+        return brokenRecordsProperty(rest);
     case 'j':
         return brokenPictureProperty(rest);
     default:

@@ -74,12 +74,16 @@ TEST_P(StorageTest, SweepsWhatNobodyNeeds)
     const auto incoming = storage.files().receive(rowless.id);
     incoming->write("rowless");
     incoming->publish();
+    const auto unfinished = storage.files().receive(randomId());
 
     const std::int64_t now = currentMilliseconds();
     maintenance.sweep(now, now - hour);
     EXPECT_EQ(bytesOf(storage, rowless), "rowless") << "its row may be about to come";
     maintenance.sweep(now, now + hour);
     EXPECT_EQ(bytesOf(storage, rowless), std::nullopt);
+    if (GetParam() != Keeping::PostgreSql) { // which has nothing of it yet
+        EXPECT_THROW(unfinished->publish(), StorageError) << "its process may be gone";
+    }
     EXPECT_EQ(bytesOf(storage, reported), "reported");
     EXPECT_EQ(bytesOf(storage, recent), "recent");
     EXPECT_TRUE(storage.reports().file(recent.id));

@@ -2,6 +2,8 @@
 #include "Support/StorageFixture.h"
 #include "Transfer/Export.h"
 #include "Transfer/Import.h"
+#include "Transfer/TarReader.h"
+#include "Transfer/TarWriter.h"
 
 #include <gmock/gmock.h>
 
@@ -11,6 +13,7 @@
 namespace {
 
 using namespace wexel::receiver;
+using namespace Poco::Data::Keywords;
 using Access = DataFolder::Access;
 using testing::HasSubstr;
 
@@ -28,7 +31,9 @@ protected:
     std::string file = folder.path() / "file.tar";
 };
 
-INSTANTIATE_TEST_SUITE_P(, TransferTest, testing::Values(Keeping::Sqlite, Keeping::PostgreSql), nameOf);
+INSTANTIATE_TEST_SUITE_P(, TransferTest,
+                         testing::Values(Keeping::Sqlite, Keeping::PostgreSql, Keeping::PostgreSqlWithFolder),
+                         nameOf);
 
 TEST_P(TransferTest, MovesEverythingToAnotherInbox)
 {
@@ -52,6 +57,8 @@ TEST_P(TransferTest, MovesEverythingToAnotherInbox)
         EXPECT_EQ(receiver.stop(), 0);
     }
     const StoragePlace target = newPlace();
+    if (!target.data.empty())
+        std::filesystem::create_directory(target.data); // somebody else may have to
     EXPECT_THAT(run("import", target).output, HasSubstr("2 reports imported, 0 were known\n"));
     EXPECT_THAT(run("import", target).output, HasSubstr("0 reports imported, 2 were known\n"));
     TestReceiver receiver(optionsOf(target), {});
@@ -73,7 +80,11 @@ TEST_P(TransferTest, KeepsWhatApplicationsWereTold)
     source.reports().setArchived("off", true);
     source.reports().setRetention("off", {5, 6000});
     exportTo(file, source, ExportScope::Reports);
+    const std::string whole = readFile(file);
     DataFolder target(newPlace(), Access::Serve);
+    writeFile(file, whole.substr(0, whole.find("reports/1/")));
+    EXPECT_THROW(importFrom(file, target), std::runtime_error);
+    writeFile(file, whole);
     EXPECT_EQ(importFrom(file, target).reports, 1);
     const ApplicationOverview application = target.reports().applications().at(0);
     EXPECT_TRUE(application.archived);
@@ -150,6 +161,140 @@ TEST_P(TransferTest, ExplainsDamagedFiles)
     EXPECT_EQ(complaint(whole), "none");
     EXPECT_EQ(target.reports().page({}).total, 3);
     EXPECT_EQ(run("export", {folder.path() / "nowhere"}).code, 1);
+}
+
+TEST_P(TransferTest, BringsEveryReportOfASharedFileThoughOneWasDeletedHere)
+{
+    DataFolder source(place, Access::Serve);
+    const StoredFile shared = addFile(source, "shared");
+    for (const std::string number : {"1", "2", "3"})
+        addReport(source, R"({"screenshot_url":")" + addressOf(shared) + R"(","n":)" + number + "}");
+    exportTo(file, source, ExportScope::Reports);
+    const std::string whole = readFile(file);
+    DataFolder target(newPlace(), Access::Serve);
+    writeFile(file, whole.substr(0, whole.find("reports/2/")));
+    EXPECT_THROW(importFrom(file, target), std::runtime_error);
+    EXPECT_TRUE(target.reports().removeReport(1));
+    writeFile(file, whole);
+    EXPECT_EQ(importFrom(file, target).reports, 2);
+    EXPECT_EQ(bytesOf(target, target.reports().filesOf(3).screenshot.value()), "shared");
+    for (const ReportSummary &report : target.reports().reports())
+        target.reports().removeReport(report.id);
+    EXPECT_EQ(importFrom(file, target).known, 3);
+    EXPECT_FALSE(target.reports().file(shared.id)) << "what was deleted came back";
+}
+
+TEST_P(TransferTest, KeepsAReportWhoseFileIsLostAndBringsTheFileBack)
+{
+    const std::string bytes(300000, 'b');
+    DataFolder source(place, Access::Serve);
+    const StoredFile screenshot = addFile(source, bytes);
+    addReport(source, R"({"screenshot_url":")" + addressOf(screenshot) + "\"}");
+    exportTo(file, source, ExportScope::Reports);
+    const std::string good = readFile(file);
+    source.files().remove(screenshot.location);
+    const Result result = run("backup", place);
+    EXPECT_THAT(result.output, HasSubstr("1 reports written; the bytes of 1 files are lost"));
+    EXPECT_EQ(result.code, 1);
+    DataFolder target(newPlace(), Access::Serve);
+    EXPECT_EQ(importFrom(file, target).reports, 1);
+    const auto imported = [&] { return target.reports().filesOf(1).screenshot.value(); };
+    EXPECT_EQ(imported().sha256, screenshot.sha256);
+    EXPECT_EQ(bytesOf(target, imported()), std::nullopt);
+    writeFile(file, good);
+    EXPECT_EQ(importFrom(file, target).known, 1);
+    EXPECT_EQ(bytesOf(target, imported()), bytes);
+}
+
+TEST_P(TransferTest, RunsBesideAServerThatStartsAndChangesNoSchema)
+{
+    const std::string location = randomId();
+    DataFolder import(place, Access::Fill);
+    const auto incoming = import.files().receive(location);
+    incoming->write("bytes");
+    DataFolder server(place, Access::Serve);
+    EXPECT_NO_THROW(incoming->publish());
+    EXPECT_TRUE(server.files().open(location, 5));
+    const auto write = [&](const std::string &statement) {
+        server.database().write([&](Poco::Data::Session &session) { session << statement, now; });
+    };
+    write("UPDATE schema_version SET version = version - 1");
+    EXPECT_THROW(DataFolder(place, Access::Fill), StorageError);
+}
+
+TEST_P(TransferTest, RefusesWhatNoExportHolds)
+{
+    using Entries = std::vector<std::pair<std::string, std::string>>;
+    const std::string id(32, 'a');
+    const auto application = [](const std::string &days, const std::string &bytes) {
+        return R"({"bundle_id":"b","os":"","platform":"","archived":false,"max_age_days":)" + days
+            + R"(,"max_bytes":)" + bytes + "}\n";
+    };
+    const auto about = [](const std::string &received, const std::string &fileId, const std::string &hash) {
+        return R"({"id":1,"received":)" + received + R"(,"bundle_id":"b","screenshot":{"id":")" + fileId
+            + R"(","name":"n","size":1,"content_type":"","lost":true,"sha256":")" + hash
+            + "\"},\"files\":[]}";
+    };
+    const std::string hash(64, '0');
+    const std::vector<std::pair<Entries, std::string>> cases = {
+        {{{"files/../../evil", "x"}}, "id is wrong"},
+        {{{"/etc/passwd", "x"}}, "unknown entry"},
+        {{{"applications.jsonl", application("-1", "null")}}, "max_age_days"},
+        {{{"applications.jsonl", application("null", "9000000000000000000")}}, "max_bytes"},
+        {{{"reports/1/report.json", "{}"}, {"reports/1/about.json", about("-1", id, hash)}}, "received"},
+        {{{"reports/1/report.json", "{}"}, {"reports/1/about.json", about("1", "../x", hash)}},
+         "id is wrong"},
+        {{{"reports/1/report.json", "{}"}, {"reports/1/about.json", about("1", id, "0")}}, "id is wrong"},
+        {{{"reports/1/report.json", "[]"}, {"reports/1/about.json", about("1", id, hash)}}, "JSON object"},
+        {{{"end.json", R"({"reports":1})"}}, "does not hold the reports"},
+        {{{"end.json", R"({"reports":0})"}, {"files/" + id, "x"}}, "does not hold the reports"},
+    };
+    DataFolder target(place, Access::Serve);
+    const auto expectComplaint = [&](const std::string &why) {
+        try {
+            importFrom(file, target);
+            ADD_FAILURE() << "took what is wrong: " << why;
+        } catch (const std::runtime_error &error) {
+            EXPECT_THAT(error.what(), testing::AllOf(HasSubstr(file), HasSubstr(why)));
+        }
+    };
+    const std::string manifest = R"({"format":1})";
+    for (const auto &[entries, why] : cases) {
+        TarWriter tar(file);
+        tar.add("manifest.json", manifest, 0);
+        for (const auto &[name, content] : entries)
+            tar.add(name, content, 0);
+        tar.finish();
+        expectComplaint(why);
+    }
+    writeFile(folder.path() / "manifest.json", manifest);
+    std::filesystem::create_directory(folder.path() / "files");
+    const std::string files = "files/" + id;
+    writeFile(folder.path() / files, "");
+    std::filesystem::resize_file(folder.path() / files, 1U << 30);
+    const std::vector<std::pair<std::string, std::string>> odd = {{files, "holes"}, {"files", "no file"}};
+    for (const auto &[name, why] : odd) {
+        EXPECT_EQ(Program({"tar", "-Scf", file, "-C", folder.path(), "manifest.json", name}).wait(), 0);
+        expectComplaint(why);
+    }
+    EXPECT_EQ(target.reports().page({}).total, 0);
+    EXPECT_FALSE(target.reports().file(id));
+}
+
+TEST(TarWriterTest, TwoWriteToOneName)
+{
+    const TemporaryFolder folder;
+    const std::string file = folder.path() / "file.tar";
+    TarWriter one(file);
+    TarWriter other(file);
+    one.add("one", std::string(100000, '1'), 0);
+    other.add("other", std::string(100000, '2'), 0);
+    one.finish();
+    other.finish();
+    TarReader reader(file);
+    EXPECT_EQ(reader.next(), "other");
+    EXPECT_EQ(reader.readAll(100000), std::string(100000, '2'));
+    EXPECT_EQ(reader.next(), "");
 }
 
 } // namespace

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Storage/ReportStore.h"
+
+#include <Poco/JSON/Object.h>
+
+namespace wexel::receiver {
+
+/// Reads "max_age_days" and "max_bytes", each null or a number within its bounds. Throws an HttpError (400) that names what
+/// is wrong.
+Retention readRetention(const Poco::JSON::Object &object);
+
+} // namespace wexel::receiver
