@@ -1,5 +1,6 @@
 #include "Storage/Migrations.h"
 
+#include "Secrets.h"
 #include "Storage/ReportListing.h"
 #include "Storage/StorageError.h"
 
@@ -83,6 +84,13 @@ const std::vector<Step> &steps()
             R"(CREATE TABLE client_bundles (client_id TEXT NOT NULL REFERENCES clients, bundle_id TEXT
                 NOT NULL, PRIMARY KEY (client_id, bundle_id)) WITHOUT ROWID)",
         }},
+        {{
+             // Tells this database from others that may have used the same folder of files.
+             "CREATE TABLE inbox (id TEXT PRIMARY KEY)",
+             "CREATE INDEX tokens_expires ON tokens (expires)",
+             "CREATE INDEX tokens_client ON tokens (client)",
+         },
+         [](Session &session) { session << "INSERT INTO inbox (id) VALUES ($1)", bind(randomId()), now; }},
     };
     return all;
 }

@@ -29,7 +29,7 @@ public:
     std::vector<ApplicationOverview> applications() override;
     bool setRetention(const std::string &bundleId, const Retention &retention) override;
     bool removeReport(std::int64_t id) override;
-    std::vector<ExpiredReport> reportsBeyondRetention(std::int64_t now) override;
+    std::vector<ExpiredReport> reportsBeyondRetention(std::int64_t now, std::size_t most) override;
 
 private:
     void removeBytes(const std::vector<std::string> &locations);

@@ -5,7 +5,6 @@
 
 #include <Poco/Data/SQLite/Connector.h>
 #include <Poco/Data/SQLite/SQLiteException.h>
-#include <Poco/Timestamp.h>
 #include <Poco/URI.h>
 
 #include <optional>
@@ -103,11 +102,6 @@ void SqliteDatabase::readSnapshot(const Work &work)
         session << "BEGIN", now;
         work(session);
     });
-}
-
-std::int64_t currentMilliseconds()
-{
-    return Poco::Timestamp().epochMicroseconds() / 1000;
 }
 
 } // namespace wexel::receiver

@@ -87,6 +87,35 @@ TEST_P(StorageTest, SweepsWhatNobodyNeeds)
     EXPECT_EQ(bytesOf(storage, abandoned), std::nullopt);
 }
 
+TEST_P(StorageTest, SweepsNoFilesOfAnotherInbox)
+{
+    if (GetParam() == Keeping::PostgreSql)
+        GTEST_SKIP() << "there the files are in the inbox's own database";
+    const auto list = (place.database.empty() ? place.data : place.files) / "files" / "inboxes";
+    const auto useNewDatabase = [&] {
+        if (place.database.empty())
+            std::filesystem::remove(place.data / "receiver.sqlite");
+        else
+            place.database = PostgresServer::instance().newDatabase();
+    };
+    const StoredFile earlier = addFile(*std::make_unique<DataFolder>(place, Access::Serve), "earlier");
+    const auto earlierAfterSweep = [&] {
+        DataFolder storage(place, Access::Serve);
+        addFile(storage, "own");
+        Maintenance(storage.files(), storage.reports()).sweep(0, currentMilliseconds() + hour);
+        return bytesOf(storage, earlier);
+    };
+    useNewDatabase();
+    EXPECT_EQ(earlierAfterSweep(), "earlier");
+    useNewDatabase();
+    std::filesystem::remove(list);
+    EXPECT_EQ(earlierAfterSweep(), "earlier") << "nobody knows whose it is";
+    const std::string unknownAndOwn = readFile(list);
+    EXPECT_EQ(unknownAndOwn.find("unknown\n"), 0U);
+    writeFile(list, unknownAndOwn.substr(unknownAndOwn.find('\n') + 1));
+    EXPECT_EQ(earlierAfterSweep(), std::nullopt);
+}
+
 TEST_P(StorageTest, TakesAReportOnce)
 {
     DataFolder storage(place, Access::Serve);
@@ -183,6 +212,19 @@ TEST_P(StorageTest, KeepsNoMoreThanTheRetention)
     EXPECT_TRUE(reports.setRetention("aged", {}));
     Maintenance(storage.files(), reports).applyRetention(now + 1000 * day);
     EXPECT_EQ(reports.page({}).total, 4);
+}
+
+TEST_P(StorageTest, StopsRemovingWhenTheRetentionIsLifted)
+{
+    DataFolder storage(place, Access::Serve);
+    Maintenance maintenance(storage.files(), storage.reports());
+    for (int i = 0; i < 101; ++i)
+        addReport(storage, "{\"number\":" + std::to_string(i) + "}");
+    storage.reports().setRetention(bundleId, {1, std::nullopt});
+    EXPECT_TRUE(maintenance.applyRetention(2 * day));
+    storage.reports().setRetention(bundleId, {});
+    EXPECT_FALSE(maintenance.applyRetention(2 * day));
+    EXPECT_EQ(storage.reports().page({}).total, 1);
 }
 
 TEST_P(StorageTest, ListsAndSearches)
