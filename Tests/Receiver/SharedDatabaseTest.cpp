@@ -96,6 +96,31 @@ TEST_F(SharedDatabaseTest, ComesBackAfterLostConnections)
     EXPECT_EQ(one, 2);
 }
 
+TEST_F(SharedDatabaseTest, DoesNotWaitForeverForAStuckDatabase)
+{
+    constexpr std::chrono::milliseconds little(100);
+    constexpr std::chrono::hours much(1);
+    const auto query
+        = [](const std::string &sql) { return [sql](Poco::Data::Session &session) { session << sql, now; }; };
+    PostgresDatabase stuck(address, Database::Mode::Serve, {much, little, much});
+    stuck.write([&](Poco::Data::Session &session) {
+        session << "LOCK TABLE reports", now;
+        EXPECT_THROW(stuck.read(query("SELECT count(*) FROM reports")), StorageError);
+    });
+    PostgresDatabase slow(address, Database::Mode::Serve, {much, much, little});
+    EXPECT_THROW(slow.read(query("SELECT pg_sleep(3600)")), StorageError);
+    // Each holds a session while the next asks for another, until there are none.
+    PostgresDatabase busy(address, Database::Mode::Serve, {little, much, much});
+    int held = 0;
+    const std::function<void(Poco::Data::Session &)> hold = [&](Poco::Data::Session &) {
+        ++held;
+        busy.read(hold);
+    };
+    EXPECT_THROW(busy.read(hold), StorageError);
+    EXPECT_EQ(held, 16);
+    EXPECT_NO_THROW(busy.read(query("SELECT 1")));
+}
+
 TEST_F(SharedDatabaseTest, TriesAgainAfterALostRace)
 {
     PostgresDatabase database(address, Database::Mode::Serve);
