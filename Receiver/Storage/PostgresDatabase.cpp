@@ -116,17 +116,6 @@ void pauseBeforeAttempt(int number)
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds(random)));
 }
 
-void checkServed(Session &session)
-{
-    int count = 0;
-    session << "SELECT count(*) FROM pg_tables WHERE tablename = 'schema_version' AND schemaname = ANY "
-               "(current_schemas(false))",
-        into(count), now;
-    if (count == 0)
-        throw StorageError(StorageError::Kind::Failed, "No wexel-receiver has served this database yet");
-    checkSchema(session, Dialect::PostgreSql);
-}
-
 } // namespace
 
 PostgresDatabase::PostgresDatabase(const std::string &address, Mode mode, DatabasePatience patience)
@@ -138,7 +127,7 @@ PostgresDatabase::PostgresDatabase(const std::string &address, Mode mode, Databa
     , m_isReadOnly(mode == Mode::Read)
 {
     if (mode != Mode::Serve) {
-        PostgresDatabase::read(checkServed);
+        PostgresDatabase::read([](Session &session) { checkSchema(session, Dialect::PostgreSql); });
         return;
     }
     PostgresDatabase::write([](Session &session) {

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <atomic>
+#include <barrier>
 #include <map>
 #include <mutex>
 #include <thread>
@@ -52,7 +53,6 @@ TEST_F(SharedDatabaseTest, KeepsEveryAnsweredReportOnceWhenAReceiverIsKilled)
     std::array<std::thread, 4> senders;
     for (int i = 0; i < 4; ++i)
         senders.at(static_cast<std::size_t>(i)) = std::thread([&, i] { send(i, killed, other, count); });
-    // Two receivers do the same work at once: the schema, the sweep, tokens.
     for (std::size_t done = 0; done < std::size_t(count);) {
         const std::lock_guard lock(mutex);
         done = answered.size();
@@ -73,6 +73,40 @@ TEST_F(SharedDatabaseTest, KeepsEveryAnsweredReportOnceWhenAReceiverIsKilled)
     }
     EXPECT_EQ(stored, answered);
     EXPECT_EQ(other.stop(), 0);
+}
+
+TEST_F(SharedDatabaseTest, IsSetUpByOneOfThoseThatStartAtOnce)
+{
+    const PostgresServer &server = PostgresServer::instance();
+    for (int round = 0; round < 10; ++round) {
+        const std::string database = PostgresServer::instance().newDatabase();
+        std::barrier start(2);
+        const auto open = [&] {
+            start.arrive_and_wait();
+            PostgresDatabase(database, Database::Mode::Serve);
+        };
+        std::thread other(open);
+        open();
+        other.join();
+        // What they did is counted when they are gone. Whoever had been in the other's way would have rolled back.
+        const std::string counted
+            = " FROM pg_stat_database WHERE datname = '" + Poco::URI(database).getPath().substr(1) + '\'';
+        while (server.run("SELECT numbackends" + counted) != "0\n")
+            std::this_thread::yield();
+        EXPECT_EQ(server.run("SELECT xact_rollback" + counted), "0\n");
+    }
+}
+
+TEST_F(SharedDatabaseTest, ServesWithoutTheRightToMakeTables)
+{
+    PostgresDatabase(address, Database::Mode::Serve);
+    const std::string serving
+        = address.substr(0, address.find("user=")) + "user=serving&" + address.substr(address.find("host="));
+    PostgresDatabase(address, Database::Mode::Write).write([](Poco::Data::Session &session) {
+        session << "CREATE ROLE serving LOGIN", now;
+        session << "GRANT ALL ON ALL TABLES IN SCHEMA public TO serving", now;
+    });
+    EXPECT_NO_THROW(PostgresDatabase(serving, Database::Mode::Serve));
 }
 
 TEST_F(SharedDatabaseTest, ComesBackAfterLostConnections)
