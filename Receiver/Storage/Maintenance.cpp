@@ -51,16 +51,14 @@ bool Maintenance::applyRetention(std::int64_t now)
     bool mayHaveMore = false;
     guarded([&] {
         const std::vector<ExpiredReport> expired = m_reports.reportsBeyondRetention(now, expiredAtOnce);
-        for (const ExpiredReport &report : expired) {
-            if (!m_reports.removeReport(report.id))
-                continue; // another receiver was faster
+        m_reports.removeExpired(expired, [&](const ExpiredReport &report) {
             Metrics::instance().count(Metrics::Event::ReportDeleted);
             logEvent("report_expired",
                      {{"id", std::to_string(report.id)},
                       {"bundle_id", report.bundleId},
                       {"age_days", std::to_string((now - report.received) / day)},
                       {"bytes", std::to_string(report.bytes)}});
-        }
+        });
         mayHaveMore = expired.size() == expiredAtOnce;
     });
     return mayHaveMore;

@@ -73,11 +73,28 @@ std::vector<std::string> knownLocations(Session &session, const std::vector<std:
 
 bool SqlReportStore::removeReport(std::int64_t id)
 {
+    const bool wasThere = removeWithBytes(id);
+    m_database.discardDeleted();
+    return wasThere;
+}
+
+void SqlReportStore::removeExpired(const std::vector<ExpiredReport> &reports,
+                                   const std::function<void(const ExpiredReport &)> &removed)
+{
+    for (const ExpiredReport &report : reports) {
+        if (removeWithBytes(report.id))
+            removed(report);
+    }
+    m_database.discardDeleted();
+}
+
+bool SqlReportStore::removeWithBytes(std::int64_t reportId)
+{
     bool wasThere = false;
     std::vector<std::string> unneeded;
     m_database.write([&](Session &session) {
-        const std::vector<std::string> files = filesNamedBy(session, id);
-        wasThere = deleteReport(session, id);
+        const std::vector<std::string> files = filesNamedBy(session, reportId);
+        wasThere = deleteReport(session, reportId);
         unneeded = removeUnnamedFiles(session, files);
     });
     removeBytes(unneeded);
@@ -104,6 +121,7 @@ std::size_t SqlReportStore::removeUnreportedFiles(std::int64_t before)
         unneeded = removeUnnamedFiles(session, files);
     });
     removeBytes(unneeded);
+    m_database.discardDeleted(); // also what was kept from it before
     return files.size();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -167,6 +168,10 @@ public:
     /// The reports that are beyond the retention of their applications at \a now (milliseconds since 1970), the \a most that
     /// came first.
     virtual std::vector<ExpiredReport> reportsBeyondRetention(std::int64_t now, std::size_t most) = 0;
+    /// Removes those of \a reports that are still there, and calls \a removed after each.
+    virtual void removeExpired(const std::vector<ExpiredReport> &reports,
+                               const std::function<void(const ExpiredReport &)> &removed)
+        = 0;
 };
 
 } // namespace wexel::receiver

@@ -50,6 +50,8 @@ Session open(const std::filesystem::path &file, Database::Mode mode)
         // Only FULL syncs the log at every commit, which a power cut asks for.
         *session << "PRAGMA synchronous = FULL", now;
         *session << "PRAGMA foreign_keys = ON", now;
+        // What is deleted is overwritten.
+        *session << "PRAGMA secure_delete = ON", now;
     });
     return *session;
 }
@@ -87,6 +89,17 @@ void SqliteDatabase::write(const Work &work)
 {
     const std::lock_guard lock(m_writing);
     translated([&] { transact(m_writer, work); });
+}
+
+void SqliteDatabase::discardDeleted()
+{
+    const std::scoped_lock lock(m_writing, m_reading);
+    translated([&] {
+        Session session = open(m_file, Mode::Write);
+        // An export is not waited for: the next time does what this one can't.
+        session << "PRAGMA busy_timeout = 0", now;
+        session << "PRAGMA wal_checkpoint(TRUNCATE)", now;
+    });
 }
 
 void SqliteDatabase::read(const Work &work)

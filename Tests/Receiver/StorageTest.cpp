@@ -128,13 +128,15 @@ TEST_P(StorageTest, TakesAReportOnce)
     };
     const auto shot = [&] { return addFile(storage, "shot"); };
     const StoredFile first = shot();
-    const std::string text = report(first, {addFile(storage, "a"), addFile(storage, "b")}, "\"x\":1");
+    const std::string facts = R"("x":{"1":1,"2":3},"y":[1,2])";
+    const std::string text = report(first, {addFile(storage, "a"), addFile(storage, "b")}, facts);
     const AddedReport added = addReport(storage, text);
     EXPECT_TRUE(added.isNew);
 
     // The files were uploaded again, and the uploads ended in another order.
     const StoredFile second = shot();
-    const std::string repeated = report(second, {addFile(storage, "b"), addFile(storage, "a")}, " \"x\" : 1");
+    const std::string repeated = report(second, {addFile(storage, "b"), addFile(storage, "a")},
+                                        "\"y\":[1,2],\n \"x\" : {\"2\":3, \"1\":1}");
     const AddedReport again = addReport(storage, repeated);
     EXPECT_EQ(again.id, added.id);
     EXPECT_FALSE(again.isNew);
@@ -144,21 +146,24 @@ TEST_P(StorageTest, TakesAReportOnce)
     EXPECT_EQ(bytesOf(storage, first), "shot") << "a repeat took the report's own files";
 
     EXPECT_TRUE(addReport(storage, text, "org.example.other").isNew);
+    for (const std::string other : {R"("x":{"1":3,"2":1},"y":[1,2])", R"("x":{"1":1,"2":3},"y":[2,1])",
+                                    R"("x":{"1":1},"2":3,"y":[1,2])", R"("x":{"1":1,"2":3,"y":[1,2]})"})
+        EXPECT_TRUE(
+            addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "b")}, other)).isNew)
+            << other;
     EXPECT_TRUE(
-        addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "b")}, "\"x\":2")).isNew);
+        addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "a")}, facts)).isNew);
     EXPECT_TRUE(
-        addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "a")}, "\"x\":1")).isNew);
-    EXPECT_TRUE(addReport(storage,
-                          report(addFile(storage, "other"), {addFile(storage, "a"), addFile(storage, "b")},
-                                 "\"x\":1"))
-                    .isNew);
+        addReport(storage,
+                  report(addFile(storage, "other"), {addFile(storage, "a"), addFile(storage, "b")}, facts))
+            .isNew);
 
     // What was removed does not come back, neither by the same text nor by new uploads.
     EXPECT_TRUE(storage.reports().removeReport(added.id));
     EXPECT_FALSE(addReport(storage, text).isNew);
     EXPECT_FALSE(addReport(storage, repeated).isNew);
     EXPECT_FALSE(
-        addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "b")}, "\"x\":1")).isNew);
+        addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "b")}, facts)).isNew);
     EXPECT_FALSE(storage.reports().report(added.id));
 }
 
@@ -304,6 +309,36 @@ TEST_F(FolderTest, ReadsBesideAWriterAndWithoutWriting)
         EXPECT_EQ(table.code, 0);
         EXPECT_THAT(table.output, testing::HasSubstr(bundleId));
     });
+}
+
+TEST_F(FolderTest, LeavesNothingOfARemovedReport)
+{
+    DataFolder storage({data}, Access::Serve);
+    const std::string word = "unforgettable";
+    const auto filesWithIt = [&] {
+        std::vector<std::string> names;
+        for (const auto &entry : std::filesystem::recursive_directory_iterator(data)) {
+            if (entry.is_regular_file() && readFile(entry.path()).find(word) != std::string::npos)
+                names.push_back(entry.path().filename());
+        }
+        return names;
+    };
+    const auto add = [&](const std::string &text) {
+        return storage.reports().addReport(newReport(bundleId, R"({"description":")" + text + "\"}", 0))->id;
+    };
+    add("before");
+    const std::int64_t id = add(word);
+    add("after");
+    EXPECT_FALSE(filesWithIt().empty());
+    storage.database().readSnapshot([&](Poco::Data::Session &session) {
+        std::string json;
+        session << "SELECT max(json) FROM report_documents", Poco::Data::Keywords::into(json),
+            Poco::Data::Keywords::now;
+        EXPECT_TRUE(storage.reports().removeReport(id));
+        EXPECT_FALSE(filesWithIt().empty()) << "an export still reads it";
+    });
+    storage.reports().removeUnreportedFiles(0);
+    EXPECT_THAT(filesWithIt(), ElementsAre());
 }
 
 TEST_F(FolderTest, ExplainsLostBytes)
