@@ -27,7 +27,7 @@ public:
 
     ReportDocument take()
     {
-        m_document.digest = m_digest.hex();
+        m_document.digest = m_digest.take();
         return std::move(m_document);
     }
 

@@ -1,5 +1,6 @@
 #include "Storage/SqliteDatabase.h"
 
+#include "Log.h"
 #include "Storage/Migrations.h"
 #include "Storage/StorageError.h"
 
@@ -94,12 +95,14 @@ void SqliteDatabase::write(const Work &work)
 void SqliteDatabase::discardDeleted()
 {
     const std::scoped_lock lock(m_writing, m_reading);
-    translated([&] {
+    try {
         Session session = open(m_file, Mode::Write);
         // An export is not waited for: the next time does what this one can't.
         session << "PRAGMA busy_timeout = 0", now;
         session << "PRAGMA wal_checkpoint(TRUNCATE)", now;
-    });
+    } catch (const std::exception &error) {
+        logEvent("storage_failed", {{"error", error.what()}});
+    }
 }
 
 void SqliteDatabase::read(const Work &work)
