@@ -177,7 +177,7 @@ TEST_F(SharedDatabaseTest, TriesAgainAfterALostRace)
     std::thread other([&] { insert("b", "a"); });
     insert("a", "b");
     other.join();
-    EXPECT_EQ(attempts, 3);
+    EXPECT_GE(attempts, 3);
     std::vector<std::string> systems;
     database.read(
         [&](Poco::Data::Session &session) { session << "SELECT os FROM applications", into(systems), now; });
