@@ -4,6 +4,7 @@
 //                                         0 asks a database that was filled before
 
 #include "Access/SessionStore.h"
+#include "Secrets.h"
 #include "Server.h"
 #include "Storage/ReportListing.h"
 
@@ -39,6 +40,18 @@ ReportFacts factsOf(int number)
             "3." + std::to_string(number % 25)};
 }
 
+/// The rows alone: the list reads no bytes.
+void addFile(Poco::Data::Session &session, std::int64_t report, int position, const std::string &name,
+             int size)
+{
+    const std::string id = randomId();
+    session << "INSERT INTO files (id, sha256, name, content_type, size, received, location) "
+               "VALUES ($1, $2, $3, '', $4, $5, $6)",
+        bind(id), bind(sha256(id)), bind(name), bind(size), bind(currentMilliseconds()), bind(id), now;
+    session << "INSERT INTO report_files (report_id, position, file_id) VALUES ($1, $2, $3)", bind(report),
+        bind(position), bind(id), now;
+}
+
 void addReport(Poco::Data::Session &session, int number)
 {
     const std::string bundleId = "org.example.app" + std::to_string(number % applications);
@@ -47,6 +60,8 @@ void addReport(Poco::Data::Session &session, int number)
     session << "INSERT INTO reports (received, bundle_id) VALUES ($1, $2) RETURNING id",
         bind(currentMilliseconds() - std::int64_t(1000) * number), bind(bundleId), into(id), now;
     session << "INSERT INTO report_documents (report_id, json) VALUES ($1, $2)", bind(id), bind(json), now;
+    addFile(session, id, 0, "screenshot.png", 300000 + number);
+    addFile(session, id, 1, "attachment.log", 20000 + number);
     describe(session, id, bundleId, factsOf(number), json.size());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Storage/Database.h"
+#include "Storage/FileStore.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -9,13 +10,13 @@
 
 namespace wexel::receiver {
 
-/// Tells whether the database can be written to at once. One thread asks it for everybody, so that a database that hangs
-/// holds no more than that. Every thread may use it.
+/// Tells whether database and files can be written to at once. One thread asks them for everybody, so that a database that
+/// hangs holds no more than that. Every thread may use it.
 class HealthProbe
 {
 public:
-    /// \a database must outlive it.
-    explicit HealthProbe(Database &database);
+    /// Both must outlive it.
+    HealthProbe(Database &database, FileStore &files);
     ~HealthProbe();
     HealthProbe(const HealthProbe &) = delete;
     HealthProbe &operator=(const HealthProbe &) = delete;
@@ -28,6 +29,7 @@ private:
     bool succeeds();
 
     Database &m_database;
+    FileStore &m_files;
     std::mutex m_mutex; ///< guards all below but the thread
     std::condition_variable m_changed;
     std::uint64_t m_asked = 0; ///< number of the last round trip that somebody waits for

@@ -1,9 +1,9 @@
 #include "ReportDocument.h"
 
 #include "Http/HttpError.h"
+#include "JsonDigest.h"
 #include "Text.h"
 
-#include <Poco/Crypto/DigestEngine.h>
 #include <Poco/JSON/Handler.h>
 #include <Poco/JSON/JSONException.h>
 #include <Poco/JSON/Parser.h>
@@ -27,7 +27,7 @@ public:
 
     ReportDocument take()
     {
-        m_document.digest = Poco::DigestEngine::digestToHex(m_digest.digest());
+        m_document.digest = m_digest.take();
         return std::move(m_document);
     }
 
@@ -35,15 +35,20 @@ public:
     void startObject() override
     {
         isObject = isObject || m_depth == 0;
-        enter('{');
+        ++m_depth;
+        m_digest.openObject();
     }
-    void endObject() override { leave('}'); }
-    void startArray() override { enter('['); }
-    void endArray() override { leave(']'); }
+    void endObject() override { leave(); }
+    void startArray() override
+    {
+        ++m_depth;
+        m_digest.openArray();
+    }
+    void endArray() override { leave(); }
     void key(const std::string &key) override
     {
         (m_depth == 1 ? m_outerKey : m_innerKey) = key;
-        add('k', key);
+        m_digest.key(key);
     }
     void value(const std::string &text) override
     {
@@ -54,40 +59,29 @@ public:
         else
             addText(text);
     }
-    void null() override { add('0', {}); }
-    void value(int number) override { add('n', std::to_string(number)); }
-    void value(unsigned number) override { add('n', std::to_string(number)); }
-    void value(Poco::Int64 number) override { add('n', std::to_string(number)); }
-    void value(Poco::UInt64 number) override { add('n', std::to_string(number)); }
+    void null() override { m_digest.value('0', {}); }
+    void value(int number) override { m_digest.value('n', std::to_string(number)); }
+    void value(unsigned number) override { m_digest.value('n', std::to_string(number)); }
+    void value(Poco::Int64 number) override { m_digest.value('n', std::to_string(number)); }
+    void value(Poco::UInt64 number) override { m_digest.value('n', std::to_string(number)); }
     void value(double number) override
     {
-        add('d', std::string(reinterpret_cast<const char *>(&number), sizeof number));
+        m_digest.value('d', {reinterpret_cast<const char *>(&number), sizeof number});
     }
-    void value(bool truth) override { add('b', truth ? "1" : "0"); }
+    void value(bool truth) override { m_digest.value('b', truth ? "1" : "0"); }
 
 private:
-    void enter(char bracket)
-    {
-        ++m_depth;
-        add(bracket, {});
-    }
-    void leave(char bracket)
+    void leave()
     {
         --m_depth;
-        add(bracket, {});
+        m_digest.close();
     }
     void addText(const std::string &text)
     {
-        add('s', text);
+        m_digest.value('s', text);
         const auto fact = facts.find(m_depth == 1 ? m_outerKey : std::string());
         if (fact != facts.end())
             m_document.facts.*fact->second = text;
-    }
-    /// With the length, no two documents have one sequence of bytes.
-    void add(char kind, const std::string &text)
-    {
-        m_digest.update(kind + std::to_string(text.size()) + ':');
-        m_digest.update(text);
     }
 
     static inline const std::map<std::string, std::string ReportFacts::*> facts
@@ -98,7 +92,7 @@ private:
            {"app_version", &ReportFacts::appVersion}};
 
     ReportDocument m_document;
-    Poco::Crypto::DigestEngine m_digest{"SHA256"};
+    JsonDigest m_digest;
     int m_depth = 0;
     std::string m_outerKey;
     std::string m_innerKey;

@@ -12,7 +12,7 @@ struct ReportDocument {
     std::string screenshotUrl; ///< under "screenshot_url"
     std::vector<std::string> fileUrls; ///< under "files", each entry's "url"
     ReportFacts facts;
-    std::string digest; ///< of everything but the addresses above; the same however the JSON is laid out
+    std::string digest; ///< of everything but the addresses above, see JsonDigest
 };
 
 /// Checks that \a json is one JSON object and picks the above out of it, without building the whole in memory. Throws

@@ -110,7 +110,7 @@ struct Server::Parts {
         : socket(openSocket(options))
         , url((options.usesTls() ? "https://" : "http://") + socket.address().toString() + '/')
         , access(options, data.database(), data.tokens())
-        , probe(data.database())
+        , probe(data.database(), data.files())
         , router(routesFor(options, data, access, probe, options.publicUrl.empty() ? url : options.publicUrl))
         , service{router,
                   watchdog,

@@ -2,7 +2,6 @@
 
 #include "Storage/DatabaseFileStore.h"
 #include "Storage/FolderFileStore.h"
-#include "Storage/Folders.h"
 #include "Storage/PostgresDatabase.h"
 #include "Storage/SqliteDatabase.h"
 #include "Storage/StorageError.h"
@@ -13,7 +12,6 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
 
 namespace wexel::receiver {
 
@@ -41,30 +39,29 @@ void create(const fs::path &folder)
 }
 
 /// The lock goes with the process, however it ends.
-int lock(const fs::path &folder)
+Descriptor lock(const fs::path &folder)
 {
     const fs::path file = folder / "lock";
-    const int descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (descriptor < 0)
+    Descriptor descriptor(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    if (!descriptor.isOpen())
         refuse(folder, std::generic_category().message(errno));
-    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
-        return descriptor;
-    ::close(descriptor);
-    refuse(folder, "another wexel-receiver serves it");
+    if (::flock(descriptor.number(), LOCK_EX | LOCK_NB) != 0)
+        refuse(folder, "another wexel-receiver serves it");
+    return descriptor;
 }
 
-int prepare(const fs::path &folder, DataFolder::Access access)
+Descriptor prepare(const fs::path &folder, DataFolder::Access access)
 {
     if (folder.empty())
-        return -1;
+        return Descriptor();
     if (access == DataFolder::Access::Serve || access == DataFolder::Access::Fill) {
         create(folder);
-        return access == DataFolder::Access::Serve ? lock(folder) : -1;
+        return access == DataFolder::Access::Serve ? lock(folder) : Descriptor();
     }
     std::error_code error;
     if (!fs::exists(folder / databaseName, error))
         refuse(folder, "no wexel-receiver has served it yet");
-    return -1;
+    return Descriptor();
 }
 
 std::unique_ptr<Database> openDatabase(const StoragePlace &place, DataFolder::Access access)
@@ -87,7 +84,7 @@ std::unique_ptr<FileStore> openFiles(const StoragePlace &place, Database &databa
     if (access == DataFolder::Access::Serve || access == DataFolder::Access::Fill) {
         if (!place.files.empty())
             create(place.files);
-        files->prepare();
+        files->prepare(database);
     }
     return files;
 }
@@ -101,12 +98,6 @@ DataFolder::DataFolder(const StoragePlace &place, Access access)
     , m_reports(*m_database, *m_files)
     , m_tokens(*m_database)
 {
-}
-
-DataFolder::~DataFolder()
-{
-    if (m_lock >= 0)
-        ::close(m_lock);
 }
 
 } // namespace wexel::receiver

@@ -2,6 +2,7 @@
 
 #include "Storage/Database.h"
 #include "Storage/FileStore.h"
+#include "Storage/Folders.h"
 #include "Storage/SqlReportStore.h"
 #include "Storage/StoragePlace.h"
 #include "Storage/TokenStore.h"
@@ -23,9 +24,6 @@ public:
 
     /// Throws StorageError with a text for the user, or UsageError.
     DataFolder(const StoragePlace &place, Access access);
-    ~DataFolder();
-    DataFolder(const DataFolder &) = delete;
-    DataFolder &operator=(const DataFolder &) = delete;
 
     FileStore &files() { return *m_files; }
     ReportStore &reports() { return m_reports; }
@@ -33,7 +31,7 @@ public:
     TokenStore &tokens() { return m_tokens; }
 
 private:
-    int m_lock; ///< the descriptor that holds the folder's lock, or -1; first, as nothing may be touched without it
+    Descriptor m_lock; ///< of the folder; first, as nothing may be touched without it
     std::unique_ptr<Database> m_database;
     std::unique_ptr<FileStore> m_files;
     SqlReportStore m_reports;

@@ -26,6 +26,10 @@ public:
     /// write at once, \a work may be run again from its beginning.
     virtual void write(const Work &work) = 0;
 
+    /// To be called after what is to be gone for good was deleted: has it leave the disk, as far as that is up to us and as
+    /// nobody in another process still reads it. Failures are logged.
+    virtual void discardDeleted() { }
+
     /// Runs \a work, which must only read.
     virtual void read(const Work &work) = 0;
 

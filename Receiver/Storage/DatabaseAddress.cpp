@@ -35,7 +35,12 @@ std::string quoted(const std::string &value)
 
 std::map<std::string, std::string> valuesOf(const Poco::URI &uri)
 {
-    std::map<std::string, std::string> values = {{"connect_timeout", "10"}};
+    // A server that is gone without a word is noticed within some ten seconds, not when TCP gives up.
+    std::map<std::string, std::string> values = {{"connect_timeout", "10"},
+                                                 {"tcp_user_timeout", "10000"},
+                                                 {"keepalives_idle", "5"},
+                                                 {"keepalives_interval", "2"},
+                                                 {"keepalives_count", "3"}};
     const std::string &user = uri.getUserInfo();
     const std::size_t colon = user.find(':');
     values["user"] = percentDecoded(user.substr(0, colon));

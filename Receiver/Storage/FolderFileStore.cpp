@@ -1,5 +1,6 @@
 #include "Storage/FolderFileStore.h"
 
+#include "Log.h"
 #include "Secrets.h"
 #include "Storage/Folders.h"
 
@@ -86,10 +87,11 @@ FolderFileStore::FolderFileStore(const fs::path &folder)
     : m_folder(folder)
     , m_files(folder / "files")
     , m_incoming(folder / "incoming")
+    , m_marks(m_files)
 {
 }
 
-void FolderFileStore::prepare() const
+void FolderFileStore::prepare(Database &database)
 {
     makeFolder(m_files);
     makeFolder(m_incoming);
@@ -101,6 +103,7 @@ void FolderFileStore::prepare() const
     }
     syncFolder(m_files);
     syncFolder(m_folder);
+    m_marks.add(database);
 }
 
 std::unique_ptr<IncomingFile> FolderFileStore::receive(const std::string &location)
@@ -128,6 +131,10 @@ std::size_t FolderFileStore::sweep(std::int64_t before, const UnknownAmong &unkn
 {
     for (const fs::path &file : olderFiles(m_incoming, before))
         fs::remove(file);
+    if (!m_marks.isAlone()) {
+        logEvent("sweep_refused", {{"other_inboxes_in", m_marks.list().string()}});
+        return 0;
+    }
     std::size_t count = 0;
     for (const fs::directory_entry &folder : fs::directory_iterator(m_files)) {
         std::vector<std::string> locations;

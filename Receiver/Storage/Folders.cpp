@@ -10,6 +10,12 @@
 
 namespace wexel::receiver {
 
+Descriptor::~Descriptor()
+{
+    if (isOpen())
+        ::close(m_number);
+}
+
 void failStorage(const std::string &what, int code)
 {
     const bool full = code == ENOSPC || code == EDQUOT || code == EFBIG;
@@ -25,13 +31,9 @@ void makeFolder(const std::filesystem::path &folder)
 
 void syncFolder(const std::filesystem::path &folder)
 {
-    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    const bool synced = descriptor >= 0 && ::fsync(descriptor) == 0;
-    const int code = errno;
-    if (descriptor >= 0)
-        ::close(descriptor);
-    if (!synced)
-        failStorage("Can't sync the folder " + folder.string(), code);
+    const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!descriptor.isOpen() || ::fsync(descriptor.number()) != 0)
+        failStorage("Can't sync the folder " + folder.string(), errno);
 }
 
 } // namespace wexel::receiver

@@ -2,8 +2,25 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 
 namespace wexel::receiver {
+
+/// An open file, which is closed at the end; or none.
+class Descriptor
+{
+public:
+    explicit Descriptor(int number = -1) : m_number(number) { }
+    Descriptor(Descriptor &&other) noexcept : m_number(std::exchange(other.m_number, -1)) { }
+    Descriptor &operator=(Descriptor &&) = delete;
+    ~Descriptor();
+
+    bool isOpen() const { return m_number >= 0; }
+    int number() const { return m_number; }
+
+private:
+    int m_number;
+};
 
 /// Throws the StorageError for the system's error \a code.
 [[noreturn]] void failStorage(const std::string &what, int code);

@@ -21,6 +21,8 @@ constexpr std::int64_t unreportedFileAge = 7 * day;
 /// Longer than an upload may take.
 constexpr std::int64_t sweepGrace = 2 * hour;
 
+constexpr std::size_t expiredAtOnce = 100;
+
 void guarded(const std::function<void()> &work)
 {
     try {
@@ -44,20 +46,22 @@ void Maintenance::sweep(std::int64_t now, std::int64_t bytesBefore)
     });
 }
 
-void Maintenance::applyRetention(std::int64_t now)
+bool Maintenance::applyRetention(std::int64_t now)
 {
+    bool mayHaveMore = false;
     guarded([&] {
-        for (const ExpiredReport &report : m_reports.reportsBeyondRetention(now)) {
-            if (!m_reports.removeReport(report.id))
-                continue; // another receiver was faster
+        const std::vector<ExpiredReport> expired = m_reports.reportsBeyondRetention(now, expiredAtOnce);
+        m_reports.removeExpired(expired, [&](const ExpiredReport &report) {
             Metrics::instance().count(Metrics::Event::ReportDeleted);
             logEvent("report_expired",
                      {{"id", std::to_string(report.id)},
                       {"bundle_id", report.bundleId},
                       {"age_days", std::to_string((now - report.received) / day)},
                       {"bytes", std::to_string(report.bytes)}});
-        }
+        });
+        mayHaveMore = expired.size() == expiredAtOnce;
     });
+    return mayHaveMore;
 }
 
 HourlyMaintenance::HourlyMaintenance(Maintenance maintenance)
@@ -76,6 +80,12 @@ HourlyMaintenance::~HourlyMaintenance()
     m_thread.join();
 }
 
+bool HourlyMaintenance::isEnding()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_isEnding;
+}
+
 void HourlyMaintenance::run()
 {
     std::unique_lock lock(m_mutex);
@@ -83,7 +93,7 @@ void HourlyMaintenance::run()
         lock.unlock();
         const std::int64_t now = currentMilliseconds();
         m_maintenance.sweep(now, now - sweepGrace);
-        m_maintenance.applyRetention(now);
+        while (!isEnding() && m_maintenance.applyRetention(now)) { }
         lock.lock();
     } while (!m_changed.wait_for(lock, std::chrono::milliseconds(hour), [this] { return m_isEnding; }));
 }

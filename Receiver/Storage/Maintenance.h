@@ -19,8 +19,9 @@ public:
     /// the file of later ones may be about to be known. Times are in milliseconds since 1970.
     void sweep(std::int64_t now, std::int64_t bytesBefore);
 
-    /// Removes the reports that their applications' retention does not keep, and logs each.
-    void applyRetention(std::int64_t now);
+    /// Removes some of the reports that their applications' retention does not keep, and logs each. False if these were all;
+    /// the retention may have changed until the next call.
+    bool applyRetention(std::int64_t now);
 
 private:
     FileStore &m_files;
@@ -38,6 +39,7 @@ public:
 
 private:
     void run();
+    bool isEnding();
 
     Maintenance m_maintenance;
     std::mutex m_mutex;

@@ -1,5 +1,6 @@
 #include "Storage/Migrations.h"
 
+#include "Secrets.h"
 #include "Storage/ReportListing.h"
 #include "Storage/StorageError.h"
 
@@ -83,6 +84,13 @@ const std::vector<Step> &steps()
             R"(CREATE TABLE client_bundles (client_id TEXT NOT NULL REFERENCES clients, bundle_id TEXT
                 NOT NULL, PRIMARY KEY (client_id, bundle_id)) WITHOUT ROWID)",
         }},
+        {{
+             // Tells this database from others that may have used the same folder of files.
+             "CREATE TABLE inbox (id TEXT PRIMARY KEY)",
+             "CREATE INDEX tokens_expires ON tokens (expires)",
+             "CREATE INDEX tokens_client ON tokens (client)",
+         },
+         [](Session &session) { session << "INSERT INTO inbox (id) VALUES ($1)", bind(randomId()), now; }},
     };
     return all;
 }
@@ -99,14 +107,26 @@ std::string translated(std::string statement, Dialect dialect)
     return statement;
 }
 
-/// The version that is reached. The first versions, all on SQLite, kept it in a place of SQLite's own.
+bool hasVersionTable(Session &session, Dialect dialect)
+{
+    int count = 0;
+    session
+        << (dialect == Dialect::Sqlite
+                ? "SELECT count(*) FROM sqlite_master WHERE name = 'schema_version'"
+                : "SELECT count(*) FROM pg_tables WHERE tablename = 'schema_version' AND schemaname = ANY "
+                  "(current_schemas(false))"),
+        into(count), now;
+    return count != 0;
+}
+
+/// The version that is reached; 0 in a new database. The first versions, all on SQLite, kept it in a place of SQLite's own.
 std::size_t reachedVersion(Session &session, Dialect dialect)
 {
     Poco::Int64 version = 0;
-    if (dialect == Dialect::Sqlite)
-        session << "PRAGMA user_version", into(version), now;
-    if (dialect == Dialect::PostgreSql || version >= 3)
+    if (hasVersionTable(session, dialect))
         session << "SELECT coalesce(max(version), 0) FROM schema_version", into(version), now;
+    else if (dialect == Dialect::Sqlite)
+        session << "PRAGMA user_version", into(version), now;
     if (version > static_cast<Poco::Int64>(steps().size()))
         throw StorageError(StorageError::Kind::Failed, "The reports were written by a newer wexel-receiver");
     return static_cast<std::size_t>(version);
@@ -125,9 +145,11 @@ void setVersion(Session &session, Dialect dialect, std::size_t version)
 
 void migrate(Session &session, Dialect dialect)
 {
-    session << translated("CREATE TABLE IF NOT EXISTS schema_version (version INTEGER NOT NULL)", dialect),
-        now;
-    for (std::size_t version = reachedVersion(session, dialect); version < steps().size(); ++version) {
+    std::size_t version = reachedVersion(session, dialect);
+    // Whoever finds all up to date needs no right to make tables.
+    if (!hasVersionTable(session, dialect))
+        session << translated("CREATE TABLE schema_version (version INTEGER NOT NULL)", dialect), now;
+    for (; version < steps().size(); ++version) {
         const Step &step = steps()[version];
         for (const std::string &statement : step.statements)
             session << translated(statement, dialect), now;
@@ -137,26 +159,17 @@ void migrate(Session &session, Dialect dialect)
     }
 }
 
-bool hasSchema(Session &session, Dialect dialect)
-{
-    int count = 0;
-    session
-        << (dialect == Dialect::Sqlite
-                ? "SELECT count(*) FROM sqlite_master"
-                : "SELECT count(*) FROM pg_tables WHERE tablename = 'schema_version' AND schemaname = ANY "
-                  "(current_schemas(false))"),
-        into(count), now;
-    return count != 0;
-}
-
 void fillSchema(Session &session, Dialect dialect)
 {
-    hasSchema(session, dialect) ? checkSchema(session, dialect) : migrate(session, dialect);
+    reachedVersion(session, dialect) == 0 ? migrate(session, dialect) : checkSchema(session, dialect);
 }
 
 void checkSchema(Session &session, Dialect dialect)
 {
-    if (reachedVersion(session, dialect) < steps().size())
+    const std::size_t version = reachedVersion(session, dialect);
+    if (version == 0)
+        throw StorageError(StorageError::Kind::Failed, "No wexel-receiver has served this database yet");
+    if (version < steps().size())
         throw StorageError(StorageError::Kind::Failed,
                            "The reports were written by an older wexel-receiver; start this one once to "
                            "bring them up to date");

@@ -11,9 +11,6 @@ enum class Dialect { Sqlite, PostgreSql };
 /// other process out of the schema. Throws StorageError if a newer version wrote it.
 void migrate(Poco::Data::Session &session, Dialect dialect);
 
-/// Whether there is a schema, of whatever version.
-bool hasSchema(Poco::Data::Session &session, Dialect dialect);
-
 /// Makes the schema if there is none; else the same as checkSchema(). For the transaction, see migrate().
 void fillSchema(Poco::Data::Session &session, Dialect dialect);
 

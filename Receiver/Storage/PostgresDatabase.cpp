@@ -57,6 +57,14 @@ Session open(const std::string &options)
     return session;
 }
 
+Session openToServe(const std::string &options, const DatabasePatience &patience)
+{
+    Session session = open(options);
+    session << "SET lock_timeout = " + std::to_string(patience.lock.count()), now;
+    session << "SET statement_timeout = " + std::to_string(patience.statement.count()), now;
+    return session;
+}
+
 /// The first words to a session that lay idle tell whether it is still connected.
 void begin(SessionPool::Loan &loan, const std::string &opening)
 {
@@ -108,24 +116,24 @@ void pauseBeforeAttempt(int number)
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds(random)));
 }
 
-void checkServed(Session &session)
-{
-    if (!hasSchema(session, Dialect::PostgreSql))
-        throw StorageError(StorageError::Kind::Failed, "No wexel-receiver has served this database yet");
-    checkSchema(session, Dialect::PostgreSql);
-}
-
 } // namespace
 
-PostgresDatabase::PostgresDatabase(const std::string &address, Mode mode)
-    : m_pool([options = connectionOptions(address)] { return open(options); }, mostSessions)
+PostgresDatabase::PostgresDatabase(const std::string &address, Mode mode, DatabasePatience patience)
+    : m_pool(
+        [=, options = connectionOptions(address)] {
+            return mode == Mode::Serve ? openToServe(options, patience) : open(options);
+        },
+        mostSessions, patience.session)
     , m_isReadOnly(mode == Mode::Read)
 {
     if (mode == Mode::Write || mode == Mode::Read) {
-        PostgresDatabase::read(checkServed);
+        PostgresDatabase::read([](Session &session) { checkSchema(session, Dialect::PostgreSql); });
         return;
     }
-    PostgresDatabase::write([&](Session &session) {
+    PostgresDatabase::write([mode](Session &session) {
+        // Others may be at it, and many reports take their time.
+        session << "SET LOCAL lock_timeout = 0", now;
+        session << "SET LOCAL statement_timeout = 0", now;
         session << "SELECT pg_advisory_xact_lock(" + migrationLock + ")", now;
         mode == Mode::Serve ? migrate(session, Dialect::PostgreSql)
                             : fillSchema(session, Dialect::PostgreSql);

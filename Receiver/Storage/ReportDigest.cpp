@@ -2,6 +2,8 @@
 
 #include "Secrets.h"
 
+#include <Poco/Crypto/DigestEngine.h>
+
 #include <algorithm>
 
 namespace wexel::receiver {
@@ -36,8 +38,16 @@ std::string contentDigest(Session &session, const NewReport &report)
 
 } // namespace
 
-ReportDigest::ReportDigest(Session &session, const NewReport &report)
-    : m_text(sha256("text\n" + report.bundleId + '\n' + report.json))
+std::string ReportDigest::ofText(const NewReport &report)
+{
+    Poco::Crypto::DigestEngine engine("SHA256");
+    engine.update("text\n" + report.bundleId + '\n');
+    engine.update(report.json);
+    return Poco::DigestEngine::digestToHex(engine.digest());
+}
+
+ReportDigest::ReportDigest(Session &session, const NewReport &report, const std::string &ofText)
+    : m_text(ofText)
     , m_content(contentDigest(session, report))
 {
 }

@@ -15,8 +15,11 @@ namespace wexel::receiver {
 class ReportDigest
 {
 public:
+    /// The digest of the report's text, which takes a while for a long one: to be made before the transaction.
+    static std::string ofText(const NewReport &report);
+
     /// To be made while the files that the report names are there, inside the transaction that stores it.
-    ReportDigest(Poco::Data::Session &session, const NewReport &report);
+    ReportDigest(Poco::Data::Session &session, const NewReport &report, const std::string &ofText);
 
     /// The id that the report was given when it was taken first.
     std::optional<std::int64_t> find(Poco::Data::Session &session) const;

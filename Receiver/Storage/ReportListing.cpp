@@ -66,7 +66,7 @@ void describeStored(Session &session, std::int64_t id)
         into(bundleId), into(json), bind(id), now;
     const NewReport report = readLeniently(bundleId, json);
     describe(session, id, bundleId, report.facts, json.size());
-    const ReportDigest digest(session, report);
+    const ReportDigest digest(session, report, ReportDigest::ofText(report));
     if (!digest.find(session))
         digest.insert(session, id);
 }

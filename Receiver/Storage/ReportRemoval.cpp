@@ -28,7 +28,7 @@ bool deleteReport(Session &session, std::int64_t id)
 }
 
 /// The reports that are too old, or too many behind the newest ones, for their applications.
-std::vector<ExpiredReport> expiredReports(Session &session, std::int64_t now)
+std::vector<ExpiredReport> expiredReports(Session &session, std::int64_t now, std::size_t most)
 {
     Statement select(session);
     select << "SELECT id, bundle_id, received, bytes FROM (SELECT reports.id AS id, reports.bundle_id AS "
@@ -36,8 +36,8 @@ std::vector<ExpiredReport> expiredReports(Session &session, std::int64_t now)
               "reports.bundle_id ORDER BY received DESC, reports.id DESC) AS total FROM reports JOIN "
               "applications ON applications.bundle_id = reports.bundle_id WHERE max_age_days IS NOT NULL OR "
               "max_bytes IS NOT NULL) AS kept WHERE received < $1 - max_age_days * 86400000 OR total > "
-              "max_bytes ORDER BY id",
-        bind(now);
+              "max_bytes ORDER BY id LIMIT $2",
+        bind(now), bind(static_cast<std::int64_t>(most));
     select.execute();
     RecordSet rows(select);
     std::vector<ExpiredReport> reports;
@@ -69,32 +69,42 @@ std::vector<std::string> knownLocations(Session &session, const std::vector<std:
     return known;
 }
 
-bool knowsFiles(Session &session)
-{
-    std::vector<std::string> ids;
-    session << "SELECT id FROM files LIMIT 1", into(ids), now;
-    return !ids.empty();
-}
-
 } // namespace
 
 bool SqlReportStore::removeReport(std::int64_t id)
 {
+    const bool wasThere = removeWithBytes(id);
+    m_database.discardDeleted();
+    return wasThere;
+}
+
+void SqlReportStore::removeExpired(const std::vector<ExpiredReport> &reports,
+                                   const std::function<void(const ExpiredReport &)> &removed)
+{
+    for (const ExpiredReport &report : reports) {
+        if (removeWithBytes(report.id))
+            removed(report);
+    }
+    m_database.discardDeleted();
+}
+
+bool SqlReportStore::removeWithBytes(std::int64_t reportId)
+{
     bool wasThere = false;
     std::vector<std::string> unneeded;
     m_database.write([&](Session &session) {
-        const std::vector<std::string> files = filesNamedBy(session, id);
-        wasThere = deleteReport(session, id);
+        const std::vector<std::string> files = filesNamedBy(session, reportId);
+        wasThere = deleteReport(session, reportId);
         unneeded = removeUnnamedFiles(session, files);
     });
     removeBytes(unneeded);
     return wasThere;
 }
 
-std::vector<ExpiredReport> SqlReportStore::reportsBeyondRetention(std::int64_t now)
+std::vector<ExpiredReport> SqlReportStore::reportsBeyondRetention(std::int64_t now, std::size_t most)
 {
     std::vector<ExpiredReport> reports;
-    m_database.read([&](Session &session) { reports = expiredReports(session, now); });
+    m_database.read([&](Session &session) { reports = expiredReports(session, now, most); });
     return reports;
 }
 
@@ -111,18 +121,16 @@ std::size_t SqlReportStore::removeUnreportedFiles(std::int64_t before)
         unneeded = removeUnnamedFiles(session, files);
     });
     removeBytes(unneeded);
+    m_database.discardDeleted(); // also what was kept from it before
     return files.size();
 }
 
 std::vector<std::string> SqlReportStore::unknownLocations(const std::vector<std::string> &locations)
 {
     constexpr std::size_t atOnce = 500;
-    std::set<std::string> unknown;
+    std::set<std::string> unknown = {locations.begin(), locations.end()};
     m_database.read([&](Session &session) {
-        // A database that knows no file at all is more likely a new one that was put beside files still wanted.
-        if (knowsFiles(session))
-            unknown = {locations.begin(), locations.end()};
-        for (std::size_t i = 0; i < locations.size() && !unknown.empty(); i += atOnce) {
+        for (std::size_t i = 0; i < locations.size(); i += atOnce) {
             const auto begin = locations.begin() + static_cast<std::ptrdiff_t>(i);
             const auto end = begin + static_cast<std::ptrdiff_t>(std::min(atOnce, locations.size() - i));
             for (const std::string &known : knownLocations(session, {begin, end}))

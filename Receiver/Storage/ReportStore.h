@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -146,7 +146,7 @@ public:
     virtual std::optional<StoredFile> file(const std::string &id) = 0;
     /// Removes the files that arrived before \a before (milliseconds since 1970) and that no report names. Returns how many.
     virtual std::size_t removeUnreportedFiles(std::int64_t before) = 0;
-    /// Of \a locations, those that no file has; none at all while no file is known.
+    /// Of \a locations, those that no file has.
     virtual std::vector<std::string> unknownLocations(const std::vector<std::string> &locations) = 0;
 
     /// Registers the application if it is unknown. Returns nothing if the application is archived. A report that was taken
@@ -167,8 +167,13 @@ public:
     virtual bool setRetention(const std::string &bundleId, const Retention &retention) = 0;
     /// Removes the report, its files and their bytes for good. False if there is none.
     virtual bool removeReport(std::int64_t id) = 0;
-    /// The reports that are beyond the retention of their applications at \a now (milliseconds since 1970).
-    virtual std::vector<ExpiredReport> reportsBeyondRetention(std::int64_t now) = 0;
+    /// The reports that are beyond the retention of their applications at \a now (milliseconds since 1970), the \a most that
+    /// came first.
+    virtual std::vector<ExpiredReport> reportsBeyondRetention(std::int64_t now, std::size_t most) = 0;
+    /// Removes those of \a reports that are still there, and calls \a removed after each.
+    virtual void removeExpired(const std::vector<ExpiredReport> &reports,
+                               const std::function<void(const ExpiredReport &)> &removed)
+        = 0;
 };
 
 } // namespace wexel::receiver

@@ -1,5 +1,7 @@
 #include "Storage/SessionPool.h"
 
+#include "Storage/StorageError.h"
+
 namespace wexel::receiver {
 
 using Poco::Data::Session;
@@ -19,7 +21,8 @@ void SessionPool::Loan::renew()
 Session SessionPool::take()
 {
     std::unique_lock lock(m_mutex);
-    m_returned.wait(lock, [this] { return m_free > 0; });
+    if (!m_returned.wait_for(lock, m_patience, [this] { return m_free > 0; }))
+        throw StorageError(StorageError::Kind::Failed, "All sessions with the database are busy");
     --m_free;
     if (!m_idle.empty()) {
         Session session = m_idle.back();

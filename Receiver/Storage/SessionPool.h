@@ -2,6 +2,7 @@
 
 #include <Poco/Data/Session.h>
 
+#include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <mutex>
@@ -13,14 +14,16 @@ namespace wexel::receiver {
 class SessionPool
 {
 public:
-    /// \a open makes a session; no more than \a most are taken at once.
-    SessionPool(std::function<Poco::Data::Session()> open, std::size_t most)
+    /// \a open makes a session; no more than \a most are taken at once, and nobody waits for one longer than \a patience.
+    SessionPool(std::function<Poco::Data::Session()> open, std::size_t most,
+                std::chrono::milliseconds patience)
         : m_open(std::move(open))
+        , m_patience(patience)
         , m_free(most)
     {
     }
 
-    /// A session for as long as it lives. Waits for one if all are taken.
+    /// A session for as long as it lives. Waits for one if all are taken. Throws StorageError.
     class Loan
     {
     public:
@@ -43,6 +46,7 @@ private:
     void giveBack(Poco::Data::Session session);
 
     std::function<Poco::Data::Session()> m_open;
+    std::chrono::milliseconds m_patience;
     std::mutex m_mutex;
     std::condition_variable m_returned;
     std::size_t m_free; ///< how many more may be taken; guarded by m_mutex

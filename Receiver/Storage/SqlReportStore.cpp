@@ -124,6 +124,7 @@ std::optional<StoredFile> SqlReportStore::file(const std::string &id)
 
 std::optional<AddedReport> SqlReportStore::addReport(const NewReport &report)
 {
+    const std::string textDigest = ReportDigest::ofText(report);
     std::optional<AddedReport> added;
     std::vector<std::string> unneeded;
     m_database.write([&](Session &session) {
@@ -131,7 +132,7 @@ std::optional<AddedReport> SqlReportStore::addReport(const NewReport &report)
         if (!report.isImported && readArchived(session, report.bundleId))
             return;
         insertApplication(session, {report.bundleId, "", ""});
-        const ReportDigest digest(session, report);
+        const ReportDigest digest(session, report, textDigest);
         if (const auto known = digest.find(session)) {
             digest.insertText(session, *known);
             if (!report.isImported)

@@ -29,9 +29,12 @@ public:
     std::vector<ApplicationOverview> applications() override;
     bool setRetention(const std::string &bundleId, const Retention &retention) override;
     bool removeReport(std::int64_t id) override;
-    std::vector<ExpiredReport> reportsBeyondRetention(std::int64_t now) override;
+    std::vector<ExpiredReport> reportsBeyondRetention(std::int64_t now, std::size_t most) override;
+    void removeExpired(const std::vector<ExpiredReport> &reports,
+                       const std::function<void(const ExpiredReport &)> &removed) override;
 
 private:
+    bool removeWithBytes(std::int64_t reportId);
     void removeBytes(const std::vector<std::string> &locations);
 
     Database &m_database;

@@ -1,11 +1,11 @@
 #include "Storage/SqliteDatabase.h"
 
+#include "Log.h"
 #include "Storage/Migrations.h"
 #include "Storage/StorageError.h"
 
 #include <Poco/Data/SQLite/Connector.h>
 #include <Poco/Data/SQLite/SQLiteException.h>
-#include <Poco/Timestamp.h>
 #include <Poco/URI.h>
 
 #include <optional>
@@ -51,6 +51,8 @@ Session open(const std::filesystem::path &file, Database::Mode mode)
         // Only FULL syncs the log at every commit, which a power cut asks for.
         *session << "PRAGMA synchronous = FULL", now;
         *session << "PRAGMA foreign_keys = ON", now;
+        // What is deleted is overwritten.
+        *session << "PRAGMA secure_delete = ON", now;
     });
     return *session;
 }
@@ -92,6 +94,19 @@ void SqliteDatabase::write(const Work &work)
     translated([&] { transact(m_writer, work); });
 }
 
+void SqliteDatabase::discardDeleted()
+{
+    const std::scoped_lock lock(m_writing, m_reading);
+    try {
+        Session session = open(m_file, Mode::Write);
+        // An export is not waited for: the next time does what this one can't.
+        session << "PRAGMA busy_timeout = 0", now;
+        session << "PRAGMA wal_checkpoint(TRUNCATE)", now;
+    } catch (const std::exception &error) {
+        logEvent("storage_failed", {{"error", error.what()}});
+    }
+}
+
 void SqliteDatabase::read(const Work &work)
 {
     const std::lock_guard lock(m_reading);
@@ -105,11 +120,6 @@ void SqliteDatabase::readSnapshot(const Work &work)
         session << "BEGIN", now;
         work(session);
     });
-}
-
-std::int64_t currentMilliseconds()
-{
-    return Poco::Timestamp().epochMicroseconds() / 1000;
 }
 
 } // namespace wexel::receiver

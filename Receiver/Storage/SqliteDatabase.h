@@ -16,13 +16,14 @@ public:
     SqliteDatabase(const std::filesystem::path &file, Mode mode);
 
     void write(const Work &work) override;
+    void discardDeleted() override;
     void read(const Work &work) override;
     void readSnapshot(const Work &work) override;
 
 private:
     std::filesystem::path m_file;
     std::mutex m_writing; ///< guards m_writer
-    std::mutex m_reading; ///< guards m_reader; the two are never held together
+    std::mutex m_reading; ///< guards m_reader; held together by discardDeleted() alone
     Poco::Data::Session m_writer;
     Poco::Data::Session m_reader;
 };

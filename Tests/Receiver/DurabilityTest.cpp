@@ -1,3 +1,4 @@
+#include "Secrets.h"
 #include "Support/TestReceiver.h"
 
 #include <array>
@@ -60,10 +61,14 @@ TEST_F(DurabilityTest, KeepsEveryAnsweredReportWhenKilled)
     const auto reports = receiver->reports();
     for (unsigned i = 0; i < reports->size(); ++i) {
         const auto report = reports->getObject(i);
+        const auto screenshot = report->getObject("screenshot");
+        ASSERT_TRUE(screenshot) << "half a report";
+        const std::string bytes = readFile(screenshot->getValue<std::string>("path"));
+        EXPECT_EQ(wexel::receiver::sha256(bytes), screenshot->getValue<std::string>("sha256"));
         const auto expected = answered.find(report->getValue<int>("id"));
         if (expected == answered.end())
             continue; // stored, but killed before the answer
-        EXPECT_EQ(readFile(report->getObject("screenshot")->getValue<std::string>("path")), expected->second);
+        EXPECT_EQ(bytes, expected->second);
         answered.erase(expected);
     }
     EXPECT_TRUE(answered.empty()) << answered.size() << " answered reports are lost";

@@ -49,7 +49,7 @@ TEST_F(HostileInputTest, RefusesMalformedBodies)
             .status,
         200);
     EXPECT_TRUE(std::filesystem::is_empty(data / "incoming"));
-    EXPECT_EQ(filesIn(data / "files"), 1U) << "bytes of refused uploads are kept";
+    EXPECT_EQ(filesIn(data / "files"), 2U) << "beside the list of inboxes, bytes of refused uploads are kept";
 }
 
 TEST_F(HostileInputTest, KeepsNamesOffTheDisk)

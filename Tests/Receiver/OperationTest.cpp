@@ -1,3 +1,4 @@
+#include "Support/PostgresServer.h"
 #include "Support/TestReceiver.h"
 
 #include "Storage/SqliteDatabase.h"
@@ -83,6 +84,30 @@ TEST_F(OperationTest, TellsWhetherItCouldStore)
     for (int i = 0; i < 10 && reply.status != 200; ++i) // The one that waited is asked for first.
         reply = health();
     EXPECT_EQ(reply.status, 200);
+    std::filesystem::remove(data / "incoming");
+    EXPECT_EQ(health().status, 503) << "no file can be received";
+}
+
+TEST_F(OperationTest, TellsWhetherPostgreSqlCouldStore)
+{
+    PostgresServer &server = PostgresServer::instance();
+    const std::string address = server.newDatabase();
+    const std::string name = Poco::URI(address).getPath().substr(1);
+    TestReceiver shared({"--database", address, "--files", data.string()}, {});
+    Client client = shared.stranger();
+    const auto health = [&] { return client.request("GET", "/healthz").status; };
+    EXPECT_EQ(health(), 200);
+    const auto setReadOnly = [&](const std::string &value) {
+        server.run("ALTER DATABASE " + name + " SET default_transaction_read_only = " + value);
+        server.run("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = '" + name + '\'');
+    };
+    setReadOnly("on");
+    EXPECT_EQ(health(), 503);
+    setReadOnly("off");
+    EXPECT_EQ(health(), 200);
+    std::filesystem::remove(data / "incoming");
+    EXPECT_EQ(health(), 503) << "no file can be received";
+    EXPECT_EQ(shared.stop(), 0);
 }
 
 } // namespace

@@ -91,6 +91,35 @@ TEST_P(StorageTest, SweepsWhatNobodyNeeds)
     EXPECT_EQ(bytesOf(storage, abandoned), std::nullopt);
 }
 
+TEST_P(StorageTest, SweepsNoFilesOfAnotherInbox)
+{
+    if (GetParam() == Keeping::PostgreSql)
+        GTEST_SKIP() << "there the files are in the inbox's own database";
+    const auto list = (place.database.empty() ? place.data : place.files) / "files" / "inboxes";
+    const auto useNewDatabase = [&] {
+        if (place.database.empty())
+            std::filesystem::remove(place.data / "receiver.sqlite");
+        else
+            place.database = PostgresServer::instance().newDatabase();
+    };
+    const StoredFile earlier = addFile(*std::make_unique<DataFolder>(place, Access::Serve), "earlier");
+    const auto earlierAfterSweep = [&] {
+        DataFolder storage(place, Access::Serve);
+        addFile(storage, "own");
+        Maintenance(storage.files(), storage.reports()).sweep(0, currentMilliseconds() + hour);
+        return bytesOf(storage, earlier);
+    };
+    useNewDatabase();
+    EXPECT_EQ(earlierAfterSweep(), "earlier");
+    useNewDatabase();
+    std::filesystem::remove(list);
+    EXPECT_EQ(earlierAfterSweep(), "earlier") << "nobody knows whose it is";
+    const std::string unknownAndOwn = readFile(list);
+    EXPECT_EQ(unknownAndOwn.find("unknown\n"), 0U);
+    writeFile(list, unknownAndOwn.substr(unknownAndOwn.find('\n') + 1));
+    EXPECT_EQ(earlierAfterSweep(), std::nullopt);
+}
+
 TEST_P(StorageTest, TakesAReportOnce)
 {
     DataFolder storage(place, Access::Serve);
@@ -103,13 +132,15 @@ TEST_P(StorageTest, TakesAReportOnce)
     };
     const auto shot = [&] { return addFile(storage, "shot"); };
     const StoredFile first = shot();
-    const std::string text = report(first, {addFile(storage, "a"), addFile(storage, "b")}, "\"x\":1");
+    const std::string facts = R"("x":{"1":1,"2":3},"y":[1,2])";
+    const std::string text = report(first, {addFile(storage, "a"), addFile(storage, "b")}, facts);
     const AddedReport added = addReport(storage, text);
     EXPECT_TRUE(added.isNew);
 
     // The files were uploaded again, and the uploads ended in another order.
     const StoredFile second = shot();
-    const std::string repeated = report(second, {addFile(storage, "b"), addFile(storage, "a")}, " \"x\" : 1");
+    const std::string repeated = report(second, {addFile(storage, "b"), addFile(storage, "a")},
+                                        "\"y\":[1,2],\n \"x\" : {\"2\":3, \"1\":1}");
     const AddedReport again = addReport(storage, repeated);
     EXPECT_EQ(again.id, added.id);
     EXPECT_FALSE(again.isNew);
@@ -119,21 +150,24 @@ TEST_P(StorageTest, TakesAReportOnce)
     EXPECT_EQ(bytesOf(storage, first), "shot") << "a repeat took the report's own files";
 
     EXPECT_TRUE(addReport(storage, text, "org.example.other").isNew);
+    for (const std::string other : {R"("x":{"1":3,"2":1},"y":[1,2])", R"("x":{"1":1,"2":3},"y":[2,1])",
+                                    R"("x":{"1":1},"2":3,"y":[1,2])", R"("x":{"1":1,"2":3,"y":[1,2]})"})
+        EXPECT_TRUE(
+            addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "b")}, other)).isNew)
+            << other;
     EXPECT_TRUE(
-        addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "b")}, "\"x\":2")).isNew);
+        addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "a")}, facts)).isNew);
     EXPECT_TRUE(
-        addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "a")}, "\"x\":1")).isNew);
-    EXPECT_TRUE(addReport(storage,
-                          report(addFile(storage, "other"), {addFile(storage, "a"), addFile(storage, "b")},
-                                 "\"x\":1"))
-                    .isNew);
+        addReport(storage,
+                  report(addFile(storage, "other"), {addFile(storage, "a"), addFile(storage, "b")}, facts))
+            .isNew);
 
     // What was removed does not come back, neither by the same text nor by new uploads.
     EXPECT_TRUE(storage.reports().removeReport(added.id));
     EXPECT_FALSE(addReport(storage, text).isNew);
     EXPECT_FALSE(addReport(storage, repeated).isNew);
     EXPECT_FALSE(
-        addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "b")}, "\"x\":1")).isNew);
+        addReport(storage, report(shot(), {addFile(storage, "a"), addFile(storage, "b")}, facts)).isNew);
     EXPECT_FALSE(storage.reports().report(added.id));
 }
 
@@ -187,6 +221,19 @@ TEST_P(StorageTest, KeepsNoMoreThanTheRetention)
     EXPECT_TRUE(reports.setRetention("aged", {}));
     Maintenance(storage.files(), reports).applyRetention(now + 1000 * day);
     EXPECT_EQ(reports.page({}).total, 4);
+}
+
+TEST_P(StorageTest, StopsRemovingWhenTheRetentionIsLifted)
+{
+    DataFolder storage(place, Access::Serve);
+    Maintenance maintenance(storage.files(), storage.reports());
+    for (int i = 0; i < 101; ++i)
+        addReport(storage, "{\"number\":" + std::to_string(i) + "}");
+    storage.reports().setRetention(bundleId, {1, std::nullopt});
+    EXPECT_TRUE(maintenance.applyRetention(2 * day));
+    storage.reports().setRetention(bundleId, {});
+    EXPECT_FALSE(maintenance.applyRetention(2 * day));
+    EXPECT_EQ(storage.reports().page({}).total, 1);
 }
 
 TEST_P(StorageTest, ListsAndSearches)
@@ -266,6 +313,36 @@ TEST_F(FolderTest, ReadsBesideAWriterAndWithoutWriting)
         EXPECT_EQ(table.code, 0);
         EXPECT_THAT(table.output, testing::HasSubstr(bundleId));
     });
+}
+
+TEST_F(FolderTest, LeavesNothingOfARemovedReport)
+{
+    DataFolder storage({data}, Access::Serve);
+    const std::string word = "unforgettable";
+    const auto filesWithIt = [&] {
+        std::vector<std::string> names;
+        for (const auto &entry : std::filesystem::recursive_directory_iterator(data)) {
+            if (entry.is_regular_file() && readFile(entry.path()).find(word) != std::string::npos)
+                names.push_back(entry.path().filename());
+        }
+        return names;
+    };
+    const auto add = [&](const std::string &text) {
+        return storage.reports().addReport(newReport(bundleId, R"({"description":")" + text + "\"}", 0))->id;
+    };
+    add("before");
+    const std::int64_t id = add(word);
+    add("after");
+    EXPECT_FALSE(filesWithIt().empty());
+    storage.database().readSnapshot([&](Poco::Data::Session &session) {
+        std::string json;
+        session << "SELECT max(json) FROM report_documents", Poco::Data::Keywords::into(json),
+            Poco::Data::Keywords::now;
+        EXPECT_TRUE(storage.reports().removeReport(id));
+        EXPECT_FALSE(filesWithIt().empty()) << "an export still reads it";
+    });
+    storage.reports().removeUnreportedFiles(0);
+    EXPECT_THAT(filesWithIt(), ElementsAre());
 }
 
 TEST_F(FolderTest, ExplainsLostBytes)
