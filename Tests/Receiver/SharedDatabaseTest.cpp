@@ -99,10 +99,10 @@ TEST_F(SharedDatabaseTest, IsSetUpByOneOfThoseThatStartAtOnce)
 
 TEST_F(SharedDatabaseTest, ServesWithoutTheRightToMakeTables)
 {
-    PostgresDatabase(address, Database::Mode::Serve);
+    PostgresDatabase owned(address, Database::Mode::Serve);
     const std::string serving
         = address.substr(0, address.find("user=")) + "user=serving&" + address.substr(address.find("host="));
-    PostgresDatabase(address, Database::Mode::Write).write([](Poco::Data::Session &session) {
+    owned.write([](Poco::Data::Session &session) {
         session << "CREATE ROLE serving LOGIN", now;
         session << "GRANT ALL ON ALL TABLES IN SCHEMA public TO serving", now;
     });
