@@ -25,7 +25,7 @@ public:
         , m_descriptor(::open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600))
     {
         if (m_descriptor < 0)
-            failStorage("Can't create " + m_path.string(), errno);
+            fail("create");
     }
 
     ~IncomingFolderFile() override
@@ -43,18 +43,25 @@ private:
             if (written >= 0)
                 bytes.remove_prefix(static_cast<std::size_t>(written));
             else if (errno != EINTR)
-                failStorage("Can't write " + m_path.string(), errno);
+                fail("write");
         }
     }
 
     void finish() override
     {
         if (::fsync(m_descriptor) != 0)
-            failStorage("Can't sync " + m_path.string(), errno);
+            fail("sync");
         if (::rename(m_path.c_str(), m_target.c_str()) != 0)
-            failStorage("Can't publish " + m_target.string(), errno);
+            fail("publish");
         m_path.clear();
         syncFolder(m_target.parent_path());
+    }
+
+    /// Without the file's name: it is the key to it, and this goes to the log.
+    [[noreturn]] void fail(const char *what) const
+    {
+        const int code = errno;
+        failStorage(std::string("Can't ") + what + " a file in " + m_path.parent_path().string(), code);
     }
 
     fs::path m_path; ///< empty once published
@@ -124,7 +131,7 @@ void FolderFileStore::remove(const std::string &location)
 {
     const fs::path path = pathOf(location);
     if (::unlink(path.c_str()) != 0 && errno != ENOENT)
-        failStorage("Can't remove " + path.string(), errno);
+        failStorage("Can't remove a file from " + m_files.string(), errno);
 }
 
 std::size_t FolderFileStore::sweep(std::int64_t before, const UnknownAmong &unknownAmong)

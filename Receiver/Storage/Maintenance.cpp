@@ -16,7 +16,7 @@ constexpr std::int64_t hour = 3600 * second;
 constexpr std::int64_t day = 24 * hour;
 
 /// After which no report will come for a file: the library uploads a report's files each time that it sends it.
-constexpr std::int64_t unreportedFileAge = 7 * day;
+constexpr std::int64_t unreportedFileAge = day;
 
 /// Longer than an upload may take.
 constexpr std::int64_t sweepGrace = 2 * hour;

@@ -151,8 +151,11 @@ TEST_F(HostileInputTest, AnswersPipelinedRequestsInTheirOrder)
     std::string requests;
     for (int i = 1; i <= 20; ++i) {
         const std::string report = R"({"description":")" + std::to_string(i) + "\"}";
-        requests += "POST /api/1.0/issue_tracking/apps/a HTTP/1.1\r\nAuthorization: Bearer " + token
-            + "\r\nContent-Length: " + std::to_string(report.size()) + "\r\n\r\n" + report;
+        requests.append("POST /api/1.0/issue_tracking/apps/a HTTP/1.1\r\nAuthorization: Bearer ")
+            .append(token);
+        requests.append("\r\nContent-Length: ")
+            .append(std::to_string(report.size()))
+            .append("\r\n\r\n" + report);
     }
     // What follows a body that was refused unread must not be taken for a request.
     const std::string smuggled = "GET /healthz HTTP/1.1\r\n\r\n";

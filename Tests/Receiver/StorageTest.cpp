@@ -64,8 +64,8 @@ TEST_P(StorageTest, SweepsWhatNobodyNeeds)
     DataFolder storage(place, Access::Serve);
     Maintenance maintenance(storage.files(), storage.reports());
     const StoredFile reported = addFile(storage, "reported", 30 * day);
-    const StoredFile recent = addFile(storage, "recent", 6 * day);
-    const StoredFile abandoned = addFile(storage, "abandoned", 8 * day);
+    const StoredFile recent = addFile(storage, "recent", 20 * hour);
+    const StoredFile abandoned = addFile(storage, "abandoned", 2 * day);
     NewReport report = newReport(bundleId, "{}", 0);
     report.fileIds = {reported.id};
     storage.reports().addReport(report);
