@@ -106,7 +106,7 @@ private:
 
     void noteLost(std::int64_t id, const StoredFile &file, ReportRecord &record)
     {
-        logEvent("file_lost", {{"report", std::to_string(id)}, {"file", file.id}, {"sha256", file.sha256}});
+        logEvent("file_lost", {{"report", std::to_string(id)}, {"sha256", file.sha256}});
         record.lost.insert(file.id);
         ++m_result.lostFiles;
     }
