@@ -22,7 +22,7 @@ after(async () => {
     await receiver?.stop();
 });
 
-const send = (description, more = {}) => receiver.library.send({description, device: 'x86_64', ...more}, {screenshot: picture});
+const send = (description, more = {}) => receiver.application.send({description, device: 'x86_64', ...more}, {screenshot: picture});
 const focused = () => page.evaluate(() => document.activeElement.querySelector('.row-summary')?.textContent);
 const heading = (text) => page.getByRole('heading', {name: text, level: 1, exact: true}).waitFor();
 

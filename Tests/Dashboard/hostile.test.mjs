@@ -34,7 +34,7 @@ const misshapen = {
 
 before(async () => {
     [browser, receiver] = await Promise.all([openBrowser(), startReceiver()]);
-    const {send} = receiver.library;
+    const {send} = receiver.application;
     await send(scripted, {screenshot: picture, files: [{name: attack, bytes: '<script>window.__pwned=1</script>', type: 'text/html'},
         {name: 'drawing.svg', bytes: drawing, type: 'image/svg+xml'}, {name: overridden, bytes: 'MZ'}, picture]});
     await send(misshapen);

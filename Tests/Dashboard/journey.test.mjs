@@ -75,7 +75,7 @@ step('a client is made in the dashboard, and the library reports with it while t
 
 async function report(credentials) {
     if (!isBuilt)
-        return receiver.library.send({description, blackbox: {cpu_usage_history: [{value: '12.5', time_occurred: '2026-01-02T03:04:05.678Z'}]}},
+        return receiver.application.send({description, blackbox: {cpu_usage_history: [{value: '12.5', time_occurred: '2026-01-02T03:04:05.678Z'}]}},
             {screenshot: picture, bundleId});
     const folder = join(receiver.folder, 'host');
     const host = await installHost(folder, receiver.url, credentials);
@@ -132,11 +132,11 @@ step('an archived application is refused until it is not', async () => {
     await application.getByRole('button', {name: 'Archive'}).click();
     await page.locator('dialog').getByRole('button', {name: 'Archive'}).click();
     await application.getByText('archived').waitFor();
-    assert.equal((await receiver.library.send({description: 'too late'}, {bundleId})).status, 403);
+    assert.equal((await receiver.application.send({description: 'too late'}, {bundleId})).status, 403);
     await application.locator('button:focus', {hasText: 'Unarchive'}).waitFor();
     await page.keyboard.press('Enter');
     await application.getByText('archived').waitFor({state: 'detached'});
-    assert.equal((await receiver.library.send({description: 'in time'}, {bundleId})).status, 200);
+    assert.equal((await receiver.application.send({description: 'in time'}, {bundleId})).status, 200);
 });
 
 step('a deleted report is gone with its files, and the way out closes the door', async () => {

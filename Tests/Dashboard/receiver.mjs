@@ -21,7 +21,7 @@ export async function startReceiver() {
         url,
         dashboard: url + 'dashboard/',
         folder,
-        library: await asLibrary(url),
+        application: await asLibrary(url),
         async stop() {
             program.kill();
             await ended;
