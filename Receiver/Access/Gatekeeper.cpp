@@ -76,7 +76,10 @@ void Gatekeeper::refuseForeignPage(const HTTPRequest &header) const
         return;
     const std::string host = Poco::toLower(header.get("Host", ""));
     if (!isOwnHost(host) || (origin != "http://" + host && origin != "https://" + host))
-        throw HttpError(Status::HTTP_FORBIDDEN, "The request comes from a page of another site");
+        throw HttpError(
+            Status::HTTP_FORBIDDEN,
+            "The request comes from a page at an address that is not known as this receiver's; if it is, "
+            "start it with that as --public-url");
 }
 
 void Gatekeeper::refuseForgery(const HTTPRequest &header, const Caller &caller) const

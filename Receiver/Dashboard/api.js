@@ -45,7 +45,7 @@ export function change(method, path, body = {}) {
 }
 
 /// Whether the same request may succeed later: the receiver, or what stands before it, is away or busy.
-function mayPass({status}) {
+export function mayPass({status}) {
     return [0, 429, 502, 503, 504].includes(status);
 }
 

@@ -1,4 +1,4 @@
-import {change, get} from './api.js';
+import {change, get, mayPass} from './api.js';
 import {el, fill} from './dom.js';
 
 /// Takes the whole page until the password is right.
@@ -33,7 +33,8 @@ export function showLogin(enter) {
         if (error.status === 429)
             return countDown(Math.ceil(error.retryAfter || 60));
         button.disabled = false;
-        problem.textContent = error.status === 401 ? 'That is not the password.' : `${error.message} Try again in a moment.`;
+        problem.textContent = error.status === 401 ? 'That is not the password.'
+            : mayPass(error) ? `${error.message} Try again in a moment.` : error.message;
         password.select();
     }
 
