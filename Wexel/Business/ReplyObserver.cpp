@@ -20,14 +20,10 @@ ReplyObserver::ReplyObserver(QNetworkReply &reply, UrlSession::Completion comple
         return;
     }
     reply.installEventFilter(this);
-    m_readyRead = connect(&reply, &QIODevice::readyRead, this, [this] { noticeArrival(); });
-    connect(&reply, &QNetworkReply::metaDataChanged, this, [this] { takeHead(); });
-    // The next address may never answer.
-    connect(&reply, &QNetworkReply::redirected, this, [this] {
-        m_isRedirected = true;
-        m_response.reset();
-    });
-    connect(&reply, &QNetworkReply::finished, this, [this] { finish(); });
+    m_readyRead = connect(&reply, &QIODevice::readyRead, this, &ReplyObserver::noticeArrival);
+    connect(&reply, &QNetworkReply::metaDataChanged, this, &ReplyObserver::takeHead);
+    connect(&reply, &QNetworkReply::redirected, this, &ReplyObserver::noticeRedirect);
+    connect(&reply, &QNetworkReply::finished, this, &ReplyObserver::finish);
 }
 
 ReplyObserver::~ReplyObserver()
@@ -107,6 +103,13 @@ void ReplyObserver::takeHead()
     const bool isOfFormerAddress = m_isRedirected && status.toInt() / 100 == redirects; // told once more
     if (status.isValid() && !isOfFormerAddress)
         m_response = UrlResponse{status.toInt(), m_reply.rawHeaderPairs()};
+}
+
+// The next address may never answer.
+void ReplyObserver::noticeRedirect()
+{
+    m_isRedirected = true;
+    m_response.reset();
 }
 
 void ReplyObserver::finish()

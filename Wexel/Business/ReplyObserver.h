@@ -29,6 +29,7 @@ private:
     [[nodiscard]] bool isLookingFree() const;
     void stopLooking();
     void takeHead();
+    void noticeRedirect();
     void finish();
     void complete(std::optional<Error> error);
 
