@@ -14,7 +14,7 @@ namespace wexel::receiver {
 
 namespace {
 
-[[noreturn]] void fail(const std::string &text)
+[[noreturn]] void failReport(const std::string &text)
 {
     throw HttpError(Status::HTTP_BAD_REQUEST, text);
 }
@@ -114,13 +114,13 @@ ReportDocument readReportDocument(const std::string &json)
         Poco::JSON::Parser parser(reader);
         parser.parse(json);
     } catch (const Poco::Exception &error) {
-        fail("The report is not valid JSON: " + error.message());
+        failReport("The report is not valid JSON: " + error.message());
     }
     if (!reader->isObject)
-        fail("The report must be a JSON object");
+        failReport("The report must be a JSON object");
     // The parser lets some of it pass, and not every database takes it.
     if (json.find('\0') != json.npos || !isUtf8(json))
-        fail("The report is not UTF-8 text");
+        failReport("The report is not UTF-8 text");
     return reader->take();
 }
 

@@ -7,11 +7,11 @@
 #include <stdexcept>
 #include <vector>
 
+#include "BlockSize.h"
+
 namespace wexel::receiver {
 
 namespace {
-
-constexpr std::size_t blockSize = 64 * 1024;
 
 la_ssize_t writeTo(archive *zip, void *output, const void *bytes, std::size_t size)
 {

@@ -1,12 +1,11 @@
 #include "CafeService.h"
 
 #include <QJsonDocument>
-#include <QLoggingCategory>
 #include <QNetworkReply>
 
-namespace {
+#include "Log.h"
 
-Q_LOGGING_CATEGORY(cafe, "cafe")
+namespace {
 
 constexpr int timeoutMs = 10'000;
 

@@ -4,11 +4,8 @@
 #include <numeric>
 
 #include <QJsonArray>
-#include <QLoggingCategory>
 
-namespace {
-Q_LOGGING_CATEGORY(cafe, "cafe")
-} // namespace
+#include "Log.h"
 
 Cart::Cart(CafeService &service) : m_service(service)
 {

@@ -3,11 +3,10 @@
 #include <algorithm>
 
 #include <QJsonArray>
-#include <QLoggingCategory>
+
+#include "Log.h"
 
 namespace {
-
-Q_LOGGING_CATEGORY(cafe, "cafe")
 
 QList<MenuItem> itemsOf(const QJsonObject &menu, const QUrl &base)
 {

@@ -1,17 +1,12 @@
 #include "Reporting.h"
 
-#include <QLoggingCategory>
-
 #include <Wexel/WXLWexel.h>
 
 #include "Cart.h"
+#include "Log.h"
 
 using wexel::WXLWexel;
 using ReportData = std::shared_ptr<wexel::WXLWexelReportData>;
-
-namespace {
-Q_LOGGING_CATEGORY(cafe, "cafe")
-} // namespace
 
 Reporting::Reporting(const Cart &cart) : m_cart(cart)
 {

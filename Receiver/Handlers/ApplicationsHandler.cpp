@@ -11,7 +11,7 @@ namespace {
 
 using Poco::JSON::Object;
 
-constexpr std::uint64_t maximumBodySize = 64 * 1024;
+constexpr std::uint64_t maximumApplicationSize = 64 * 1024;
 constexpr std::size_t maximumTextLength = 100;
 
 Object::Ptr parseObject(const std::string &text)
@@ -47,9 +47,9 @@ bool isCheck(const Object &object)
 
 Answer ApplicationsHandler::handle(Request &request)
 {
-    const Object::Ptr object = parseObject(request.body.readAll(maximumBodySize, "The application"));
+    const Object::Ptr object = parseObject(request.body.readAll(maximumApplicationSize, "The application"));
     const Application application
-        = {textAt(*object, "bundle_id", maximumBodySize), textAt(*object, "os", maximumTextLength),
+        = {textAt(*object, "bundle_id", maximumApplicationSize), textAt(*object, "os", maximumTextLength),
            textAt(*object, "platform", maximumTextLength)};
     if (const std::string fault = bundleIdFault(application.bundleId); !fault.empty())
         throw HttpError(Status::HTTP_BAD_REQUEST, fault);

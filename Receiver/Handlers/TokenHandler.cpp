@@ -6,7 +6,7 @@ namespace wexel::receiver {
 
 namespace {
 
-constexpr std::uint64_t maximumBodySize = 16 * 1024;
+constexpr std::uint64_t maximumTokenRequestSize = 16 * 1024;
 
 Answer oauthError(Status status, const std::string &code, const std::string &text)
 {
@@ -18,7 +18,7 @@ Answer oauthError(Status status, const std::string &code, const std::string &tex
 
 Answer TokenHandler::handle(Request &request)
 {
-    const auto fields = formFields(request.body.readAll(maximumBodySize, "The token request"));
+    const auto fields = formFields(request.body.readAll(maximumTokenRequestSize, "The token request"));
     if (!fields.contains("grant_type") || !fields.contains("client_id") || !fields.contains("client_secret"))
         return oauthError(Status::HTTP_BAD_REQUEST, "invalid_request",
                           "Expected grant_type=client_credentials&client_id=...&client_secret=...");

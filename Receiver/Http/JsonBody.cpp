@@ -7,7 +7,7 @@ namespace wexel::receiver {
 
 namespace {
 
-constexpr std::uint64_t maximumBodySize = 64 * 1024;
+constexpr std::uint64_t maximumJsonSize = 64 * 1024;
 
 } // namespace
 
@@ -16,7 +16,7 @@ Poco::JSON::Object::Ptr readJsonBody(Request &request)
     const std::string type = Poco::toLower(request.header.getContentType());
     if (Poco::trim(type.substr(0, type.find(';'))) != "application/json")
         throw HttpError(Status::HTTP_UNSUPPORTED_MEDIA_TYPE, "The Content-Type must be application/json");
-    const std::string text = request.body.readAll(maximumBodySize, "The body");
+    const std::string text = request.body.readAll(maximumJsonSize, "The body");
     try {
         return Poco::JSON::Parser().parse(text).extract<Poco::JSON::Object::Ptr>();
     } catch (const Poco::Exception &) {

@@ -1,5 +1,6 @@
 #include "Http/Multipart.h"
 
+#include "BlockSize.h"
 #include "Http/HttpError.h"
 
 #include <Poco/String.h>
@@ -10,10 +11,9 @@ namespace wexel::receiver {
 
 namespace {
 
-constexpr std::size_t blockSize = 64 * 1024;
 constexpr std::size_t maximumHeaderSize = 16 * 1024;
 
-[[noreturn]] void fail(const std::string &text)
+[[noreturn]] void failMultipart(const std::string &text)
 {
     throw HttpError(Status::HTTP_BAD_REQUEST, "The multipart body is malformed: " + text);
 }
@@ -38,7 +38,7 @@ std::string disposition(const std::string &header)
     const std::string lower = Poco::toLower(header);
     const std::size_t start = lower.find("content-disposition:");
     if (start == lower.npos)
-        fail("a part has no Content-Disposition");
+        failMultipart("a part has no Content-Disposition");
     const std::size_t next = lower.find("\r\ncontent-", start);
     return header.substr(start, next == lower.npos ? next : next - start);
 }
@@ -91,7 +91,7 @@ std::string_view Multipart::readContent()
             return content;
         }
         if (!fill())
-            fail("it ends before its closing boundary");
+            failMultipart("it ends before its closing boundary");
     }
 }
 
@@ -105,9 +105,10 @@ std::string Multipart::readHeader()
             return header;
         }
         if (m_buffer.size() - m_position > maximumHeaderSize)
-            fail("the header of a part is longer than " + std::to_string(maximumHeaderSize) + " bytes");
+            failMultipart("the header of a part is longer than " + std::to_string(maximumHeaderSize)
+                          + " bytes");
         if (!fill())
-            fail("it ends in the header of a part");
+            failMultipart("it ends in the header of a part");
     }
 }
 
@@ -115,7 +116,7 @@ void Multipart::require(std::size_t count)
 {
     while (m_buffer.size() - m_position < count) {
         if (!fill())
-            fail("it ends in a boundary");
+            failMultipart("it ends in a boundary");
     }
 }
 

@@ -10,7 +10,7 @@ namespace wexel::receiver {
 
 namespace {
 
-[[noreturn]] void fail(const std::string &text)
+[[noreturn]] void failQuery(const std::string &text)
 {
     throw HttpError(Status::HTTP_BAD_REQUEST, text);
 }
@@ -41,11 +41,11 @@ Query::Query(const std::string &uri, std::initializer_list<std::string> known)
         const std::string name = decoded(pair.substr(0, equals));
         const std::string value = decoded(pair.substr(std::min(equals + 1, pair.size())));
         if (std::find(known.begin(), known.end(), name) == known.end())
-            fail("The query has no field \"" + cleanFileName(name) + "\"");
+            failQuery("The query has no field \"" + cleanFileName(name) + "\"");
         if (!isText(value))
-            fail("Expected UTF-8 text under \"" + name + "\"");
+            failQuery("Expected UTF-8 text under \"" + name + "\"");
         if (!m_fields.emplace(name, value).second)
-            fail("The field \"" + name + "\" is given twice");
+            failQuery("The field \"" + name + "\" is given twice");
     }
 }
 
@@ -55,7 +55,7 @@ std::string Query::text(const std::string &name, std::size_t longest) const
     if (field == m_fields.end())
         return {};
     if (field->second.size() > longest)
-        fail("Expected under \"" + name + "\" a text of at most " + std::to_string(longest) + " bytes");
+        failQuery("Expected under \"" + name + "\" a text of at most " + std::to_string(longest) + " bytes");
     return field->second;
 }
 
@@ -69,8 +69,8 @@ std::optional<std::int64_t> Query::number(const std::string &name, std::int64_t 
     std::int64_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || end != text.data() + text.size() || number < least || number > most)
-        fail("Expected under \"" + name + "\" a number from " + std::to_string(least) + " to "
-             + std::to_string(most));
+        failQuery("Expected under \"" + name + "\" a number from " + std::to_string(least) + " to "
+                  + std::to_string(most));
     return number;
 }
 

@@ -1,5 +1,6 @@
 #include "Http/RequestBody.h"
 
+#include "BlockSize.h"
 #include "Http/HttpError.h"
 
 #include <Poco/Net/StreamSocket.h>
@@ -17,8 +18,6 @@ namespace wexel::receiver {
 using Poco::Net::HTTPRequest;
 
 namespace {
-
-constexpr std::size_t blockSize = 64 * 1024;
 
 /// A client that leaves Nagle's algorithm on, as Qt's does, holds the end of a body back until the rest is acknowledged,
 /// which the kernel puts off by 40 ms. The option wears off, so it is set again for each block.

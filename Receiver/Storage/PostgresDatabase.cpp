@@ -38,7 +38,7 @@ bool isLostRace(const Poco::Exception &error)
                        [&](std::string_view state) { return hasState(error, state); });
 }
 
-[[noreturn]] void fail(const Poco::Exception &error)
+[[noreturn]] void failDatabase(const Poco::Exception &error)
 {
     const bool isFull = hasState(error, "53100");
     throw StorageError(isFull ? StorageError::Kind::Full : StorageError::Kind::Failed, error.displayText());
@@ -161,7 +161,7 @@ void PostgresDatabase::run(const std::string &opening, const Work &work, int att
         for (int number = 1; !attempt(m_pool, opening, work, number == attempts); ++number)
             pauseBeforeAttempt(std::min(number, 6));
     } catch (const Poco::Exception &error) {
-        fail(error);
+        failDatabase(error);
     }
 }
 

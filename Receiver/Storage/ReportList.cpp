@@ -16,7 +16,7 @@ using Poco::Data::Statement;
 
 namespace {
 
-constexpr std::size_t searchSize = 200; // bytes
+constexpr std::size_t wantedSearchSize = 200; // bytes
 constexpr int filterCount = 200;
 
 /// The part of a statement behind WHERE, and its values.
@@ -55,7 +55,7 @@ private:
 std::string pattern(const std::string &search)
 {
     std::string result = "%";
-    for (const char c : searchText(search, searchSize)) {
+    for (const char c : searchText(search, wantedSearchSize)) {
         if (c == '%' || c == '_' || c == '\\')
             result += '\\';
         result += c;

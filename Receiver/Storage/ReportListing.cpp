@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t summaryLength = 200; // characters
 constexpr std::size_t factLength = 250; // characters; longer ones don't fit an index
-constexpr std::size_t searchSize = 4000; // bytes
+constexpr std::size_t storedSearchSize = 4000; // bytes
 
 bool isInsideCharacter(char c)
 {
@@ -91,7 +91,7 @@ void describe(Session &session, std::int64_t id, const std::string &bundleId, co
         bind(shortened(firstLine(facts.description), summaryLength)),
         bind(shortened(facts.tester, factLength)), bind(shortened(facts.device, factLength)),
         bind(shortened(facts.osVersion, factLength)), bind(shortened(facts.appVersion, factLength)),
-        bind(searchText(search, searchSize)), bind(static_cast<std::int64_t>(jsonSize)), bind(id), now;
+        bind(searchText(search, storedSearchSize)), bind(static_cast<std::int64_t>(jsonSize)), bind(id), now;
 }
 
 void describeReports(Session &session)

@@ -1,5 +1,6 @@
 #include "Transfer/TarReader.h"
 
+#include "BlockSize.h"
 #include "Storage/Folders.h"
 
 #include <archive.h>
@@ -13,8 +14,6 @@
 namespace wexel::receiver {
 
 namespace {
-
-constexpr std::size_t blockSize = 64 * 1024;
 
 int openForReading(const std::string &file)
 {

@@ -1,5 +1,6 @@
 #include "Transfer/TarWriter.h"
 
+#include "BlockSize.h"
 #include "Storage/Folders.h"
 
 #include <algorithm>
@@ -16,8 +17,6 @@
 namespace wexel::receiver {
 
 namespace {
-
-constexpr std::size_t blockSize = 64 * 1024;
 
 /// Another writer may have the same target, so \a part gets a name of its own.
 int openForWriting(std::string &part)

@@ -18,7 +18,7 @@ using namespace wexel;
 
 namespace {
 
-constexpr int reportCount = 100;
+constexpr int sentReports = 100;
 constexpr int killCount = 25;
 
 /// One file a report: with several, a failed one followed by a good one counts as sent.
@@ -42,8 +42,8 @@ void expectEachWithItsScreenshot(const QJsonArray &reports)
                   QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex())
             << qPrintable(text);
     }
-    EXPECT_EQ(descriptions.size(), reportCount);
-    EXPECT_EQ(reports.size(), reportCount) << "some arrived twice";
+    EXPECT_EQ(descriptions.size(), sentReports);
+    EXPECT_EQ(reports.size(), sentReports) << "some arrived twice";
 }
 
 TEST(KilledReceiver, GetsEveryReportInTheEnd)
@@ -55,7 +55,7 @@ TEST(KilledReceiver, GetsEveryReportInTheEnd)
     world.authorize();
     auto &uploader = *new WXLUploader(world.fileManager, world.api, world.repository, world.scheduler,
                                       world.notifications); // lives for the process, as its world does
-    for (int number = 1; number <= reportCount; ++number)
+    for (int number = 1; number <= sentReports; ++number)
         uploader.uploadData(numberedReport(number));
     ASSERT_TRUE(spinUntil([&] { return !world.storedReports().isEmpty(); }));
 
@@ -66,7 +66,7 @@ TEST(KilledReceiver, GetsEveryReportInTheEnd)
     while (!world.storedReports().isEmpty()) {
         // At the end nothing is in the way of the rest.
         const auto lines
-            = log.lines().size() + (kills < killCount ? random.bounded(1, 60) : reportCount * 100);
+            = log.lines().size() + (kills < killCount ? random.bounded(1, 60) : sentReports * 100);
         ASSERT_TRUE(spinUntil(
             [&] { return retryArmed() || world.storedReports().isEmpty() || log.lines().size() >= lines; }));
         if (retryArmed()) {
@@ -81,7 +81,7 @@ TEST(KilledReceiver, GetsEveryReportInTheEnd)
     ASSERT_TRUE(
         spinUntil([&] { return log.lines().last().contains(QStringLiteral("completed succesfully")); }));
     const auto reports = receiver.reports();
-    std::cout << reportCount << " reports over " << kills << " kills and " << retries << " retries\n";
+    std::cout << sentReports << " reports over " << kills << " kills and " << retries << " retries\n";
     EXPECT_GT(kills, 5);
     expectEachWithItsScreenshot(reports);
 }

@@ -18,7 +18,7 @@ namespace {
 using Answer = ScriptedServer::Answer;
 using Request = ScriptedServer::Request;
 
-constexpr int reportCount = 10; // more than can be saved before the host is gone
+constexpr int lastReports = 10; // more than can be saved before the host is gone
 
 /// What the host leaves in the middle of.
 struct Situation {
@@ -80,7 +80,7 @@ std::chrono::milliseconds timeToLeave(HostProcess &host)
 QStringList leaveAfterReports(const QString &application, const QStringList &leave)
 {
     QStringList commands = QStringList{application} + leave + QStringList{QStringLiteral("start")};
-    for (int number = 1; number <= reportCount; ++number)
+    for (int number = 1; number <= lastReports; ++number)
         commands << QStringLiteral("report") << QString::number(number);
     return commands;
 }
@@ -94,7 +94,7 @@ QByteArray expectToLeave(const InstalledHost &host, const QStringList &commands,
     std::cout << description << ", " << qPrintable(commands.front()) << ": " << time.count() << " ms\n";
     EXPECT_LT(time, std::chrono::milliseconds(2500)) << description;
     EXPECT_TRUE(process->leftCleanly()) << description << '\n' << process->output().constData();
-    EXPECT_EQ(host.storedReports().size(), reportCount) << description << '\n'
+    EXPECT_EQ(host.storedReports().size(), lastReports) << description << '\n'
                                                         << process->output().constData();
     return process->output();
 }
@@ -106,7 +106,7 @@ void expectDelivery(const InstalledHost &host)
     host.pointTo(receiver.url());
     host.drain();
     QStringList expected;
-    for (int number = 1; number <= reportCount; ++number)
+    for (int number = 1; number <= lastReports; ++number)
         expected.append(NumberedReport::description(number));
     QStringList delivered = receiver.descriptions();
     std::sort(expected.begin(), expected.end());

@@ -3,24 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QProcess>
 #include <QTimeZone>
 
 #include "Platform/MovedTree.h"
+#include "Platform/SystemTool.h"
 
 using namespace wexel;
-
-namespace {
-
-QString outputOf(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    EXPECT_TRUE(process.waitForFinished()) << qPrintable(program);
-    return QString::fromUtf8(process.readAll()).trimmed();
-}
-
-} // namespace
 
 TEST(DeviceFactsTest, agreeWithTheSystemsOwnTools)
 {

@@ -5,27 +5,18 @@
 #include <vector>
 
 #include <QDir>
-#include <QProcess>
-#include <QStringList>
 #include <sys/sysinfo.h>
 
 #include "Platform/FileSystem.h"
 #include "Platform/FileTree.h"
 #include "Platform/Linux/ProcessMemory.h"
+#include "Platform/SystemTool.h"
 
 using namespace wexel;
 
 namespace {
 
 constexpr quint64 megabyte = 1024 * 1024;
-
-QStringList outputOf(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    EXPECT_TRUE(process.waitForFinished()) << qPrintable(program);
-    return QString::fromUtf8(process.readAll()).simplified().split(u' ');
-}
 
 // Two readings of a moving quantity agree when some pair of them, taken one right after the other, does.
 bool agreeOnce(const std::function<quint64()> &one, const std::function<quint64()> &other, quint64 tolerance)
@@ -63,8 +54,7 @@ TEST(ProcessMemoryTest, agreesWithOtherReadersOfTheMachine)
     const auto awk = [] {
         const QString sum = QStringLiteral("/^(Active|Inactive|Unevictable|SUnreclaim|KernelStack|PageTables)"
                                            ":/ { s += $2 } END { printf \"%d\", s }");
-        return outputOf(QStringLiteral("awk"), {sum, QStringLiteral("/proc/meminfo")}).first().toULongLong()
-            * 1024;
+        return outputOf(QStringLiteral("awk"), {sum, QStringLiteral("/proc/meminfo")}).toULongLong() * 1024;
     };
     Error error;
     EXPECT_TRUE(agreeOnce([&] { return memory.usedBytes(error).value_or(0); }, awk, 16 * megabyte));
@@ -98,7 +88,7 @@ TEST(FileSystemTest, agreesWithDfEvenForAPathThatIsStillToBeMade)
     const auto df = [&folder](const QString &column) {
         return outputOf(QStringLiteral("df"),
                         {QStringLiteral("-B1"), QStringLiteral("--output=") + column, folder})
-            .last()
+            .section(u'\n', -1)
             .toULongLong();
     };
     EXPECT_EQ(size->totalBytes, df(QStringLiteral("size")));

@@ -18,7 +18,7 @@ using namespace wexel;
 
 namespace {
 
-std::shared_ptr<WXLWexelFile> screenshot()
+std::shared_ptr<WXLWexelFile> screenshotFile()
 {
     QBuffer buffer;
     EXPECT_TRUE(QImage(3, 5, QImage::Format_RGB32).save(&buffer, "PNG"));
@@ -81,7 +81,7 @@ TEST_F(ReportCompose, TellsOfARemovedScreenshotBeforeItIsGone)
     EXPECT_TRUE(viewModel.attachments().isEmpty());
     report->screenshotFile = std::make_shared<WXLWexelFile>(QStringLiteral("screenshot.jpg"), QByteArray());
     EXPECT_TRUE(viewModel.attachments().isEmpty());
-    report->screenshotFile = screenshot();
+    report->screenshotFile = screenshotFile();
     ASSERT_EQ(viewModel.attachments().size(), 1);
     EXPECT_EQ(viewModel.attachments().first().size(), QSize(3, 5));
     std::shared_ptr<WXLWexelFile> removed;

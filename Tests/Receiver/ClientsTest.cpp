@@ -7,7 +7,6 @@ namespace {
 using testing::HasSubstr;
 
 const std::string clients = "/dashboard/api/clients";
-const std::string applications = "/api/1.0/issue_tracking/apps";
 
 std::string credentialsOf(const std::string &id, const std::string &secret)
 {
@@ -95,7 +94,8 @@ TEST_F(ClientsTest, BindsThemToApplications)
     Client client = add(administrator, R"({"bundle_ids":["org.example.app"]})");
     const auto registration = [&](const std::string &bundle, const std::string &more) {
         return client
-            .post(applications, R"({"bundle_id":")" + bundle + R"(","os":"a","platform":"b")" + more + "}")
+            .post(applicationsPath,
+                  R"({"bundle_id":")" + bundle + R"(","os":"a","platform":"b")" + more + "}")
             .status;
     };
     for (const std::string more : {"", R"(,"check_archived":true)"}) {

@@ -2,7 +2,6 @@
 
 namespace {
 
-const std::string applications = "/api/1.0/issue_tracking/apps";
 const std::string registration = R"({"bundle_id":"org.example.app","os":"iOS","platform":"iOS"})";
 const std::string enabledCheck
     = R"({"bundle_id":"org.example.app","check_archived":true,"os":"iOS","platform":"iOS"})";
@@ -111,7 +110,7 @@ TEST_F(ContractTest, RefusesRequestsWithoutAGoodToken)
     Client client = receiver->stranger();
     for (const std::string token : {"", "wrong", "%00"}) {
         client.token = token;
-        EXPECT_EQ(client.post(applications, registration).status, 401);
+        EXPECT_EQ(client.post(applicationsPath, registration).status, 401);
         EXPECT_EQ(client.upload("a", "b").status, 401);
         EXPECT_EQ(client.sendReport("{}").status, 401);
         EXPECT_EQ(client.request("GET", "/api/1.0/white-labeling").status, 401);
@@ -123,16 +122,16 @@ TEST_F(ContractTest, ArchivesAndUnarchivesWhileRunning)
 {
     start();
     Client client = receiver->client();
-    EXPECT_EQ(client.post(applications, enabledCheck).status, 200);
-    EXPECT_EQ(client.post(applications, registration).status, 200);
+    EXPECT_EQ(client.post(applicationsPath, enabledCheck).status, 200);
+    EXPECT_EQ(client.post(applicationsPath, registration).status, 200);
     EXPECT_EQ(client.sendReport("{}").status, 200);
     ASSERT_TRUE(receiver->setArchived(true));
-    EXPECT_EQ(client.post(applications, enabledCheck).status, 404);
-    EXPECT_EQ(client.post(applications, registration).status, 200);
+    EXPECT_EQ(client.post(applicationsPath, enabledCheck).status, 404);
+    EXPECT_EQ(client.post(applicationsPath, registration).status, 200);
     EXPECT_EQ(client.sendReport("{}").status, 403);
     EXPECT_EQ(client.sendReport("{}", "org.example.other").status, 200);
     ASSERT_TRUE(receiver->setArchived(false));
-    EXPECT_EQ(client.post(applications, enabledCheck).status, 200);
+    EXPECT_EQ(client.post(applicationsPath, enabledCheck).status, 200);
     EXPECT_EQ(client.sendReport(R"({"again":1})").status, 200);
     EXPECT_EQ(receiver->reports()->size(), 3U);
 }
@@ -143,7 +142,7 @@ TEST_F(ContractTest, AnswersWrongAddressesAndMethods)
     Client client = receiver->client();
     EXPECT_EQ(client.request("GET", "/nothing").status, 404);
     EXPECT_EQ(client.post("/api/1.0/issue_tracking/apps/a/b", "{}").status, 404);
-    const Reply wrongMethod = client.request("GET", applications);
+    const Reply wrongMethod = client.request("GET", applicationsPath);
     EXPECT_EQ(wrongMethod.status, 405);
     EXPECT_EQ(wrongMethod.header.get("Allow"), "POST");
     EXPECT_EQ(wrongMethod.text("error"), "The method must be POST");

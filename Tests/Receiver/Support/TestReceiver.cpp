@@ -72,7 +72,7 @@ Reply Client::upload(const std::string &fileName, const std::string &bytes)
 
 Reply Client::sendReport(const std::string &json, const std::string &bundle)
 {
-    return post("/api/1.0/issue_tracking/apps/" + bundle, json);
+    return post(applicationsPath + "/" + bundle, json);
 }
 
 Reply Client::authenticate(const std::string &body)

@@ -17,6 +17,7 @@
 
 /// The bundle id and the credentials that the tests use.
 inline const std::string bundleId = "org.example.app";
+inline const std::string applicationsPath = "/api/1.0/issue_tracking/apps";
 inline const std::string credentials = "grant_type=client_credentials&client_id=id&client_secret=se/cr+et";
 
 struct Reply {

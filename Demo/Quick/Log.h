@@ -1,0 +1,5 @@
+#pragma once
+
+#include <QLoggingCategory>
+
+inline Q_LOGGING_CATEGORY(cafe, "cafe")
