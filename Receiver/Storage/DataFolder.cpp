@@ -42,7 +42,7 @@ void create(const fs::path &folder)
 Descriptor lock(const fs::path &folder)
 {
     const fs::path file = folder / "lock";
-    Descriptor descriptor(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    Descriptor descriptor = openOrMakeFile(file, O_RDWR);
     if (!descriptor.isOpen())
         refuse(folder, std::generic_category().message(errno));
     if (::flock(descriptor.number(), LOCK_EX | LOCK_NB) != 0)
@@ -56,7 +56,11 @@ Descriptor prepare(const fs::path &folder, DataFolder::Access access)
         return Descriptor();
     if (access == DataFolder::Access::Serve || access == DataFolder::Access::Fill) {
         create(folder);
-        return access == DataFolder::Access::Serve ? lock(folder) : Descriptor();
+        Descriptor taken = access == DataFolder::Access::Serve ? lock(folder) : Descriptor();
+        // SQLite would make it root's if root came first; the files that it makes later get the owner of this one.
+        if (!makeFile(folder / databaseName).isOpen() && errno != EEXIST)
+            refuse(folder, std::generic_category().message(errno));
+        return taken;
     }
     std::error_code error;
     if (!fs::exists(folder / databaseName, error))

@@ -22,15 +22,14 @@ public:
     IncomingFolderFile(fs::path temporary, fs::path target)
         : m_path(std::move(temporary))
         , m_target(std::move(target))
-        , m_descriptor(::open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600))
+        , m_file(makeFile(m_path))
     {
-        if (m_descriptor < 0)
+        if (!m_file.isOpen())
             fail("create");
     }
 
     ~IncomingFolderFile() override
     {
-        ::close(m_descriptor);
         if (!m_path.empty())
             ::unlink(m_path.c_str());
     }
@@ -39,7 +38,7 @@ private:
     void append(std::string_view bytes) override
     {
         while (!bytes.empty()) {
-            const ssize_t written = ::write(m_descriptor, bytes.data(), bytes.size());
+            const ssize_t written = ::write(m_file.number(), bytes.data(), bytes.size());
             if (written >= 0)
                 bytes.remove_prefix(static_cast<std::size_t>(written));
             else if (errno != EINTR)
@@ -49,7 +48,7 @@ private:
 
     void finish() override
     {
-        if (::fsync(m_descriptor) != 0)
+        if (::fsync(m_file.number()) != 0)
             fail("sync");
         if (::rename(m_path.c_str(), m_target.c_str()) != 0)
             fail("publish");
@@ -66,7 +65,7 @@ private:
 
     fs::path m_path; ///< empty once published
     fs::path m_target;
-    int m_descriptor;
+    Descriptor m_file;
 };
 
 bool isOlder(const fs::path &file, std::int64_t before)

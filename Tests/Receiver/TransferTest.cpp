@@ -8,7 +8,9 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -204,6 +206,31 @@ TEST_P(TransferTest, KeepsAReportWhoseFileIsLostAndBringsTheFileBack)
     writeFile(file, good);
     EXPECT_EQ(importFrom(file, target).known, 1);
     EXPECT_EQ(bytesOf(target, imported()), bytes);
+}
+
+TEST_P(TransferTest, GivesWhatRootImportsToTheOwnerOfTheFolder)
+{
+    if (GetParam() == Keeping::PostgreSql || ::geteuid() != 0)
+        GTEST_SKIP() << "there is no folder, or nobody who could give away";
+    {
+        DataFolder source(place, Access::Serve);
+        addReport(source, R"({"screenshot_url":")" + addressOf(addFile(source, "bytes")) + "\"}");
+        exportTo(file, source, ExportScope::Reports);
+    }
+    const StoragePlace target = newPlace();
+    const std::filesystem::path owned = target.data.empty() ? target.files : target.data;
+    constexpr uid_t owner = 12345;
+    std::filesystem::create_directory(owned);
+    ASSERT_EQ(::chown(owned.c_str(), owner, owner), 0);
+    EXPECT_EQ(run("import", target).code, 0);
+    std::size_t files = 0;
+    for (const auto &entry : std::filesystem::recursive_directory_iterator(owned)) {
+        struct stat state = {};
+        ASSERT_EQ(::stat(entry.path().c_str(), &state), 0);
+        EXPECT_EQ(state.st_uid, owner) << entry.path();
+        files += entry.is_regular_file() ? 1 : 0;
+    }
+    EXPECT_GE(files, 2U);
 }
 
 TEST_P(TransferTest, RunsBesideAServerThatStartsAndChangesNoSchema)
