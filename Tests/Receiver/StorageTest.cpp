@@ -353,6 +353,15 @@ TEST_F(FolderTest, ExplainsLostBytes)
         return Poco::URI(client.upload("a", bytes).text("url")).getPath();
     };
     const std::string gone = path("gone");
+    const std::string unreadable = path("unreadable");
+    for (const auto &entry : std::filesystem::recursive_directory_iterator(data / "files")) {
+        if (!entry.is_regular_file() || readFile(entry.path()) != "unreadable")
+            continue;
+        std::filesystem::remove(entry.path());
+        std::filesystem::create_symlink(entry.path(), entry.path());
+        break;
+    }
+    EXPECT_EQ(client.request("GET", unreadable).status, 503);
     std::filesystem::remove_all(data / "files");
     EXPECT_EQ(client.request("GET", gone).status, 500);
     EXPECT_EQ(client.upload("a", "b").status, 503);

@@ -233,6 +233,24 @@ TEST_P(TransferTest, GivesWhatRootImportsToTheOwnerOfTheFolder)
     EXPECT_GE(files, 2U);
 }
 
+TEST_P(TransferTest, DoesNotTakeBytesForLostThatCantBeReadNow)
+{
+    if (GetParam() == Keeping::PostgreSql)
+        GTEST_SKIP() << "its errors are never taken for an answer";
+    DataFolder source(place, Access::Serve);
+    const StoredFile screenshot = addFile(source, "bytes");
+    addReport(source, R"({"screenshot_url":")" + addressOf(screenshot) + "\"}");
+    const auto path = source.files().pathOf(screenshot.location);
+    std::filesystem::remove(path);
+    std::filesystem::create_symlink(path, path); // which nobody can open, not even root
+    EXPECT_THROW(exportTo(file, source, ExportScope::Reports), StorageError);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    std::filesystem::remove(path);
+    std::filesystem::create_symlink("/proc/self/mem", path); // opens, and fails to be read
+    const auto stream = source.files().open(screenshot.location, 0);
+    EXPECT_THROW(stream->get(), StorageError);
+}
+
 TEST_P(TransferTest, RunsBesideAServerThatStartsAndChangesNoSchema)
 {
     const std::string location = randomId();
