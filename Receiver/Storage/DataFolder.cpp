@@ -63,7 +63,10 @@ Descriptor prepare(const fs::path &folder, DataFolder::Access access)
         return taken;
     }
     std::error_code error;
-    if (!fs::exists(folder / databaseName, error))
+    const bool isThere = fs::exists(folder / databaseName, error);
+    if (error)
+        refuse(folder, error.message());
+    if (!isThere)
         refuse(folder, "no wexel-receiver has served it yet");
     return Descriptor();
 }
