@@ -91,6 +91,12 @@ const std::vector<Step> &steps()
              "CREATE INDEX tokens_client ON tokens (client)",
          },
          [](Session &session) { session << "INSERT INTO inbox (id) VALUES ($1)", bind(randomId()), now; }},
+        {{
+            // Where the bytes of files are: 'database', 'folder', or not known before the first start.
+            "ALTER TABLE inbox ADD COLUMN bytes_in TEXT",
+            R"(UPDATE inbox SET bytes_in = CASE WHEN EXISTS (SELECT 1 FROM file_chunks) THEN 'database'
+                WHEN EXISTS (SELECT 1 FROM files WHERE size > 0) THEN 'folder' END)",
+        }},
     };
     return all;
 }

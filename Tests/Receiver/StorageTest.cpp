@@ -120,6 +120,34 @@ TEST_P(StorageTest, SweepsNoFilesOfAnotherInbox)
     EXPECT_EQ(earlierAfterSweep(), std::nullopt);
 }
 
+TEST_P(StorageTest, KeepsBytesInOnePlaceOnly)
+{
+    if (GetParam() == Keeping::Sqlite)
+        GTEST_SKIP() << "there is but one";
+    StoragePlace other = place;
+    other.files = place.files.empty() ? folder.path() / "elsewhere" : std::filesystem::path();
+    const auto expectRefusal = [&](Access access) {
+        try {
+            DataFolder(other, access);
+            ADD_FAILURE() << "opened";
+        } catch (const StorageError &error) {
+            EXPECT_THAT(error.what(),
+                        testing::HasSubstr(place.files.empty() ? "leave --files out" : "--files DIR"));
+        }
+        EXPECT_FALSE(std::filesystem::exists(folder.path() / "elsewhere"));
+    };
+    DataFolder storage(place, Access::Serve);
+    for (const Access access : {Access::Serve, Access::Fill, Access::Change, Access::Read})
+        expectRefusal(access);
+    // The versions before did not note it down.
+    addFile(storage, "bytes");
+    storage.database().write([](Poco::Data::Session &session) {
+        session << "ALTER TABLE inbox DROP COLUMN bytes_in", Poco::Data::Keywords::now;
+        session << "UPDATE schema_version SET version = 5", Poco::Data::Keywords::now;
+    });
+    expectRefusal(Access::Serve);
+}
+
 TEST_P(StorageTest, TakesAReportOnce)
 {
     DataFolder storage(place, Access::Serve);
