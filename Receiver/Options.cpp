@@ -1,6 +1,7 @@
 #include "Options.h"
 
 #include "BundleId.h"
+#include "RetentionLimits.h"
 #include "Storage/DatabaseAddress.h"
 #include "WhiteLabeling.h"
 
@@ -62,6 +63,10 @@ Poco::Util::OptionSet optionSet()
         with("bundle", "BUNDLE_ID", "With client add and client bind: the only one that it may report for.")
             .repeatable(true));
     set.addOption(Option("any-bundle", "", "With client bind: it may report for any.", false));
+    set.addOption(
+        with("max-age-days", "N", "With retention: reports older than that are removed; 0 for no limit."));
+    set.addOption(with("max-megabytes", "N",
+                       "With retention: the oldest reports beyond that are removed; 0 for no limit."));
     set.addOption(Option("json", "", "With reports: print JSON."));
     set.addOption(Option("help", "", "Print this text."));
     set.addOption(Option("version", "", "Print the version."));
@@ -148,6 +153,8 @@ void apply(Options &options, const std::string &name, const std::string &value)
         {"token-lifetime", [&] { options.tokenLifetime = asInt(tenYears); }},
         {"bundle", [&] { options.bundleIds.push_back(checkedBundleId(value)); }},
         {"any-bundle", [&] { options.anyBundle = true; }},
+        {"max-age-days", [&] { options.maximumAgeDays = number(name, value, 0, longestRetention); }},
+        {"max-megabytes", [&] { options.maximumMegabytes = number(name, value, 0, largestRetention >> 20); }},
         {"json", [&] { options.json = true; }},
         {"help", [&] { options.command = Command::Help; }},
         {"version", [&] { options.command = Command::Version; }},
@@ -194,10 +201,15 @@ void takePositional(Options &options, const std::vector<std::string> &words)
 {
     using Taker = void (*)(Options &, const std::vector<std::string> &);
     static const std::map<std::string, std::pair<Command, Taker>> commands
-        = {{"reports", {Command::Reports, takeNothing}},      {"archive", {Command::Archive, takeBundleId}},
-           {"unarchive", {Command::Unarchive, takeBundleId}}, {"password", {Command::Password, takeNothing}},
-           {"client", {Command::Client, takeClientAction}},   {"export", {Command::Export, takeFile}},
-           {"import", {Command::Import, takeFile}},           {"backup", {Command::Backup, takeFile}}};
+        = {{"reports", {Command::Reports, takeNothing}},
+           {"archive", {Command::Archive, takeBundleId}},
+           {"unarchive", {Command::Unarchive, takeBundleId}},
+           {"password", {Command::Password, takeNothing}},
+           {"client", {Command::Client, takeClientAction}},
+           {"export", {Command::Export, takeFile}},
+           {"retention", {Command::Retention, takeBundleId}},
+           {"import", {Command::Import, takeFile}},
+           {"backup", {Command::Backup, takeFile}}};
     if (words.empty())
         return;
     const auto found = commands.find(words.front());
@@ -266,14 +278,16 @@ std::string usage()
     formatter.setAutoIndent();
     formatter.setWidth(100);
     formatter.setCommand("wexel-receiver");
-    formatter.setUsage("--data DIR [OPTIONS]\n"
-                       "       wexel-receiver reports --data DIR [--json]\n"
-                       "       wexel-receiver archive|unarchive BUNDLE_ID --data DIR\n"
-                       "       wexel-receiver client add [ID] [--bundle BUNDLE_ID]... --data DIR\n"
-                       "       wexel-receiver client bind ID --bundle BUNDLE_ID...|--any-bundle --data DIR\n"
-                       "       wexel-receiver client list|rotate ID|revoke ID --data DIR\n"
-                       "       wexel-receiver password --data DIR\n"
-                       "       wexel-receiver export|import|backup FILE --data DIR");
+    formatter.setUsage(
+        "--data DIR [OPTIONS]\n"
+        "       wexel-receiver reports --data DIR [--json]\n"
+        "       wexel-receiver archive|unarchive BUNDLE_ID --data DIR\n"
+        "       wexel-receiver retention BUNDLE_ID [--max-age-days N] [--max-megabytes N] --data DIR\n"
+        "       wexel-receiver client add [ID] [--bundle BUNDLE_ID]... --data DIR\n"
+        "       wexel-receiver client bind ID --bundle BUNDLE_ID...|--any-bundle --data DIR\n"
+        "       wexel-receiver client list|rotate ID|revoke ID --data DIR\n"
+        "       wexel-receiver password --data DIR\n"
+        "       wexel-receiver export|import|backup FILE --data DIR");
     formatter.setHeader("Receives the bug reports that applications send with the Wexel library.");
     std::ostringstream stream;
     formatter.format(stream);

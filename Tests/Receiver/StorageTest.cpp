@@ -251,6 +251,27 @@ TEST_P(StorageTest, KeepsNoMoreThanTheRetention)
     EXPECT_EQ(reports.page({}).total, 4);
 }
 
+TEST_P(StorageTest, TakesTheRetentionFromACommand)
+{
+    DataFolder storage(place, Access::Serve);
+    addReport(storage, "{}");
+    const auto run = [&](const std::string &bundle, std::vector<std::string> words) {
+        words.insert(words.begin(), {"retention", bundle});
+        for (const std::string &option : optionsOf(place))
+            words.push_back(option);
+        return runReceiver(words);
+    };
+    EXPECT_EQ(run(bundleId, {"--max-age-days", "30", "--max-megabytes", "2"}).output,
+              "max_age_days: 30\nmax_bytes: 2097152\n");
+    EXPECT_EQ(run(bundleId, {"--max-age-days", "0"}).output, "max_age_days: none\nmax_bytes: 2097152\n");
+    EXPECT_EQ(run(bundleId, {}).output, "max_age_days: none\nmax_bytes: 2097152\n");
+    const Retention retention = storage.reports().applications().at(0).retention;
+    EXPECT_EQ(retention.maximumAgeDays, std::nullopt);
+    EXPECT_EQ(retention.maximumBytes, 2097152);
+    EXPECT_EQ(run("unknown", {"--max-age-days", "1"}).code, 1);
+    EXPECT_EQ(run(bundleId, {"--max-age-days", "36501"}).code, 2);
+}
+
 TEST_P(StorageTest, StopsRemovingWhenTheRetentionIsLifted)
 {
     DataFolder storage(place, Access::Serve);
