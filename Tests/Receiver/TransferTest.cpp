@@ -356,6 +356,16 @@ TEST_P(TransferTest, RefusesWhatNoExportHolds)
     EXPECT_FALSE(target.reports().file(id));
 }
 
+TEST(TarWriterTest, SaysThatTheDiskIsFull)
+{
+    const TemporaryFolder folder;
+    DataFolder({folder.path()}, Access::Serve);
+    Program backup({"/bin/sh", "-c", WEXEL_RECEIVER " backup - --data \"$0\" >/dev/full", folder.path()},
+                   Program::Output::Both);
+    EXPECT_THAT(backup.readAll(), testing::EndsWith(": No space left on device\n"));
+    EXPECT_EQ(backup.wait(), 1);
+}
+
 TEST(TarWriterTest, TwoWriteToOneName)
 {
     const TemporaryFolder folder;
