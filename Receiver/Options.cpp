@@ -51,6 +51,10 @@ Poco::Util::OptionSet optionSet()
                        "A proxy, or a network of them, whose X-Forwarded-For tells who sends a request.")
                       .repeatable(true));
     set.addOption(with("white-labeling", "FILE", "JSON of the branding to offer."));
+    set.addOption(
+        with("max-age-days", "N", "With retention: reports older than that are removed; 0 for no limit."));
+    set.addOption(with("max-megabytes", "N",
+                       "With retention: the oldest reports beyond that are removed; 0 for no limit."));
     set.addOption(with("max-file-size", "BYTES", "Largest file that is taken (67108864)."));
     set.addOption(with("max-report-size", "BYTES", "Largest report that is taken (16777216)."));
     set.addOption(with("max-connections", "N", "Connections served at once (256)."));
@@ -63,10 +67,6 @@ Poco::Util::OptionSet optionSet()
         with("bundle", "BUNDLE_ID", "With client add and client bind: the only one that it may report for.")
             .repeatable(true));
     set.addOption(Option("any-bundle", "", "With client bind: it may report for any.", false));
-    set.addOption(
-        with("max-age-days", "N", "With retention: reports older than that are removed; 0 for no limit."));
-    set.addOption(with("max-megabytes", "N",
-                       "With retention: the oldest reports beyond that are removed; 0 for no limit."));
     set.addOption(Option("json", "", "With reports: print JSON."));
     set.addOption(Option("help", "", "Print this text."));
     set.addOption(Option("version", "", "Print the version."));
