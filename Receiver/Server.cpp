@@ -18,6 +18,8 @@
 #include <Poco/Net/TCPServer.h>
 #include <Poco/ThreadPool.h>
 
+#include <openssl/ssl.h>
+
 #include <limits>
 
 namespace wexel::receiver {
@@ -46,6 +48,10 @@ ServerSocket secureSocket(const Options &options)
     try {
         Context::Ptr context = new Context(Context::TLS_SERVER_USE, parameters);
         context->requireMinimumProtocol(Context::PROTO_TLSV1_2);
+        // OpenSSL drops a key that does not fit, without a word, and every handshake would fail.
+        if (::SSL_CTX_check_private_key(context->sslContext()) != 1)
+            throw std::runtime_error("The key in " + options.privateKeyFile
+                                     + " does not belong to the certificate in " + options.certificateFile);
         return Poco::Net::SecureServerSocket(context);
     } catch (const Poco::Exception &error) {
         throw std::runtime_error("Can't use the certificate " + options.certificateFile + " with the key "
