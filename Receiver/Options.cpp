@@ -5,6 +5,7 @@
 #include "WhiteLabeling.h"
 
 #include <Poco/Exception.h>
+#include <Poco/Net/IPAddress.h>
 #include <Poco/NumberParser.h>
 #include <Poco/URI.h>
 #include <Poco/Util/HelpFormatter.h>
@@ -219,6 +220,19 @@ void checkPlace(const StoragePlace &place)
         connectionOptions(place.database);
 }
 
+/// The addresses of files go into reports for good, so they must lead somewhere.
+void checkFileAddresses(const Options &options)
+{
+    Poco::Net::IPAddress address;
+    const bool isAnyAddress
+        = Poco::Net::IPAddress::tryParse(options.listenHost, address) && address.isWildcard();
+    if (isAnyAddress && options.publicUrl.empty())
+        throw UsageError(
+            "--listen " + options.listenHost
+            + " is no address that anybody could ask: give the one that clients reach this receiver "
+              "at, as in --public-url https://reports.example.org/");
+}
+
 void check(const Options &options)
 {
     if (options.command == Command::Help || options.command == Command::Version)
@@ -228,6 +242,7 @@ void check(const Options &options)
         return;
     if (options.certificateFile.empty() != options.privateKeyFile.empty())
         throw UsageError("--tls-cert and --tls-key must be given together");
+    checkFileAddresses(options);
 }
 
 } // namespace

@@ -36,6 +36,8 @@ TEST_F(CommandsTest, ExplainsWrongOptions)
                 HasSubstr("--tls-key"));
     EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--public-url", "ftp://x"}),
                 HasSubstr("--public-url"));
+    EXPECT_THAT(complaint({"--data", folderName, "--listen", "0.0.0.0:0"}), HasSubstr("--public-url"));
+    EXPECT_THAT(complaint({"--data", folderName, "--listen", "[::]:0"}), HasSubstr("--public-url"));
     const auto branding = folder.path() / "branding.json";
     writeFile(branding, R"({"text_color":"#fff"})");
     EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--white-labeling", branding.string()}),
