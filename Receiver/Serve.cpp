@@ -48,11 +48,14 @@ int serve(const Options &options)
     // Each digest holds one of these; were the last of them let go by one thread while another takes one, OpenSSL would be
     // torn down under it.
     const Poco::Crypto::OpenSSLInitializer openSsl;
+    // First what may fail without a trace; the password last, as it is told only once.
+    const std::optional<std::string> given = givenPassword(options);
+    Port port(options);
     DataFolder data(options.place, DataFolder::Access::Serve);
-    const HourlyMaintenance maintenance({data.files(), data.reports()});
-    if (const auto password = setFirstPassword(options, data.database()))
+    if (const auto password = setFirstPassword(given, data.database()))
         std::cout << "Dashboard password: " << *password << std::endl;
-    Server server(options, data);
+    Server server(options, data, std::move(port));
+    const HourlyMaintenance maintenance({data.files(), data.reports()});
     logEvent("started", {{"url", server.url()}, {"data", options.place.data.string()}});
     std::cout << "Listening on " << server.url() << std::endl;
     const int signal = waitForEnd(signals);

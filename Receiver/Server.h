@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Options.h"
+#include "Port.h"
 #include "Storage/DataFolder.h"
 
 #include <memory>
@@ -9,12 +10,12 @@
 
 namespace wexel::receiver {
 
-/// Serves the API until it is stopped. Constructing it opens the port; from then on it answers on threads of its own.
+/// Serves the API until it is stopped. From its construction on it answers on threads of its own.
 class Server
 {
 public:
-    /// Both must outlive it. Throws std::runtime_error with a text for the user.
-    Server(const Options &options, DataFolder &data);
+    /// The options and the data must outlive it. Throws std::runtime_error with a text for the user.
+    Server(const Options &options, DataFolder &data, Port port);
     ~Server();
     Server(const Server &) = delete;
     Server &operator=(const Server &) = delete;

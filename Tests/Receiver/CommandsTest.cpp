@@ -73,9 +73,16 @@ TEST_F(CommandsTest, ExplainsUnusableFolders)
     EXPECT_EQ(second.code, 1);
     EXPECT_THAT(second.output, HasSubstr("another wexel-receiver"));
     const std::string address = "127.0.0.1:" + std::to_string(receiver->url().getPort());
-    const Result taken = runReceiver({"--data", data.string() + "2", "--client", "a:b", "--listen", address});
+    const std::string other = data.string() + "2";
+    const Result taken = runReceiver({"--data", other, "--client", "a:b", "--listen", address});
     EXPECT_EQ(taken.code, 1);
     EXPECT_THAT(taken.output, HasSubstr("Can't listen"));
+    writeFile(file, "short\n");
+    const Result weak = runReceiver({"--data", other, "--admin-password-file", file.string()});
+    EXPECT_EQ(weak.code, 2);
+    EXPECT_THAT(weak.output,
+                HasSubstr("--admin-password-file " + file.string() + ": A password has at least"));
+    EXPECT_FALSE(std::filesystem::exists(other)) << "a start that failed has left something";
 }
 
 TEST_F(CommandsTest, KeepsAFolderThatWasThereToTheOwner)
