@@ -29,7 +29,8 @@ struct Answer {
     /// If set, writes the body, whose length nobody knows before. To throw breaks the connection off.
     std::function<void(std::ostream &)> writer = {};
     std::vector<std::pair<std::string, std::string>> headers = {};
-    std::string route = {}; ///< what gave it, with its method, for the counts; empty: no route
+    std::string route
+        = {}; ///< what gave it or, for a wrong method, could have; with its method, for the counts; empty: no route
     bool brokenOff = false; ///< close the connection one byte short of the announced length
 };
 

@@ -94,7 +94,7 @@ void sendBody(std::ostream &stream, Answer &answer)
     stream.flush();
 }
 
-void send(HTTPServerResponseImpl &response, Answer &answer)
+void send(HTTPServerResponseImpl &response, Answer &answer, bool isHead = false)
 {
     response.setStatusAndReason(answer.status);
     response.setDate(Poco::Timestamp());
@@ -104,7 +104,11 @@ void send(HTTPServerResponseImpl &response, Answer &answer)
     response.set("Cache-Control", "no-store");
     for (const auto &[name, value] : answer.headers)
         response.set(name, value);
-    sendBody(response.send(), answer);
+    std::ostream &stream = response.send();
+    if (isHead)
+        stream.flush();
+    else
+        sendBody(stream, answer);
 }
 
 } // namespace
@@ -211,7 +215,7 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
     record(sender, request, answer, body ? body->size() : 0, started);
     watch.enter(Phase::Answering, m_service.requestTimeout * answerTimeFactor);
     try {
-        send(response, answer);
+        send(response, answer, request.getMethod() == HTTPServerRequestImpl::HTTP_HEAD);
     } catch (...) {
         // Or the response would write the last of its chunks, and half a body pass for a whole one.
         ::shutdown(socket().impl()->sockfd(), SHUT_RDWR);
