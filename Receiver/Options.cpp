@@ -14,6 +14,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <sstream>
 
 namespace wexel::receiver {
@@ -233,6 +234,24 @@ void checkFileAddresses(const Options &options)
               "at, as in --public-url https://reports.example.org/");
 }
 
+/// Whoever gives an option expects something of it.
+void checkUse(const std::vector<std::string> &names, const std::vector<std::string> &words)
+{
+    static const std::set<std::string> everybodys = {"data", "database", "files"};
+    // All others are the server's.
+    static const std::map<std::string, std::set<std::string>> users
+        = {{"json", {"reports"}}, {"bundle", {"client add", "client bind"}}, {"any-bundle", {"client bind"}}};
+    std::string command = words.empty() ? "the server" : words.front();
+    if (command == "client")
+        command += ' ' + words.at(1);
+    for (const std::string &name : names) {
+        const auto found = users.find(name);
+        const bool isUsed = found == users.end() ? words.empty() : found->second.contains(command);
+        if (!isUsed && !everybodys.contains(name))
+            throw UsageError("--" + name + " does not go with " + command);
+    }
+}
+
 void check(const Options &options)
 {
     if (options.command == Command::Help || options.command == Command::Version)
@@ -251,6 +270,7 @@ Options parseOptions(const std::vector<std::string> &arguments)
 {
     Options options;
     std::vector<std::string> words;
+    std::vector<std::string> names;
     const Poco::Util::OptionSet set = optionSet();
     Poco::Util::OptionProcessor processor(set);
     processor.setUnixStyle(true);
@@ -260,15 +280,19 @@ Options parseOptions(const std::vector<std::string> &arguments)
             std::string value;
             if (!processor.process(argument, name, value))
                 words.push_back(argument);
-            else if (!name.empty())
+            else if (!name.empty()) {
                 apply(options, name, value);
+                names.push_back(name);
+            }
         }
         processor.checkRequired();
     } catch (const Poco::Exception &error) {
         throw UsageError(error.displayText());
     }
-    if (options.command == Command::Serve)
+    if (options.command == Command::Serve) {
         takePositional(options, words);
+        checkUse(names, words);
+    }
     check(options);
     return options;
 }

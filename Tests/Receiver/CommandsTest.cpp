@@ -47,6 +47,16 @@ TEST_F(CommandsTest, ExplainsWrongOptions)
     EXPECT_THAT(complaint({"--database", "mysql://x/y"}), HasSubstr("postgresql://"));
     EXPECT_THAT(complaint({"--database", "postgresql://a:b%20c@x/y"}), HasSubstr("blank"));
     EXPECT_THAT(complaint({"export", "--data", folderName}), HasSubstr("FILE"));
+    const auto misused = [&](std::vector<std::string> arguments) {
+        arguments.insert(arguments.end(), {"--data", folderName});
+        return complaint(std::move(arguments));
+    };
+    EXPECT_THAT(misused({"--json"}), HasSubstr("--json does not go with the server"));
+    EXPECT_THAT(misused({"backup", "x", "--json"}), HasSubstr("--json does not go with backup"));
+    EXPECT_THAT(misused({"backup", "x", "--listen", "[::1]:5"}),
+                HasSubstr("--listen does not go with backup"));
+    EXPECT_THAT(misused({"client", "list", "--bundle", "a"}),
+                HasSubstr("--bundle does not go with client list"));
     EXPECT_FALSE(std::filesystem::exists(data));
     EXPECT_EQ(runReceiver({"--help"}).code, 0);
     EXPECT_THAT(runReceiver({"--version"}).output, HasSubstr("wexel-receiver 1."));
@@ -95,6 +105,19 @@ TEST_F(CommandsTest, KeepsAFolderThatWasThereToTheOwner)
     for (const auto &entry : std::filesystem::recursive_directory_iterator(data))
         EXPECT_EQ(entry.status().permissions() & (perms::group_all | perms::others_all), perms::none)
             << entry.path();
+}
+
+TEST_F(CommandsTest, ArchivesWhatIsNotKnownButDoesNotAllowIt)
+{
+    start();
+    const auto run = [&](const std::string &command) {
+        return runReceiver({command, "org.example.new", "--data", data.string()});
+    };
+    const Result unknown = run("unarchive");
+    EXPECT_EQ(unknown.code, 1);
+    EXPECT_EQ(unknown.output, "wexel-receiver: org.example.new is not known\n");
+    EXPECT_THAT(run("archive").output, HasSubstr("(it was not known before)"));
+    EXPECT_EQ(run("unarchive").output, "org.example.new may send reports\n");
 }
 
 TEST_F(CommandsTest, ListsReportsAsATable)
