@@ -5,13 +5,13 @@
 #include "WhiteLabeling.h"
 
 #include <Poco/Exception.h>
-#include <Poco/Net/IPAddress.h>
 #include <Poco/NumberParser.h>
 #include <Poco/URI.h>
 #include <Poco/Util/HelpFormatter.h>
 #include <Poco/Util/OptionProcessor.h>
 #include <Poco/Util/OptionSet.h>
 
+#include <arpa/inet.h>
 #include <functional>
 #include <map>
 #include <set>
@@ -221,13 +221,20 @@ void checkPlace(const StoragePlace &place)
         connectionOptions(place.database);
 }
 
+/// In any spelling. Poco's reader takes "::" for a fault.
+bool isAnyAddress(const std::string &host)
+{
+    in_addr four = {};
+    in6_addr six = {};
+    if (::inet_aton(host.c_str(), &four) == 1)
+        return four.s_addr == INADDR_ANY;
+    return ::inet_pton(AF_INET6, host.c_str(), &six) == 1 && IN6_IS_ADDR_UNSPECIFIED(&six);
+}
+
 /// The addresses of files go into reports for good, so they must lead somewhere.
 void checkFileAddresses(const Options &options)
 {
-    Poco::Net::IPAddress address;
-    const bool isAnyAddress
-        = Poco::Net::IPAddress::tryParse(options.listenHost, address) && address.isWildcard();
-    if (isAnyAddress && options.publicUrl.empty())
+    if (isAnyAddress(options.listenHost) && options.publicUrl.empty())
         throw UsageError(
             "--listen " + options.listenHost
             + " is no address that anybody could ask: give the one that clients reach this receiver "
