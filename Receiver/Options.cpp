@@ -8,6 +8,7 @@
 #include <Poco/NumberParser.h>
 #include <Poco/URI.h>
 #include <Poco/Util/HelpFormatter.h>
+#include <Poco/Util/OptionException.h>
 #include <Poco/Util/OptionProcessor.h>
 #include <Poco/Util/OptionSet.h>
 
@@ -70,12 +71,12 @@ Poco::Util::OptionSet optionSet()
     return set;
 }
 
-std::uint64_t number(const std::string &name, const std::string &text, std::uint64_t least,
+std::uint64_t number(const std::string &what, const std::string &text, std::uint64_t least,
                      std::uint64_t most)
 {
     Poco::UInt64 value = 0;
     if (!Poco::NumberParser::tryParseUnsigned64(text, value) || value < least || value > most)
-        throw UsageError("--" + name + " must be a number from " + std::to_string(least) + " to "
+        throw UsageError(what + " must be a number from " + std::to_string(least) + " to "
                          + std::to_string(most) + ", not \"" + text + "\"");
     return value;
 }
@@ -89,7 +90,8 @@ void setListen(Options &options, const std::string &text)
     options.listenHost = text.substr(0, colon);
     if (options.listenHost.front() == '[' && options.listenHost.back() == ']')
         options.listenHost = options.listenHost.substr(1, options.listenHost.size() - 2);
-    options.listenPort = static_cast<std::uint16_t>(number("listen", text.substr(colon + 1), 0, 65535));
+    options.listenPort
+        = static_cast<std::uint16_t>(number("--listen: the port", text.substr(colon + 1), 0, 65535));
 }
 
 void setPublicUrl(Options &options, std::string text)
@@ -127,7 +129,8 @@ void apply(Options &options, const std::string &name, const std::string &value)
 {
     constexpr std::uint64_t gigabyte = 1024 * 1024 * 1024;
     constexpr std::uint64_t tenYears = 10ULL * 366 * 24 * 3600;
-    const auto asInt = [&](std::uint64_t most) { return static_cast<int>(number(name, value, 1, most)); };
+    const auto asNumber = [&](std::uint64_t most) { return number("--" + name, value, 1, most); };
+    const auto asInt = [&](std::uint64_t most) { return static_cast<int>(asNumber(most)); };
     const std::map<std::string, std::function<void()>> setters = {
         {"data", [&] { options.place.data = value; }},
         {"database", [&] { options.place.database = value; }},
@@ -141,11 +144,11 @@ void apply(Options &options, const std::string &name, const std::string &value)
         {"public-url", [&] { setPublicUrl(options, value); }},
         {"trusted-proxy", [&] { addTrustedProxy(options, value); }},
         {"white-labeling", [&] { options.whiteLabeling = readWhiteLabeling(value); }},
-        {"max-file-size", [&] { options.maximumFileSize = number(name, value, 1, 1024 * gigabyte); }},
-        {"max-report-size", [&] { options.maximumReportSize = number(name, value, 1, gigabyte / 2); }},
+        {"max-file-size", [&] { options.maximumFileSize = asNumber(1024 * gigabyte); }},
+        {"max-report-size", [&] { options.maximumReportSize = asNumber(gigabyte / 2); }},
         {"max-connections", [&] { options.maximumConnections = asInt(10000); }},
         {"request-timeout", [&] { options.requestTimeout = asInt(3600); }},
-        {"least-rate", [&] { options.leastRate = number(name, value, 1, gigabyte); }},
+        {"least-rate", [&] { options.leastRate = asNumber(gigabyte); }},
         {"idle-timeout", [&] { options.idleTimeout = asInt(3600); }},
         {"token-lifetime", [&] { options.tokenLifetime = asInt(tenYears); }},
         {"bundle", [&] { options.bundleIds.push_back(checkedBundleId(value)); }},
@@ -271,6 +274,31 @@ void check(const Options &options)
     checkFileAddresses(options);
 }
 
+/// Why \a argument names no option.
+std::string namingFault(const Poco::Util::OptionSet &set, const std::string &argument)
+{
+    const std::string given = argument.substr(0, argument.find('='));
+    std::string candidates;
+    for (const Option &option : set) {
+        const std::string name = "--" + option.fullName();
+        if (name.starts_with(given))
+            candidates += (candidates.empty() ? "" : " or ") + name;
+    }
+    return candidates.empty() ? "Unknown option " + given : given + " may be " + candidates;
+}
+
+/// Gives \a name and \a value, unless that comes with the next argument. False if \a argument is no option.
+bool takeOption(Poco::Util::OptionProcessor &processor, const Poco::Util::OptionSet &set,
+                const std::string &argument, std::string &name, std::string &value)
+{
+    try {
+        return processor.process(argument, name, value);
+    } catch (const Poco::Util::UnknownOptionException &) {
+    } catch (const Poco::Util::AmbiguousOptionException &) {
+    }
+    throw UsageError(namingFault(set, argument));
+}
+
 } // namespace
 
 Options parseOptions(const std::vector<std::string> &arguments)
@@ -285,7 +313,7 @@ Options parseOptions(const std::vector<std::string> &arguments)
         for (const std::string &argument : arguments) {
             std::string name;
             std::string value;
-            if (!processor.process(argument, name, value))
+            if (!takeOption(processor, set, argument, name, value))
                 words.push_back(argument);
             else if (!name.empty()) {
                 apply(options, name, value);

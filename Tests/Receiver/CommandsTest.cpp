@@ -30,6 +30,13 @@ TEST_F(CommandsTest, ExplainsWrongOptions)
                 HasSubstr("HOST:PORT"));
     EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--listen", "::1:x"}),
                 HasSubstr("number"));
+    EXPECT_THAT(complaint({"--data", folderName, "--listen", "[::1]:99999"}),
+                HasSubstr("--listen: the port must be a number from 0 to 65535"));
+    EXPECT_THAT(complaint({"--dat", folderName}), HasSubstr("--dat may be --data or --database\n"));
+    EXPECT_THAT(complaint({"--max-things=3"}), HasSubstr("Unknown option --max-things\n"));
+    const std::string clients = folder.path() / "clients";
+    writeFile(clients, "# two\n\na:b\nnosecret\n");
+    EXPECT_THAT(complaint({"--data", folderName, "--clients", clients}), HasSubstr(clients + " line 4: "));
     EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--request-timeout", "0"}),
                 HasSubstr("1 to"));
     EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--tls-cert", "x"}),
