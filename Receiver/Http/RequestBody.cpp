@@ -77,9 +77,10 @@ void RequestBody::checkLength(const HTTPRequest &request)
     m_atEnd = m_length == 0;
 }
 
-void RequestBody::setLimit(std::uint64_t bytes, const std::string &what)
+void RequestBody::setLimit(std::uint64_t bytes, const std::string &what, std::uint64_t beside)
 {
-    m_limit = bytes;
+    m_limit = bytes + beside;
+    m_namedLimit = bytes;
     m_what = what;
     if (m_length > m_limit)
         failTooBig();
@@ -143,7 +144,7 @@ void RequestBody::drain()
 void RequestBody::failTooBig() const
 {
     throw HttpError(Status::HTTP_REQUEST_ENTITY_TOO_LARGE,
-                    m_what + " is larger than the limit of " + std::to_string(m_limit) + " bytes");
+                    m_what + " is larger than the limit of " + std::to_string(m_namedLimit) + " bytes");
 }
 
 void RequestBody::failTruncated() const

@@ -22,8 +22,9 @@ public:
     RequestBody(Poco::Net::HTTPServerRequestImpl &request, Poco::Net::HTTPServerResponseImpl &response,
                 Watchdog::Watch &watch, std::uint64_t leastRate);
 
-    /// \a what names the body in the error's text, as in "The file". To be called before reading.
-    void setLimit(std::uint64_t bytes, const std::string &what);
+    /// \a what names the body in the error's text, as in "The file", and \a bytes the limit that somebody has set; \a beside
+    /// are taken beyond it, for what frames the content. To be called before reading.
+    void setLimit(std::uint64_t bytes, const std::string &what, std::uint64_t beside = 0);
 
     /// Reads up to \a size bytes and returns how many; 0 at the end of the body.
     std::size_t read(char *buffer, std::size_t size);
@@ -55,7 +56,8 @@ private:
     bool m_expectsContinue;
     bool m_isChunked;
     std::uint64_t m_length = 0; ///< of a body that is not chunked
-    std::uint64_t m_limit = 0;
+    std::uint64_t m_limit = 0; ///< of the whole body
+    std::uint64_t m_namedLimit = 0;
     std::string m_what;
     std::uint64_t m_read = 0;
     bool m_atEnd = false;
