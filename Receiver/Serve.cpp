@@ -6,6 +6,7 @@
 #include "Storage/Maintenance.h"
 
 #include <Poco/Crypto/OpenSSLInitializer.h>
+#include <Poco/URI.h>
 
 #include <csignal>
 #include <iostream>
@@ -39,6 +40,18 @@ void ignoreSignals()
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
+/// Where the reports are, for the log: without user, password and all options.
+std::string nameOf(const StoragePlace &place)
+{
+    if (place.database.empty())
+        return (std::filesystem::absolute(place.data) / "receiver.sqlite").string();
+    const Poco::URI uri(place.database);
+    std::string host = uri.getHost();
+    for (const auto &[name, value] : uri.getQueryParameters())
+        host = name == "host" ? value : host;
+    return "postgresql://" + host + uri.getPath();
+}
+
 } // namespace
 
 int serve(const Options &options)
@@ -56,7 +69,9 @@ int serve(const Options &options)
         std::cout << "Dashboard password: " << *password << std::endl;
     Server server(options, data, std::move(port));
     const HourlyMaintenance maintenance({data.files(), data.reports()});
-    logEvent("started", {{"url", server.url()}, {"data", options.place.data.string()}});
+    logEvent(
+        "started",
+        {{"version", WEXEL_RECEIVER_VERSION}, {"url", server.url()}, {"database", nameOf(options.place)}});
     std::cout << "Listening on " << server.url() << std::endl;
     const int signal = waitForEnd(signals);
     logEvent("stopping", {{"signal", std::to_string(signal)}});
