@@ -60,7 +60,7 @@ void record(const std::string &peer, const HTTPServerRequestImpl &request, const
               {"status", std::to_string(answer.status)},
               {"received", std::to_string(received)},
               {"ms", std::to_string(duration.count())},
-              {"error", answer.status < Status::HTTP_BAD_REQUEST ? "" : answer.body}});
+              {"error", answer.fault}});
 }
 
 bool hasBody(Status status)
@@ -235,7 +235,8 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
 void Connection::sendUnasked(HTTPServerSession &session, Answer answer) const
 {
     answer.brokenOff = true; // it may have been an upload
-    logEvent("request_refused", {{"peer", m_peer}, {"status", std::to_string(answer.status)}});
+    logEvent("request_refused",
+             {{"peer", m_peer}, {"status", std::to_string(answer.status)}, {"error", answer.fault}});
     Metrics::instance().countRefusal(answer.status);
     HTTPServerResponseImpl response(session);
     response.setVersion(HTTPMessage::HTTP_1_1);

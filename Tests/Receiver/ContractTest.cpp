@@ -65,7 +65,7 @@ TEST_F(ContractTest, ServesFilesSafely)
     EXPECT_EQ(client.request("GET", "/api/1.0/files/00000000000000000000000000000000").status, 404);
 }
 
-TEST_F(ContractTest, LogsNoFileIds)
+TEST_F(ContractTest, LogsWhatItNeedsAndNoFileIds)
 {
     const auto log = folder.path() / "log";
     start({}, {"/bin/sh", "-c", "exec \"$0\" \"$@\" 2>" + log.string()});
@@ -77,6 +77,8 @@ TEST_F(ContractTest, LogsNoFileIds)
     const std::string text = readFile(log);
     EXPECT_NE(text.find("path=/api/1.0/files/" + id.substr(0, 8) + "... "), std::string::npos) << text;
     EXPECT_EQ(text.find(id), std::string::npos) << text;
+    EXPECT_NE(text.find(" error=\"There is nothing at this address\"\n"), std::string::npos) << text;
+    EXPECT_NE(text.find(" database=" + (data / "receiver.sqlite\n").string()), std::string::npos) << text;
 }
 
 TEST_F(ContractTest, IssuesTokensToKnownClientsOnly)
