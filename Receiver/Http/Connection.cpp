@@ -4,12 +4,14 @@
 #include "Metrics.h"
 
 #include <Poco/Net/NetException.h>
+#include <Poco/Net/SecureStreamSocket.h>
 #include <Poco/StreamCopier.h>
 
 #include <algorithm>
 #include <array>
 #include <optional>
 #include <sys/socket.h>
+#include <utility>
 
 namespace wexel::receiver {
 
@@ -116,6 +118,7 @@ void send(HTTPServerResponseImpl &response, Answer &answer, bool isHead = false)
 Connection::Connection(const Poco::Net::StreamSocket &socket, Service &service)
     : TCPServerConnection(socket)
     , m_service(service)
+    , m_needsHandshake(socket.secure())
 {
 }
 
@@ -163,6 +166,8 @@ void Connection::refuse(HTTPServerSession &session, Watchdog::Watch &watch)
 bool Connection::serveRequest(HTTPServerSession &session, Watchdog::Watch &watch)
 {
     watch.enter(Phase::Receiving, m_service.requestTimeout);
+    if (!completeHandshake(watch))
+        return false;
     try {
         HTTPServerResponseImpl response(session);
         HTTPServerRequestImpl request(response, session, m_service.parameters.get());
@@ -178,6 +183,25 @@ bool Connection::serveRequest(HTTPServerSession &session, Watchdog::Watch &watch
                                     : errorAnswer(Status::HTTP_BAD_REQUEST, "This is not an HTTP request");
     watch.enter(Phase::Answering, lingerTime);
     sendUnasked(session, std::move(answer));
+    return false;
+}
+
+/// Reading would do it, too, but a failure would pass for a broken request.
+bool Connection::completeHandshake(const Watchdog::Watch &watch)
+{
+    if (!std::exchange(m_needsHandshake, false))
+        return true;
+    char first = 0;
+    if (::recv(socket().impl()->sockfd(), &first, 1, MSG_PEEK | MSG_DONTWAIT) == 0)
+        return false; // It has left without a word, as whoever only looks for an open port does.
+    std::string fault = "The peer has left";
+    try {
+        if (Poco::Net::SecureStreamSocket(socket()).completeHandshake() > 0)
+            return true;
+    } catch (const Poco::Exception &error) {
+        fault = error.displayText();
+    }
+    logEvent("tls_failed", {{"peer", m_peer}, {"error", watch.expired() ? "It took too long" : fault}});
     return false;
 }
 

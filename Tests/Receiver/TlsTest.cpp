@@ -29,7 +29,7 @@ protected:
     {
         makeCertificate(certificate, key);
         options.insert(options.end(), {"--tls-cert", certificate, "--tls-key", key});
-        start(std::move(options));
+        start(std::move(options), {"/bin/sh", "-c", "exec \"$0\" \"$@\" 2>" + log.string()});
         context = new Context(Context::TLS_CLIENT_USE, certificate, Context::VERIFY_STRICT);
         Poco::Net::SSLManager::instance().initializeClient(
             nullptr, new Poco::Net::RejectCertificateHandler(false), context);
@@ -45,6 +45,7 @@ protected:
 
     std::string certificate = (folder.path() / "cert.pem").string();
     std::string key = (folder.path() / "key.pem").string();
+    std::filesystem::path log = folder.path() / "log";
     Context::Ptr context;
 };
 
@@ -70,6 +71,8 @@ TEST_F(TlsTest, ServesOverTls)
     send(plain, "GET / HTTP/1.1\r\n\r\n");
     EXPECT_TRUE(readUntilClosed(plain).has_value());
     EXPECT_EQ(client.sendReport("{}").status, 200);
+    EXPECT_THAT(readFile(log),
+                testing::ContainsRegex("event=tls_failed peer=[^ ]+ error=[^\n]*http request"));
 }
 
 TEST_F(TlsTest, CutsOffSlowPeers)
@@ -78,6 +81,8 @@ TEST_F(TlsTest, CutsOffSlowPeers)
     auto silent = receiver->connect();
     send(silent, "\x16"); // The first byte of a handshake, and no more.
     EXPECT_TRUE(readUntilClosed(silent).has_value());
+    EXPECT_THAT(readFile(log),
+                testing::ContainsRegex("event=tls_failed peer=[^ ]+ error=\"It took too long\""));
     auto slow = connectSecurely();
     send(slow, "POST /auth/oauth2/token HTTP/1.1\r\nContent-Length: 9999\r\n\r\nx");
     EXPECT_TRUE(readUntilClosed(slow).has_value());
