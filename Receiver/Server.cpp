@@ -26,7 +26,6 @@ namespace {
 
 /// Threads beyond the limit of connections, which tell clients that they are too many.
 constexpr int spareThreads = 16;
-constexpr std::chrono::seconds stopGrace{10};
 const std::string filesPath = "api/1.0/files";
 
 Poco::Net::HTTPServerParams::Ptr parametersFor(const Options &options)
@@ -116,11 +115,11 @@ std::vector<std::string> Server::routes() const
     return m_parts->router.routes();
 }
 
-void Server::stop()
+void Server::stop(std::chrono::seconds grace)
 {
     m_parts->server.stop();
     m_parts->port.close();
-    m_parts->watchdog.stop(stopGrace);
+    m_parts->watchdog.stop(grace);
     m_parts->threads.joinAll();
 }
 

@@ -4,6 +4,7 @@
 #include "Port.h"
 #include "Storage/DataFolder.h"
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,8 +27,8 @@ public:
     /// What it answers, each as in "GET /api/1.0/files/{}".
     std::vector<std::string> routes() const;
 
-    /// Takes no further connection, lets the requests in flight end for some seconds, and returns when all are gone.
-    void stop();
+    /// Takes no further connection, lets the requests in flight end for as long as \a grace, and returns when all are gone.
+    void stop(std::chrono::seconds grace = std::chrono::seconds(10));
 
 private:
     struct Parts;

@@ -26,8 +26,6 @@ namespace {
 /// For how long a body that nobody wants is read, so that its sender gets to see the answer.
 constexpr std::chrono::seconds lingerTime{5};
 
-constexpr const char *tooSlow = "The request took too long to arrive";
-
 /// How much longer than to arrive a request may take to be answered: a large file to a slow reader.
 constexpr int answerTimeFactor = 10;
 
@@ -179,10 +177,11 @@ bool Connection::serveRequest(HTTPServerSession &session, Watchdog::Watch &watch
             return false;
     } catch (const Poco::Net::MessageException &) {
     }
-    Answer answer = watch.expired() ? errorAnswer(Status::HTTP_REQUEST_TIMEOUT, tooSlow)
-                                    : errorAnswer(Status::HTTP_BAD_REQUEST, "This is not an HTTP request");
+    const HttpError fault = watch.expired()
+        ? cutOff(watch)
+        : HttpError(Status::HTTP_BAD_REQUEST, "This is not an HTTP request");
     watch.enter(Phase::Answering, lingerTime);
-    sendUnasked(session, std::move(answer));
+    sendUnasked(session, errorAnswer(fault.status(), fault.what()));
     return false;
 }
 
@@ -212,7 +211,7 @@ Answer Connection::answer(HTTPServerRequestImpl &request, HTTPServerResponseImpl
     try {
         // The header of a slow request may have been cut short, so it is not to be trusted.
         if (watch.expired())
-            throw HttpError(Status::HTTP_REQUEST_TIMEOUT, tooSlow);
+            throw cutOff(watch);
         if (request.getVersion() != response.getVersion())
             throw HttpError(Status::HTTP_VERSION_NOT_SUPPORTED, "The version must be HTTP/1.1 or HTTP/1.0");
         body.emplace(request, response, watch, m_service.leastRate);

@@ -1,7 +1,6 @@
 #include "Http/RequestBody.h"
 
 #include "BlockSize.h"
-#include "Http/HttpError.h"
 
 #include <Poco/Net/StreamSocket.h>
 #include <Poco/NumberParser.h>
@@ -41,6 +40,13 @@ void refuseAmbiguousNames(const HTTPRequest &request)
 }
 
 } // namespace
+
+HttpError cutOff(const Watchdog::Watch &watch)
+{
+    if (watch.stopping())
+        return {Status::HTTP_SERVICE_UNAVAILABLE, "The receiver stops before the request has arrived"};
+    return {Status::HTTP_REQUEST_TIMEOUT, "The request took too long to arrive"};
+}
 
 RequestBody::RequestBody(Poco::Net::HTTPServerRequestImpl &request,
                          Poco::Net::HTTPServerResponseImpl &response, Watchdog::Watch &watch,
@@ -150,7 +156,7 @@ void RequestBody::failTooBig() const
 void RequestBody::failTruncated() const
 {
     if (m_watch.expired())
-        throw HttpError(Status::HTTP_REQUEST_TIMEOUT, "The request took too long to arrive");
+        throw cutOff(m_watch);
     throw HttpError(Status::HTTP_BAD_REQUEST,
                     "The body ended after " + std::to_string(m_read) + " of " + std::to_string(m_length)
                         + " bytes");

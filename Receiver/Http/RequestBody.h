@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Http/HttpError.h"
 #include "Http/MemoryBudget.h"
 #include "Http/Watchdog.h"
 
@@ -12,9 +13,12 @@
 
 namespace wexel::receiver {
 
+/// What a request is refused with that the watchdog has cut off: 408, or 503 if that is because the server stops.
+HttpError cutOff(const Watchdog::Watch &watch);
+
 /// The body of a request as it arrives: with a Content-Length or in chunks, behind "Expect: 100-continue" or not, never more
 /// than the handler's limit, and in the time that the watch allows; a body that is wanted has a second more for each
-/// \a leastRate bytes that its length announces. Faults come out as HttpError: 400, 408, 411, 413, 501.
+/// \a leastRate bytes that its length announces. Faults come out as HttpError: 400, 408, 411, 413, 501, 503.
 class RequestBody
 {
 public:
