@@ -39,7 +39,8 @@ Poco::Util::OptionSet optionSet()
     set.addOption(with("files", "DIR", "With --database: a folder for the files, shared by all receivers."));
     set.addOption(
         with("listen", "HOST:PORT", "Address to listen on (127.0.0.1:8787); port 0 takes a free one."));
-    set.addOption(with("client", "ID:SECRET", "A client that may send reports, beside those that were added.")
+    set.addOption(with("client", "ID:SECRET",
+                       "A client that may send reports, beside those that were added; may be repeated.")
                       .repeatable(true));
     set.addOption(
         with("clients", "FILE", "File of such clients, one a line: keeps the secrets off the process list."));
@@ -50,7 +51,8 @@ Poco::Util::OptionSet optionSet()
     set.addOption(
         with("public-url", "URL", "Address that clients reach this receiver at, if it is another one."));
     set.addOption(with("trusted-proxy", "ADDRESS",
-                       "A proxy, or a network of them, whose X-Forwarded-For tells who sends a request.")
+                       "A proxy, or a network of them, whose X-Forwarded-For tells who sends a request; may "
+                       "be repeated.")
                       .repeatable(true));
     set.addOption(with("white-labeling", "FILE", "JSON of the branding to offer."));
     set.addOption(with("max-file-size", "BYTES", "Largest file that is taken (67108864)."));
@@ -61,10 +63,12 @@ Poco::Util::OptionSet optionSet()
                        "Bytes a second for which a wanted body has more time than that (65536)."));
     set.addOption(with("idle-timeout", "SECONDS", "Time in which a next request must begin (10)."));
     set.addOption(with("token-lifetime", "SECONDS", "Time for which a token is good (2592000)."));
+    set.addOption(with("bundle", "BUNDLE_ID",
+                       "With client add and client bind: what the client may report for, in place of any; "
+                       "may be repeated.")
+                      .repeatable(true));
     set.addOption(
-        with("bundle", "BUNDLE_ID", "With client add and client bind: the only one that it may report for.")
-            .repeatable(true));
-    set.addOption(Option("any-bundle", "", "With client bind: it may report for any.", false));
+        Option("any-bundle", "", "With client bind: the client may report for any bundle id.", false));
     set.addOption(Option("json", "", "With reports: print JSON."));
     set.addOption(Option("help", "", "Print this text."));
     set.addOption(Option("version", "", "Print the version."));
@@ -339,15 +343,16 @@ std::string usage()
     formatter.setUnixStyle(true);
     formatter.setAutoIndent();
     formatter.setWidth(100);
-    formatter.setCommand("wexel-receiver");
-    formatter.setUsage("--data DIR [OPTIONS]\n"
-                       "       wexel-receiver reports --data DIR [--json]\n"
-                       "       wexel-receiver archive|unarchive BUNDLE_ID --data DIR\n"
-                       "       wexel-receiver client add [ID] [--bundle BUNDLE_ID]... --data DIR\n"
-                       "       wexel-receiver client bind ID --bundle BUNDLE_ID...|--any-bundle --data DIR\n"
-                       "       wexel-receiver client list|rotate ID|revoke ID --data DIR\n"
-                       "       wexel-receiver password --data DIR\n"
-                       "       wexel-receiver export|import|backup FILE --data DIR");
+    // Not as the usage, whose lines would be indented by the command's length.
+    formatter.setCommand(
+        "wexel-receiver --data DIR [OPTIONS]\n"
+        "       wexel-receiver reports --data DIR [--json]\n"
+        "       wexel-receiver archive|unarchive BUNDLE_ID --data DIR\n"
+        "       wexel-receiver client add [ID] [--bundle BUNDLE_ID]... --data DIR\n"
+        "       wexel-receiver client bind ID --bundle BUNDLE_ID...|--any-bundle --data DIR\n"
+        "       wexel-receiver client list|rotate ID|revoke ID --data DIR\n"
+        "       wexel-receiver password --data DIR\n"
+        "       wexel-receiver export|import|backup FILE --data DIR\n");
     formatter.setHeader("Receives the bug reports that applications send with the Wexel library.");
     std::ostringstream stream;
     formatter.format(stream);

@@ -31,7 +31,7 @@ struct Answer {
     std::vector<std::pair<std::string, std::string>> headers = {};
     std::string fault = {}; ///< of a refusal: its text as it is, for the log
     std::string route
-        = {}; ///< what gave it or, for a wrong method, could have; with its method, for the counts; empty: no route
+        = {}; ///< what gave it, or would have but for the method; for the counts; empty: no route
     bool brokenOff = false; ///< close the connection one byte short of the announced length
 };
 
