@@ -14,7 +14,6 @@
 #include <iostream>
 #include <termios.h>
 #include <unistd.h>
-#include <utility>
 
 namespace wexel::receiver {
 
@@ -61,6 +60,14 @@ std::string timeText(std::int64_t milliseconds)
     return Poco::DateTimeFormatter::format(Poco::Timestamp(milliseconds * 1000), "%Y-%m-%dT%H:%M:%SZ");
 }
 
+std::string bundleText(const std::vector<std::string> &bundleIds)
+{
+    std::string text;
+    for (const std::string &bundle : bundleIds)
+        text += (text.empty() ? "" : ", ") + escaped(bundle);
+    return text.empty() ? "any" : text;
+}
+
 void printClients(ClientStore &clients)
 {
     std::cout << std::left << std::setw(26) << "ID" << std::setw(22) << "CREATED" << std::setw(22)
@@ -69,11 +76,7 @@ void printClients(ClientStore &clients)
     for (const StoredClient &client : clients.all()) {
         std::cout << std::setw(26) << client.id << std::setw(22) << timeText(client.created) << std::setw(22)
                   << (client.lastUsed ? timeText(*client.lastUsed) : "-") << std::setw(9)
-                  << (client.isRevoked ? "revoked" : "good") << (client.bundleIds.empty() ? "any" : "");
-        const char *separator = "";
-        for (const std::string &bundle : client.bundleIds)
-            std::cout << std::exchange(separator, ", ") << escaped(bundle);
-        std::cout << '\n';
+                  << (client.isRevoked ? "revoked" : "good") << bundleText(client.bundleIds) << '\n';
     }
 }
 
@@ -104,6 +107,8 @@ int setPassword(const Options &options)
     Administrator(data.database()).setPassword(password);
     if (typed.empty())
         std::cout << "Dashboard password: " << password << '\n';
+    else
+        std::cout << "The dashboard has another password, and all sessions are over\n";
     return std::cout.flush() ? 0 : 1;
 }
 
@@ -116,12 +121,18 @@ int manageClients(const Options &options)
         return addClient(options, clients);
     if (options.clientAction == "rotate")
         return printSecret(options.clientId, clients.rotate(options.clientId), unknown);
-    if (options.clientAction == "bind" && !clients.bindTo(options.clientId, options.bundleIds))
-        throw std::runtime_error(unknown);
-    if (options.clientAction == "revoke" && !clients.revoke(options.clientId))
-        throw std::runtime_error(unknown);
-    if (options.clientAction == "list")
+    if (options.clientAction == "bind") {
+        if (!clients.bindTo(options.clientId, options.bundleIds))
+            throw std::runtime_error(unknown);
+        std::cout << options.clientId << " may report for "
+                  << (options.anyBundle ? "any bundle id" : bundleText(options.bundleIds)) << '\n';
+    } else if (options.clientAction == "revoke") {
+        if (!clients.revoke(options.clientId))
+            throw std::runtime_error(unknown);
+        std::cout << options.clientId << " is revoked\n";
+    } else {
         printClients(clients);
+    }
     return std::cout.flush() ? 0 : 1;
 }
 

@@ -23,12 +23,19 @@ void Clients::addFromFile(const std::string &path)
 {
     std::ifstream file(path);
     if (!file)
-        throw UsageError("The client file " + path + " can't be read");
+        throw UsageError("--clients: the file " + path + " can't be read");
+    int number = 0;
     for (std::string line; std::getline(file, line);) {
+        ++number;
         if (!line.empty() && line.back() == '\r')
             line.pop_back();
-        if (!line.empty() && line.front() != '#')
+        if (line.empty() || line.front() == '#')
+            continue;
+        try {
             add(line);
+        } catch (const UsageError &error) {
+            throw UsageError("--clients: " + path + " line " + std::to_string(number) + ": " + error.what());
+        }
     }
 }
 

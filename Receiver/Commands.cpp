@@ -7,6 +7,7 @@
 #include <Poco/DateTimeFormatter.h>
 #include <Poco/Timestamp.h>
 
+#include <algorithm>
 #include <iomanip>
 #include <iostream>
 
@@ -69,6 +70,13 @@ void printTable(DataFolder &data)
     }
 }
 
+bool isKnown(const std::string &bundleId, DataFolder &data)
+{
+    const std::vector<ApplicationOverview> known = data.reports().applications();
+    return std::any_of(known.begin(), known.end(),
+                       [&](const auto &overview) { return overview.application.bundleId == bundleId; });
+}
+
 } // namespace
 
 int listReports(const Options &options)
@@ -81,6 +89,9 @@ int listReports(const Options &options)
 int setArchived(const Options &options, bool archived)
 {
     DataFolder data(options.place, DataFolder::Access::Change);
+    // To archive one that is not known keeps its reports out before the first; to allow it again means a wrong name.
+    if (!archived && !isKnown(options.bundleId, data))
+        throw std::runtime_error(escaped(options.bundleId) + " is not known");
     const bool known = data.reports().setArchived(options.bundleId, archived);
     std::cout << escaped(options.bundleId) << (archived ? " is archived" : " may send reports")
               << (known ? "" : " (it was not known before)") << '\n';

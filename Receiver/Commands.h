@@ -13,7 +13,7 @@ int serve(const Options &options);
 /// Lists the reports on the standard output, as a table or as JSON.
 int listReports(const Options &options);
 
-/// Switches an application off or on; a running server sees it at its next request.
+/// Switches an application off or on, the latter only if it is known; a running server sees it at its next request.
 int setArchived(const Options &options, bool archived);
 
 /// Changes the limits that are given for what is kept of an application, and prints them.

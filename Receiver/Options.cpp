@@ -9,11 +9,14 @@
 #include <Poco/NumberParser.h>
 #include <Poco/URI.h>
 #include <Poco/Util/HelpFormatter.h>
+#include <Poco/Util/OptionException.h>
 #include <Poco/Util/OptionProcessor.h>
 #include <Poco/Util/OptionSet.h>
 
+#include <arpa/inet.h>
 #include <functional>
 #include <map>
+#include <set>
 #include <sstream>
 
 namespace wexel::receiver {
@@ -37,7 +40,8 @@ Poco::Util::OptionSet optionSet()
     set.addOption(with("files", "DIR", "With --database: a folder for the files, shared by all receivers."));
     set.addOption(
         with("listen", "HOST:PORT", "Address to listen on (127.0.0.1:8787); port 0 takes a free one."));
-    set.addOption(with("client", "ID:SECRET", "A client that may send reports, beside those that were added.")
+    set.addOption(with("client", "ID:SECRET",
+                       "A client that may send reports, beside those that were added; may be repeated.")
                       .repeatable(true));
     set.addOption(
         with("clients", "FILE", "File of such clients, one a line: keeps the secrets off the process list."));
@@ -48,7 +52,8 @@ Poco::Util::OptionSet optionSet()
     set.addOption(
         with("public-url", "URL", "Address that clients reach this receiver at, if it is another one."));
     set.addOption(with("trusted-proxy", "ADDRESS",
-                       "A proxy, or a network of them, whose X-Forwarded-For tells who sends a request.")
+                       "A proxy, or a network of them, whose X-Forwarded-For tells who sends a request; may "
+                       "be repeated.")
                       .repeatable(true));
     set.addOption(with("white-labeling", "FILE", "JSON of the branding to offer."));
     set.addOption(
@@ -63,22 +68,24 @@ Poco::Util::OptionSet optionSet()
                        "Bytes a second for which a wanted body has more time than that (65536)."));
     set.addOption(with("idle-timeout", "SECONDS", "Time in which a next request must begin (10)."));
     set.addOption(with("token-lifetime", "SECONDS", "Time for which a token is good (2592000)."));
+    set.addOption(with("bundle", "BUNDLE_ID",
+                       "With client add and client bind: what the client may report for, in place of any; "
+                       "may be repeated.")
+                      .repeatable(true));
     set.addOption(
-        with("bundle", "BUNDLE_ID", "With client add and client bind: the only one that it may report for.")
-            .repeatable(true));
-    set.addOption(Option("any-bundle", "", "With client bind: it may report for any.", false));
+        Option("any-bundle", "", "With client bind: the client may report for any bundle id.", false));
     set.addOption(Option("json", "", "With reports: print JSON."));
     set.addOption(Option("help", "", "Print this text."));
     set.addOption(Option("version", "", "Print the version."));
     return set;
 }
 
-std::uint64_t number(const std::string &name, const std::string &text, std::uint64_t least,
+std::uint64_t number(const std::string &what, const std::string &text, std::uint64_t least,
                      std::uint64_t most)
 {
     Poco::UInt64 value = 0;
     if (!Poco::NumberParser::tryParseUnsigned64(text, value) || value < least || value > most)
-        throw UsageError("--" + name + " must be a number from " + std::to_string(least) + " to "
+        throw UsageError(what + " must be a number from " + std::to_string(least) + " to "
                          + std::to_string(most) + ", not \"" + text + "\"");
     return value;
 }
@@ -92,7 +99,8 @@ void setListen(Options &options, const std::string &text)
     options.listenHost = text.substr(0, colon);
     if (options.listenHost.front() == '[' && options.listenHost.back() == ']')
         options.listenHost = options.listenHost.substr(1, options.listenHost.size() - 2);
-    options.listenPort = static_cast<std::uint16_t>(number("listen", text.substr(colon + 1), 0, 65535));
+    options.listenPort
+        = static_cast<std::uint16_t>(number("--listen: the port", text.substr(colon + 1), 0, 65535));
 }
 
 void setPublicUrl(Options &options, std::string text)
@@ -130,7 +138,8 @@ void apply(Options &options, const std::string &name, const std::string &value)
 {
     constexpr std::uint64_t gigabyte = 1024 * 1024 * 1024;
     constexpr std::uint64_t tenYears = 10ULL * 366 * 24 * 3600;
-    const auto asInt = [&](std::uint64_t most) { return static_cast<int>(number(name, value, 1, most)); };
+    const auto asNumber = [&](std::uint64_t most) { return number("--" + name, value, 1, most); };
+    const auto asInt = [&](std::uint64_t most) { return static_cast<int>(asNumber(most)); };
     const std::map<std::string, std::function<void()>> setters = {
         {"data", [&] { options.place.data = value; }},
         {"database", [&] { options.place.database = value; }},
@@ -144,17 +153,18 @@ void apply(Options &options, const std::string &name, const std::string &value)
         {"public-url", [&] { setPublicUrl(options, value); }},
         {"trusted-proxy", [&] { addTrustedProxy(options, value); }},
         {"white-labeling", [&] { options.whiteLabeling = readWhiteLabeling(value); }},
-        {"max-file-size", [&] { options.maximumFileSize = number(name, value, 1, 1024 * gigabyte); }},
-        {"max-report-size", [&] { options.maximumReportSize = number(name, value, 1, gigabyte / 2); }},
+        {"max-file-size", [&] { options.maximumFileSize = asNumber(1024 * gigabyte); }},
+        {"max-report-size", [&] { options.maximumReportSize = asNumber(gigabyte / 2); }},
         {"max-connections", [&] { options.maximumConnections = asInt(10000); }},
         {"request-timeout", [&] { options.requestTimeout = asInt(3600); }},
-        {"least-rate", [&] { options.leastRate = number(name, value, 1, gigabyte); }},
+        {"least-rate", [&] { options.leastRate = asNumber(gigabyte); }},
         {"idle-timeout", [&] { options.idleTimeout = asInt(3600); }},
         {"token-lifetime", [&] { options.tokenLifetime = asInt(tenYears); }},
         {"bundle", [&] { options.bundleIds.push_back(checkedBundleId(value)); }},
         {"any-bundle", [&] { options.anyBundle = true; }},
-        {"max-age-days", [&] { options.maximumAgeDays = number(name, value, 0, longestRetention); }},
-        {"max-megabytes", [&] { options.maximumMegabytes = number(name, value, 0, largestRetention >> 20); }},
+        {"max-age-days", [&] { options.maximumAgeDays = number("--" + name, value, 0, longestRetention); }},
+        {"max-megabytes",
+         [&] { options.maximumMegabytes = number("--" + name, value, 0, largestRetention >> 20); }},
         {"json", [&] { options.json = true; }},
         {"help", [&] { options.command = Command::Help; }},
         {"version", [&] { options.command = Command::Version; }},
@@ -231,6 +241,48 @@ void checkPlace(const StoragePlace &place)
         connectionOptions(place.database);
 }
 
+/// In any spelling. Poco's reader takes "::" for a fault.
+bool isAnyAddress(const std::string &host)
+{
+    in_addr four = {};
+    in6_addr six = {};
+    if (::inet_aton(host.c_str(), &four) == 1)
+        return four.s_addr == INADDR_ANY;
+    return ::inet_pton(AF_INET6, host.c_str(), &six) == 1 && IN6_IS_ADDR_UNSPECIFIED(&six);
+}
+
+/// The addresses of files go into reports for good, so they must lead somewhere.
+void checkFileAddresses(const Options &options)
+{
+    if (isAnyAddress(options.listenHost) && options.publicUrl.empty())
+        throw UsageError(
+            "--listen " + options.listenHost
+            + " is no address that anybody could ask: give the one that clients reach this receiver "
+              "at, as in --public-url https://reports.example.org/");
+}
+
+/// Whoever gives an option expects something of it.
+void checkUse(const std::vector<std::string> &names, const std::vector<std::string> &words)
+{
+    static const std::set<std::string> everybodys = {"data", "database", "files"};
+    // All others are the server's.
+    static const std::map<std::string, std::set<std::string>> users
+        = {{"json", {"reports"}},
+           {"bundle", {"client add", "client bind"}},
+           {"any-bundle", {"client bind"}},
+           {"max-age-days", {"retention"}},
+           {"max-megabytes", {"retention"}}};
+    std::string command = words.empty() ? "the server" : words.front();
+    if (command == "client")
+        command += ' ' + words.at(1);
+    for (const std::string &name : names) {
+        const auto found = users.find(name);
+        const bool isUsed = found == users.end() ? words.empty() : found->second.contains(command);
+        if (!isUsed && !everybodys.contains(name))
+            throw UsageError("--" + name + " does not go with " + command);
+    }
+}
+
 void check(const Options &options)
 {
     if (options.command == Command::Help || options.command == Command::Version)
@@ -240,6 +292,32 @@ void check(const Options &options)
         return;
     if (options.certificateFile.empty() != options.privateKeyFile.empty())
         throw UsageError("--tls-cert and --tls-key must be given together");
+    checkFileAddresses(options);
+}
+
+/// Why \a argument names no option.
+std::string namingFault(const Poco::Util::OptionSet &set, const std::string &argument)
+{
+    const std::string given = argument.substr(0, argument.find('='));
+    std::string candidates;
+    for (const Option &option : set) {
+        const std::string name = "--" + option.fullName();
+        if (name.starts_with(given))
+            candidates += (candidates.empty() ? "" : " or ") + name;
+    }
+    return candidates.empty() ? "Unknown option " + given : given + " may be " + candidates;
+}
+
+/// Gives \a name and \a value, unless that comes with the next argument. False if \a argument is no option.
+bool takeOption(Poco::Util::OptionProcessor &processor, const Poco::Util::OptionSet &set,
+                const std::string &argument, std::string &name, std::string &value)
+{
+    try {
+        return processor.process(argument, name, value);
+    } catch (const Poco::Util::UnknownOptionException &) {
+    } catch (const Poco::Util::AmbiguousOptionException &) {
+    }
+    throw UsageError(namingFault(set, argument));
 }
 
 } // namespace
@@ -248,6 +326,7 @@ Options parseOptions(const std::vector<std::string> &arguments)
 {
     Options options;
     std::vector<std::string> words;
+    std::vector<std::string> names;
     const Poco::Util::OptionSet set = optionSet();
     Poco::Util::OptionProcessor processor(set);
     processor.setUnixStyle(true);
@@ -255,17 +334,21 @@ Options parseOptions(const std::vector<std::string> &arguments)
         for (const std::string &argument : arguments) {
             std::string name;
             std::string value;
-            if (!processor.process(argument, name, value))
+            if (!takeOption(processor, set, argument, name, value))
                 words.push_back(argument);
-            else if (!name.empty())
+            else if (!name.empty()) {
                 apply(options, name, value);
+                names.push_back(name);
+            }
         }
         processor.checkRequired();
     } catch (const Poco::Exception &error) {
         throw UsageError(error.displayText());
     }
-    if (options.command == Command::Serve)
+    if (options.command == Command::Serve) {
         takePositional(options, words);
+        checkUse(names, words);
+    }
     check(options);
     return options;
 }
@@ -277,9 +360,9 @@ std::string usage()
     formatter.setUnixStyle(true);
     formatter.setAutoIndent();
     formatter.setWidth(100);
-    formatter.setCommand("wexel-receiver");
-    formatter.setUsage(
-        "--data DIR [OPTIONS]\n"
+    // Not as the usage, whose lines would be indented by the command's length.
+    formatter.setCommand(
+        "wexel-receiver --data DIR [OPTIONS]\n"
         "       wexel-receiver reports --data DIR [--json]\n"
         "       wexel-receiver archive|unarchive BUNDLE_ID --data DIR\n"
         "       wexel-receiver retention BUNDLE_ID [--max-age-days N] [--max-megabytes N] --data DIR\n"
@@ -287,7 +370,7 @@ std::string usage()
         "       wexel-receiver client bind ID --bundle BUNDLE_ID...|--any-bundle --data DIR\n"
         "       wexel-receiver client list|rotate ID|revoke ID --data DIR\n"
         "       wexel-receiver password --data DIR\n"
-        "       wexel-receiver export|import|backup FILE --data DIR");
+        "       wexel-receiver export|import|backup FILE --data DIR\n");
     formatter.setHeader("Receives the bug reports that applications send with the Wexel library.");
     std::ostringstream stream;
     formatter.format(stream);

@@ -6,6 +6,7 @@
 #include "Storage/Maintenance.h"
 
 #include <Poco/Crypto/OpenSSLInitializer.h>
+#include <Poco/URI.h>
 
 #include <csignal>
 #include <iostream>
@@ -39,6 +40,18 @@ void ignoreSignals()
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
+/// Where the reports are, for the log: without user, password and all options.
+std::string nameOf(const StoragePlace &place)
+{
+    if (place.database.empty())
+        return (std::filesystem::absolute(place.data) / "receiver.sqlite").string();
+    const Poco::URI uri(place.database);
+    std::string host = uri.getHost();
+    for (const auto &[name, value] : uri.getQueryParameters())
+        host = name == "host" ? value : host;
+    return "postgresql://" + host + uri.getPath();
+}
+
 } // namespace
 
 int serve(const Options &options)
@@ -48,12 +61,17 @@ int serve(const Options &options)
     // Each digest holds one of these; were the last of them let go by one thread while another takes one, OpenSSL would be
     // torn down under it.
     const Poco::Crypto::OpenSSLInitializer openSsl;
+    // First what may fail without a trace; the password last, as it is told only once.
+    const std::optional<std::string> given = givenPassword(options);
+    Port port(options);
     DataFolder data(options.place, DataFolder::Access::Serve);
-    const HourlyMaintenance maintenance({data.files(), data.reports()});
-    if (const auto password = setFirstPassword(options, data.database()))
+    if (const auto password = setFirstPassword(given, data.database()))
         std::cout << "Dashboard password: " << *password << std::endl;
-    Server server(options, data);
-    logEvent("started", {{"url", server.url()}, {"data", options.place.data.string()}});
+    Server server(options, data, std::move(port));
+    const HourlyMaintenance maintenance({data.files(), data.reports()});
+    logEvent(
+        "started",
+        {{"version", WEXEL_RECEIVER_VERSION}, {"url", server.url()}, {"database", nameOf(options.place)}});
     std::cout << "Listening on " << server.url() << std::endl;
     const int signal = waitForEnd(signals);
     logEvent("stopping", {{"signal", std::to_string(signal)}});

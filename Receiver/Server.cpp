@@ -12,60 +12,21 @@
 #include "Handlers/WhiteLabelingHandler.h"
 #include "Http/Connection.h"
 
-#include <Poco/Net/Context.h>
-#include <Poco/Net/SSLManager.h>
-#include <Poco/Net/SecureServerSocket.h>
 #include <Poco/Net/TCPServer.h>
 #include <Poco/ThreadPool.h>
 
 #include <limits>
+#include <utility>
 
 namespace wexel::receiver {
 
-using Poco::Net::Context;
-using Poco::Net::ServerSocket;
-using Poco::Net::SocketAddress;
 using Access = Router::Access;
 
 namespace {
 
 /// Threads beyond the limit of connections, which tell clients that they are too many.
 constexpr int spareThreads = 16;
-constexpr int listenBacklog = 128;
-constexpr std::chrono::seconds stopGrace{10};
 const std::string filesPath = "api/1.0/files";
-
-ServerSocket secureSocket(const Options &options)
-{
-    Poco::Net::initializeSSL();
-    Context::Params parameters;
-    parameters.certificateFile = options.certificateFile;
-    parameters.privateKeyFile = options.privateKeyFile;
-    parameters.verificationMode = Context::VERIFY_NONE; // clients prove themselves by their token
-    parameters.cipherList = "ECDHE+AESGCM:ECDHE+CHACHA20"; // of TLS 1.2; those of 1.3 are all good
-    try {
-        Context::Ptr context = new Context(Context::TLS_SERVER_USE, parameters);
-        context->requireMinimumProtocol(Context::PROTO_TLSV1_2);
-        return Poco::Net::SecureServerSocket(context);
-    } catch (const Poco::Exception &error) {
-        throw std::runtime_error("Can't use the certificate " + options.certificateFile + " with the key "
-                                 + options.privateKeyFile + ": " + error.displayText());
-    }
-}
-
-ServerSocket openSocket(const Options &options)
-{
-    ServerSocket socket = options.usesTls() ? secureSocket(options) : ServerSocket();
-    try {
-        // Not the constructor that binds: it shares the port with whoever listens on it already.
-        socket.bind(SocketAddress(options.listenHost, options.listenPort), true, false);
-        socket.listen(listenBacklog);
-        return socket;
-    } catch (const Poco::Exception &error) {
-        throw std::runtime_error("Can't listen on " + options.listenHost + " port "
-                                 + std::to_string(options.listenPort) + ": " + error.displayText());
-    }
-}
 
 Poco::Net::HTTPServerParams::Ptr parametersFor(const Options &options)
 {
@@ -106,12 +67,12 @@ Router routesFor(const Options &options, DataFolder &data, AccessControl &access
 } // namespace
 
 struct Server::Parts {
-    Parts(const Options &options, DataFolder &data)
-        : socket(openSocket(options))
-        , url((options.usesTls() ? "https://" : "http://") + socket.address().toString() + '/')
+    Parts(const Options &options, DataFolder &data, Port &&openPort)
+        : port(std::move(openPort))
         , access(options, data.database(), data.tokens())
         , probe(data.database(), data.files())
-        , router(routesFor(options, data, access, probe, options.publicUrl.empty() ? url : options.publicUrl))
+        , router(routesFor(options, data, access, probe,
+                           options.publicUrl.empty() ? port.url() : options.publicUrl))
         , service{router,
                   watchdog,
                   options.trustedProxies,
@@ -122,12 +83,11 @@ struct Server::Parts {
                   static_cast<std::size_t>(options.maximumConnections),
                   parametersFor(options)}
         , threads(2, options.maximumConnections + spareThreads + 1)
-        , server(new ConnectionFactory(service), threads, socket, service.parameters)
+        , server(new ConnectionFactory(service), threads, port.listen(), service.parameters)
     {
     }
 
-    ServerSocket socket;
-    std::string url;
+    Port port;
     AccessControl access;
     HealthProbe probe;
     Router router;
@@ -137,7 +97,8 @@ struct Server::Parts {
     Poco::Net::TCPServer server;
 };
 
-Server::Server(const Options &options, DataFolder &data) : m_parts(std::make_unique<Parts>(options, data))
+Server::Server(const Options &options, DataFolder &data, Port port)
+    : m_parts(std::make_unique<Parts>(options, data, std::move(port)))
 {
     m_parts->server.start();
 }
@@ -146,7 +107,7 @@ Server::~Server() = default;
 
 std::string Server::url() const
 {
-    return m_parts->url;
+    return m_parts->port.url();
 }
 
 std::vector<std::string> Server::routes() const
@@ -154,11 +115,11 @@ std::vector<std::string> Server::routes() const
     return m_parts->router.routes();
 }
 
-void Server::stop()
+void Server::stop(std::chrono::seconds grace)
 {
     m_parts->server.stop();
-    m_parts->socket.close();
-    m_parts->watchdog.stop(stopGrace);
+    m_parts->port.close();
+    m_parts->watchdog.stop(grace);
     m_parts->threads.joinAll();
 }
 

@@ -1,20 +1,22 @@
 #pragma once
 
 #include "Options.h"
+#include "Port.h"
 #include "Storage/DataFolder.h"
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace wexel::receiver {
 
-/// Serves the API until it is stopped. Constructing it opens the port; from then on it answers on threads of its own.
+/// Serves the API until it is stopped. From its construction on it answers on threads of its own.
 class Server
 {
 public:
-    /// Both must outlive it. Throws std::runtime_error with a text for the user.
-    Server(const Options &options, DataFolder &data);
+    /// The options and the data must outlive it. Throws std::runtime_error with a text for the user.
+    Server(const Options &options, DataFolder &data, Port port);
     ~Server();
     Server(const Server &) = delete;
     Server &operator=(const Server &) = delete;
@@ -25,8 +27,8 @@ public:
     /// What it answers, each as in "GET /api/1.0/files/{}".
     std::vector<std::string> routes() const;
 
-    /// Takes no further connection, lets the requests in flight end for some seconds, and returns when all are gone.
-    void stop();
+    /// Takes no further connection, lets the requests in flight end for as long as \a grace, and returns when all are gone.
+    void stop(std::chrono::seconds grace = std::chrono::seconds(10));
 
 private:
     struct Parts;

@@ -9,28 +9,30 @@
 
 namespace wexel::receiver {
 
-namespace {
-
-std::string readPassword(const std::string &path)
+std::optional<std::string> givenPassword(const Options &options)
 {
+    const std::string &path = options.adminPasswordFile;
+    if (path.empty())
+        return std::nullopt;
     std::ifstream file(path);
     std::string line;
     if (!file || !std::getline(file, line))
-        throw UsageError("The password file " + path + " can't be read, or is empty");
-    return checkedPassword(Poco::trimRight(line));
+        throw UsageError("--admin-password-file " + path + ": it can't be read, or is empty");
+    try {
+        return checkedPassword(Poco::trimRight(line));
+    } catch (const UsageError &error) {
+        throw UsageError("--admin-password-file " + path + ": " + error.what());
+    }
 }
 
-} // namespace
-
-std::optional<std::string> setFirstPassword(const Options &options, Database &database)
+std::optional<std::string> setFirstPassword(const std::optional<std::string> &given, Database &database)
 {
     Administrator administrator(database);
     if (administrator.hasPassword())
         return std::nullopt;
-    const bool isGiven = !options.adminPasswordFile.empty();
-    const std::string password = isGiven ? readPassword(options.adminPasswordFile) : randomPassword();
+    const std::string password = given ? *given : randomPassword();
     const bool isSet = administrator.setFirstPassword(password);
-    return isSet && !isGiven ? std::optional(password) : std::nullopt;
+    return isSet && !given ? std::optional(password) : std::nullopt;
 }
 
 std::string checkedPassword(const std::string &password)

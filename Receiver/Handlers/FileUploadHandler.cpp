@@ -35,7 +35,7 @@ Answer FileUploadHandler::handle(Request &request)
     if (!boundary)
         throw HttpError(Status::HTTP_BAD_REQUEST,
                         "Expected the Content-Type multipart/form-data; boundary=...");
-    request.body.setLimit(m_maximumSize + multipartOverhead, "The upload");
+    request.body.setLimit(m_maximumSize, "The upload", multipartOverhead);
     Multipart multipart([&](char *buffer, std::size_t size) { return request.body.read(buffer, size); },
                         *boundary);
     std::optional<Upload> upload;

@@ -10,8 +10,10 @@ constexpr std::uint64_t maximumTokenRequestSize = 16 * 1024;
 
 Answer oauthError(Status status, const std::string &code, const std::string &text)
 {
-    return jsonAnswer("{\"error\":" + jsonString(code) + ",\"error_description\":" + jsonString(text) + "}",
-                      status);
+    Answer answer = jsonAnswer(
+        "{\"error\":" + jsonString(code) + ",\"error_description\":" + jsonString(text) + "}", status);
+    answer.fault = text;
+    return answer;
 }
 
 } // namespace

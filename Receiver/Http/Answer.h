@@ -29,7 +29,9 @@ struct Answer {
     /// If set, writes the body, whose length nobody knows before. To throw breaks the connection off.
     std::function<void(std::ostream &)> writer = {};
     std::vector<std::pair<std::string, std::string>> headers = {};
-    std::string route = {}; ///< what gave it, with its method, for the counts; empty: no route
+    std::string fault = {}; ///< of a refusal: its text as it is, for the log
+    std::string route
+        = {}; ///< what gave it, or would have but for the method; for the counts; empty: no route
     bool brokenOff = false; ///< close the connection one byte short of the announced length
 };
 
@@ -40,7 +42,9 @@ inline Answer jsonAnswer(std::string json, Status status = Status::HTTP_OK)
 
 inline Answer errorAnswer(Status status, const std::string &text)
 {
-    return jsonAnswer("{\"error\":" + jsonString(text) + "}", status);
+    Answer answer = jsonAnswer("{\"error\":" + jsonString(text) + "}", status);
+    answer.fault = text;
+    return answer;
 }
 
 } // namespace wexel::receiver

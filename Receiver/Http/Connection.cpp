@@ -4,12 +4,14 @@
 #include "Metrics.h"
 
 #include <Poco/Net/NetException.h>
+#include <Poco/Net/SecureStreamSocket.h>
 #include <Poco/StreamCopier.h>
 
 #include <algorithm>
 #include <array>
 #include <optional>
 #include <sys/socket.h>
+#include <utility>
 
 namespace wexel::receiver {
 
@@ -23,8 +25,6 @@ namespace {
 
 /// For how long a body that nobody wants is read, so that its sender gets to see the answer.
 constexpr std::chrono::seconds lingerTime{5};
-
-constexpr const char *tooSlow = "The request took too long to arrive";
 
 /// How much longer than to arrive a request may take to be answered: a large file to a slow reader.
 constexpr int answerTimeFactor = 10;
@@ -60,7 +60,7 @@ void record(const std::string &peer, const HTTPServerRequestImpl &request, const
               {"status", std::to_string(answer.status)},
               {"received", std::to_string(received)},
               {"ms", std::to_string(duration.count())},
-              {"error", answer.status < Status::HTTP_BAD_REQUEST ? "" : answer.body}});
+              {"error", answer.fault}});
 }
 
 bool hasBody(Status status)
@@ -94,7 +94,7 @@ void sendBody(std::ostream &stream, Answer &answer)
     stream.flush();
 }
 
-void send(HTTPServerResponseImpl &response, Answer &answer)
+void send(HTTPServerResponseImpl &response, Answer &answer, bool isHead = false)
 {
     response.setStatusAndReason(answer.status);
     response.setDate(Poco::Timestamp());
@@ -104,7 +104,11 @@ void send(HTTPServerResponseImpl &response, Answer &answer)
     response.set("Cache-Control", "no-store");
     for (const auto &[name, value] : answer.headers)
         response.set(name, value);
-    sendBody(response.send(), answer);
+    std::ostream &stream = response.send();
+    if (isHead)
+        stream.flush();
+    else
+        sendBody(stream, answer);
 }
 
 } // namespace
@@ -112,6 +116,7 @@ void send(HTTPServerResponseImpl &response, Answer &answer)
 Connection::Connection(const Poco::Net::StreamSocket &socket, Service &service)
     : TCPServerConnection(socket)
     , m_service(service)
+    , m_needsHandshake(socket.secure())
 {
 }
 
@@ -159,6 +164,8 @@ void Connection::refuse(HTTPServerSession &session, Watchdog::Watch &watch)
 bool Connection::serveRequest(HTTPServerSession &session, Watchdog::Watch &watch)
 {
     watch.enter(Phase::Receiving, m_service.requestTimeout);
+    if (!completeHandshake(watch))
+        return false;
     try {
         HTTPServerResponseImpl response(session);
         HTTPServerRequestImpl request(response, session, m_service.parameters.get());
@@ -170,10 +177,30 @@ bool Connection::serveRequest(HTTPServerSession &session, Watchdog::Watch &watch
             return false;
     } catch (const Poco::Net::MessageException &) {
     }
-    Answer answer = watch.expired() ? errorAnswer(Status::HTTP_REQUEST_TIMEOUT, tooSlow)
-                                    : errorAnswer(Status::HTTP_BAD_REQUEST, "This is not an HTTP request");
+    const HttpError fault = watch.expired()
+        ? cutOff(watch)
+        : HttpError(Status::HTTP_BAD_REQUEST, "This is not an HTTP request");
     watch.enter(Phase::Answering, lingerTime);
-    sendUnasked(session, std::move(answer));
+    sendUnasked(session, errorAnswer(fault.status(), fault.what()));
+    return false;
+}
+
+/// Reading would do it, too, but a failure would pass for a broken request.
+bool Connection::completeHandshake(const Watchdog::Watch &watch)
+{
+    if (!std::exchange(m_needsHandshake, false))
+        return true;
+    char first = 0;
+    if (::recv(socket().impl()->sockfd(), &first, 1, MSG_PEEK | MSG_DONTWAIT) == 0)
+        return false; // It has left without a word, as whoever only looks for an open port does.
+    std::string fault = "The peer has left";
+    try {
+        if (Poco::Net::SecureStreamSocket(socket()).completeHandshake() > 0)
+            return true;
+    } catch (const Poco::Exception &error) {
+        fault = error.displayText();
+    }
+    logEvent("tls_failed", {{"peer", m_peer}, {"error", watch.expired() ? "It took too long" : fault}});
     return false;
 }
 
@@ -184,7 +211,7 @@ Answer Connection::answer(HTTPServerRequestImpl &request, HTTPServerResponseImpl
     try {
         // The header of a slow request may have been cut short, so it is not to be trusted.
         if (watch.expired())
-            throw HttpError(Status::HTTP_REQUEST_TIMEOUT, tooSlow);
+            throw cutOff(watch);
         if (request.getVersion() != response.getVersion())
             throw HttpError(Status::HTTP_VERSION_NOT_SUPPORTED, "The version must be HTTP/1.1 or HTTP/1.0");
         body.emplace(request, response, watch, m_service.leastRate);
@@ -211,7 +238,7 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
     record(sender, request, answer, body ? body->size() : 0, started);
     watch.enter(Phase::Answering, m_service.requestTimeout * answerTimeFactor);
     try {
-        send(response, answer);
+        send(response, answer, request.getMethod() == HTTPServerRequestImpl::HTTP_HEAD);
     } catch (...) {
         // Or the response would write the last of its chunks, and half a body pass for a whole one.
         ::shutdown(socket().impl()->sockfd(), SHUT_RDWR);
@@ -231,7 +258,8 @@ bool Connection::exchange(HTTPServerRequestImpl &request, HTTPServerResponseImpl
 void Connection::sendUnasked(HTTPServerSession &session, Answer answer) const
 {
     answer.brokenOff = true; // it may have been an upload
-    logEvent("request_refused", {{"peer", m_peer}, {"status", std::to_string(answer.status)}});
+    logEvent("request_refused",
+             {{"peer", m_peer}, {"status", std::to_string(answer.status)}, {"error", answer.fault}});
     Metrics::instance().countRefusal(answer.status);
     HTTPServerResponseImpl response(session);
     response.setVersion(HTTPMessage::HTTP_1_1);

@@ -40,6 +40,8 @@ private:
     void serve();
     void refuse(Poco::Net::HTTPServerSession &session, Watchdog::Watch &watch);
     bool serveRequest(Poco::Net::HTTPServerSession &session, Watchdog::Watch &watch);
+    /// Of TLS, once; true without it. Logs a failure.
+    bool completeHandshake(const Watchdog::Watch &watch);
     bool exchange(Poco::Net::HTTPServerRequestImpl &request, Poco::Net::HTTPServerResponseImpl &response,
                   Watchdog::Watch &watch);
     Answer answer(Poco::Net::HTTPServerRequestImpl &request, Poco::Net::HTTPServerResponseImpl &response,
@@ -47,6 +49,7 @@ private:
     void sendUnasked(Poco::Net::HTTPServerSession &session, Answer answer) const;
 
     Service &m_service;
+    bool m_needsHandshake;
     std::string m_peer;
 };
 

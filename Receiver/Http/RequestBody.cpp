@@ -1,7 +1,6 @@
 #include "Http/RequestBody.h"
 
 #include "BlockSize.h"
-#include "Http/HttpError.h"
 
 #include <Poco/Net/StreamSocket.h>
 #include <Poco/NumberParser.h>
@@ -42,6 +41,13 @@ void refuseAmbiguousNames(const HTTPRequest &request)
 
 } // namespace
 
+HttpError cutOff(const Watchdog::Watch &watch)
+{
+    if (watch.stopping())
+        return {Status::HTTP_SERVICE_UNAVAILABLE, "The receiver stops before the request has arrived"};
+    return {Status::HTTP_REQUEST_TIMEOUT, "The request took too long to arrive"};
+}
+
 RequestBody::RequestBody(Poco::Net::HTTPServerRequestImpl &request,
                          Poco::Net::HTTPServerResponseImpl &response, Watchdog::Watch &watch,
                          std::uint64_t leastRate)
@@ -77,9 +83,10 @@ void RequestBody::checkLength(const HTTPRequest &request)
     m_atEnd = m_length == 0;
 }
 
-void RequestBody::setLimit(std::uint64_t bytes, const std::string &what)
+void RequestBody::setLimit(std::uint64_t bytes, const std::string &what, std::uint64_t beside)
 {
-    m_limit = bytes;
+    m_limit = bytes + beside;
+    m_namedLimit = bytes;
     m_what = what;
     if (m_length > m_limit)
         failTooBig();
@@ -143,13 +150,13 @@ void RequestBody::drain()
 void RequestBody::failTooBig() const
 {
     throw HttpError(Status::HTTP_REQUEST_ENTITY_TOO_LARGE,
-                    m_what + " is larger than the limit of " + std::to_string(m_limit) + " bytes");
+                    m_what + " is larger than the limit of " + std::to_string(m_namedLimit) + " bytes");
 }
 
 void RequestBody::failTruncated() const
 {
     if (m_watch.expired())
-        throw HttpError(Status::HTTP_REQUEST_TIMEOUT, "The request took too long to arrive");
+        throw cutOff(m_watch);
     throw HttpError(Status::HTTP_BAD_REQUEST,
                     "The body ended after " + std::to_string(m_read) + " of " + std::to_string(m_length)
                         + " bytes");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Http/HttpError.h"
 #include "Http/MemoryBudget.h"
 #include "Http/Watchdog.h"
 
@@ -12,9 +13,12 @@
 
 namespace wexel::receiver {
 
+/// What a request is refused with that the watchdog has cut off: 408, or 503 if that is because the server stops.
+HttpError cutOff(const Watchdog::Watch &watch);
+
 /// The body of a request as it arrives: with a Content-Length or in chunks, behind "Expect: 100-continue" or not, never more
 /// than the handler's limit, and in the time that the watch allows; a body that is wanted has a second more for each
-/// \a leastRate bytes that its length announces. Faults come out as HttpError: 400, 408, 411, 413, 501.
+/// \a leastRate bytes that its length announces. Faults come out as HttpError: 400, 408, 411, 413, 501, 503.
 class RequestBody
 {
 public:
@@ -22,8 +26,9 @@ public:
     RequestBody(Poco::Net::HTTPServerRequestImpl &request, Poco::Net::HTTPServerResponseImpl &response,
                 Watchdog::Watch &watch, std::uint64_t leastRate);
 
-    /// \a what names the body in the error's text, as in "The file". To be called before reading.
-    void setLimit(std::uint64_t bytes, const std::string &what);
+    /// \a what names the body in the error's text, as in "The file", and \a bytes the limit that somebody has set; \a beside
+    /// are taken beyond it, for what frames the content. To be called before reading.
+    void setLimit(std::uint64_t bytes, const std::string &what, std::uint64_t beside = 0);
 
     /// Reads up to \a size bytes and returns how many; 0 at the end of the body.
     std::size_t read(char *buffer, std::size_t size);
@@ -55,7 +60,8 @@ private:
     bool m_expectsContinue;
     bool m_isChunked;
     std::uint64_t m_length = 0; ///< of a body that is not chunked
-    std::uint64_t m_limit = 0;
+    std::uint64_t m_limit = 0; ///< of the whole body
+    std::uint64_t m_namedLimit = 0;
     std::string m_what;
     std::uint64_t m_read = 0;
     bool m_atEnd = false;

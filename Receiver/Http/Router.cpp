@@ -87,6 +87,7 @@ Answer Router::answer(const HTTPRequest &header, RequestBody &body, const std::s
         answer = run(*match.route, {header, body, peer, match.parameter, {}});
     } else {
         answer = unroutable(match.allowed);
+        answer.route = match.addressed ? nameOf(*match.addressed) : "";
         answer.brokenOff = header.getMethod() == HTTPRequest::HTTP_POST && !isOfDashboard(path);
     }
     if (isOfDashboard(path))
@@ -102,17 +103,27 @@ std::vector<std::string> Router::routes() const
     return names;
 }
 
+std::string Router::nameOf(const Route &route)
+{
+    return route.method + ' ' + route.path;
+}
+
 Router::Match Router::find(const std::string &method, std::string_view path) const
 {
-    std::string allowed;
+    // The connection leaves the body out.
+    const std::string &wanted = method == HTTPRequest::HTTP_HEAD ? HTTPRequest::HTTP_GET : method;
+    Match found;
     for (const Route &route : m_routes) {
         const std::optional<std::string> parameter = match(route.path, path);
-        if (parameter && route.method == method)
-            return {&route, *parameter, {}};
-        if (parameter)
-            allowed += (allowed.empty() ? "" : ", ") + route.method;
+        if (parameter && route.method == wanted)
+            return {.route = &route, .parameter = *parameter};
+        if (!parameter)
+            continue;
+        found.addressed = found.addressed ? found.addressed : &route;
+        found.allowed += (found.allowed.empty() ? "" : ", ") + route.method
+            + (route.method == HTTPRequest::HTTP_GET ? ", HEAD" : "");
     }
-    return {nullptr, {}, allowed};
+    return found;
 }
 
 Answer Router::run(const Route &route, Request request) const
@@ -130,7 +141,7 @@ Answer Router::run(const Route &route, Request request) const
         }
     };
     Answer answer = guarded();
-    answer.route = route.method + ' ' + route.path;
+    answer.route = nameOf(route);
     answer.brokenOff = route.refusal == Refusal::BrokenOff && answer.status >= Status::HTTP_BAD_REQUEST
         && answer.status != Status::HTTP_FORBIDDEN;
     return answer;

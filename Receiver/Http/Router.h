@@ -30,7 +30,7 @@ public:
     void add(const std::string &method, const std::string &path, Access access,
              std::unique_ptr<Handler> handler, Refusal refusal = Refusal::Plain);
 
-    /// Never throws. A POST to a wrong address is broken off, unless it is the dashboard's: it may have been meant for a
+    /// Never throws. HEAD is answered as GET, with a body that is not to be sent. A POST to a wrong address is broken off, unless it is the dashboard's: it may have been meant for a
     /// route that is.
     Answer answer(const Poco::Net::HTTPRequest &header, RequestBody &body, const std::string &peer) const;
 
@@ -46,13 +46,15 @@ private:
         Refusal refusal;
     };
 
-    /// The route, or its absence and the methods that the address allows.
+    /// The route, or its absence, the methods that the address allows and the first route that it has.
     struct Match {
         const Route *route = nullptr;
-        std::string parameter;
-        std::string allowed;
+        std::string parameter = {};
+        std::string allowed = {};
+        const Route *addressed = nullptr;
     };
 
+    static std::string nameOf(const Route &route);
     Match find(const std::string &method, std::string_view path) const;
     Answer run(const Route &route, Request request) const;
     Answer dispatch(const Route &route, Request &request) const;

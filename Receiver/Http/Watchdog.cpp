@@ -5,6 +5,13 @@
 
 namespace wexel::receiver {
 
+namespace {
+
+/// For those whose request does not arrive any more to be told so.
+constexpr std::chrono::seconds timeToTell{1};
+
+} // namespace
+
 Watchdog::Watch::Watch(Watchdog &watchdog, int socket, std::size_t limit) : m_watchdog(watchdog)
 {
     const std::lock_guard lock(m_watchdog.m_mutex);
@@ -71,6 +78,11 @@ void Watchdog::stop(std::chrono::seconds grace)
             cut(entry);
     }
     m_changed.wait_for(lock, grace, [this] { return m_entries.empty(); });
+    for (Entry &entry : m_entries) {
+        if (entry.phase == Phase::Receiving)
+            cut(entry);
+    }
+    m_changed.wait_for(lock, timeToTell, [this] { return m_entries.empty(); });
     for (Entry &entry : m_entries) {
         entry.phase = Phase::Answering;
         cut(entry);

@@ -60,8 +60,8 @@ public:
     Watchdog();
     ~Watchdog();
 
-    /// Cuts the idle connections, gives the others \a grace to end their request, and cuts those that did not. Returns when
-    /// no connection is left.
+    /// Cuts the idle connections, gives the others \a grace to end their request, ends the receiving of those that did not,
+    /// and cuts what is left a second later. Returns when no connection is left.
     void stop(std::chrono::seconds grace);
 
 private:

@@ -63,7 +63,7 @@ struct FuzzedReceiver::Parts {
     Poco::Crypto::OpenSSLInitializer openSsl;
     Options options = fuzzedOptions();
     DataFolder data{options.place, DataFolder::Access::Serve};
-    Server server{options, data};
+    Server server{options, data, Port(options)};
     SessionStore sessions{data.database()};
     Poco::URI url{server.url()};
     std::string token = data.tokens().issue("id", options.tokenLifetime, currentMilliseconds());

@@ -52,7 +52,7 @@ TEST_F(AccessTest, TakesTheFirstPasswordFromAFileAndTheNextFromTheCommand)
 
     const std::string command = std::string(WEXEL_RECEIVER) + " password --data " + data.string();
     const auto run = [](const std::string &line) { return Program({"sh", "-c", line}).readAll(); };
-    run("echo another password | " + command);
+    EXPECT_THAT(run("echo another password | " + command), HasSubstr("has another password"));
     EXPECT_EQ(client.request("GET", session).status, 401);
     EXPECT_EQ(client.signIn("of a given length").status, 401);
     EXPECT_EQ(client.signIn("another password").status, 200);

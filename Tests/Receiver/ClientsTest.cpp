@@ -126,11 +126,12 @@ TEST_F(ClientsTest, BindsThemAnew)
     EXPECT_EQ(bind("beta", R"({"bundle_ids":["org.example.next"]})"), 204);
     EXPECT_EQ(send("org.example.next"), 200);
     EXPECT_EQ(send("org.example.app"), 403);
-    EXPECT_EQ(command({"bind", "beta", "--bundle", "org.example.app"}).code, 0);
+    EXPECT_EQ(command({"bind", "beta", "--bundle", "org.example.app", "--bundle", "b"}).output,
+              "beta may report for org.example.app, b\n");
     EXPECT_EQ(send("org.example.next"), 403);
-    EXPECT_EQ(command({"bind", "beta", "--any-bundle"}).code, 0);
+    EXPECT_EQ(command({"bind", "beta", "--any-bundle"}).output, "beta may report for any bundle id\n");
     EXPECT_EQ(send("org.example.any"), 200);
-    EXPECT_EQ(command({"revoke", "beta"}).code, 0);
+    EXPECT_EQ(command({"revoke", "beta"}).output, "beta is revoked\n");
     EXPECT_EQ(bind("beta", R"({"bundle_ids":[]})"), 404) << "it stays revoked";
     EXPECT_EQ(command({"bind", "beta", "--any-bundle"}).code, 1);
 }

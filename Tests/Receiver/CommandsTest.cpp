@@ -32,12 +32,21 @@ TEST_F(CommandsTest, ExplainsWrongOptions)
                 HasSubstr("HOST:PORT"));
     EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--listen", "::1:x"}),
                 HasSubstr("number"));
+    EXPECT_THAT(complaint({"--data", folderName, "--listen", "[::1]:99999"}),
+                HasSubstr("--listen: the port must be a number from 0 to 65535"));
+    EXPECT_THAT(complaint({"--dat", folderName}), HasSubstr("--dat may be --data or --database\n"));
+    EXPECT_THAT(complaint({"--max-things=3"}), HasSubstr("Unknown option --max-things\n"));
+    const std::string clients = folder.path() / "clients";
+    writeFile(clients, "# two\n\na:b\nnosecret\n");
+    EXPECT_THAT(complaint({"--data", folderName, "--clients", clients}), HasSubstr(clients + " line 4: "));
     EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--request-timeout", "0"}),
                 HasSubstr("1 to"));
     EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--tls-cert", "x"}),
                 HasSubstr("--tls-key"));
     EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--public-url", "ftp://x"}),
                 HasSubstr("--public-url"));
+    EXPECT_THAT(complaint({"--data", folderName, "--listen", "0.0.0.0:0"}), HasSubstr("--public-url"));
+    EXPECT_THAT(complaint({"--data", folderName, "--listen", "[::]:0"}), HasSubstr("--public-url"));
     const auto branding = folder.path() / "branding.json";
     writeFile(branding, R"({"text_color":"#fff"})");
     EXPECT_THAT(complaint({"--data", folderName, "--client", "a:b", "--white-labeling", branding.string()}),
@@ -47,6 +56,16 @@ TEST_F(CommandsTest, ExplainsWrongOptions)
     EXPECT_THAT(complaint({"--database", "mysql://x/y"}), HasSubstr("postgresql://"));
     EXPECT_THAT(complaint({"--database", "postgresql://a:b%20c@x/y"}), HasSubstr("blank"));
     EXPECT_THAT(complaint({"export", "--data", folderName}), HasSubstr("FILE"));
+    const auto misused = [&](std::vector<std::string> arguments) {
+        arguments.insert(arguments.end(), {"--data", folderName});
+        return complaint(std::move(arguments));
+    };
+    EXPECT_THAT(misused({"--json"}), HasSubstr("--json does not go with the server"));
+    EXPECT_THAT(misused({"backup", "x", "--json"}), HasSubstr("--json does not go with backup"));
+    EXPECT_THAT(misused({"backup", "x", "--listen", "[::1]:5"}),
+                HasSubstr("--listen does not go with backup"));
+    EXPECT_THAT(misused({"client", "list", "--bundle", "a"}),
+                HasSubstr("--bundle does not go with client list"));
     EXPECT_FALSE(std::filesystem::exists(data));
     EXPECT_EQ(runReceiver({"--help"}).code, 0);
     EXPECT_THAT(runReceiver({"--version"}).output, HasSubstr("wexel-receiver 1."));
@@ -75,9 +94,16 @@ TEST_F(CommandsTest, ExplainsUnusableFolders)
     EXPECT_EQ(second.code, 1);
     EXPECT_THAT(second.output, HasSubstr("another wexel-receiver"));
     const std::string address = "127.0.0.1:" + std::to_string(receiver->url().getPort());
-    const Result taken = runReceiver({"--data", data.string() + "2", "--client", "a:b", "--listen", address});
+    const std::string other = data.string() + "2";
+    const Result taken = runReceiver({"--data", other, "--client", "a:b", "--listen", address});
     EXPECT_EQ(taken.code, 1);
     EXPECT_THAT(taken.output, HasSubstr("Can't listen"));
+    writeFile(file, "short\n");
+    const Result weak = runReceiver({"--data", other, "--admin-password-file", file.string()});
+    EXPECT_EQ(weak.code, 2);
+    EXPECT_THAT(weak.output,
+                HasSubstr("--admin-password-file " + file.string() + ": A password has at least"));
+    EXPECT_FALSE(std::filesystem::exists(other)) << "a start that failed has left something";
 }
 
 TEST_F(CommandsTest, SaysAtOnceWhyADatabaseCantBeOpened)
@@ -113,6 +139,19 @@ TEST_F(CommandsTest, KeepsAFolderThatWasThereToTheOwner)
     for (const auto &entry : std::filesystem::recursive_directory_iterator(data))
         EXPECT_EQ(entry.status().permissions() & (perms::group_all | perms::others_all), perms::none)
             << entry.path();
+}
+
+TEST_F(CommandsTest, ArchivesWhatIsNotKnownButDoesNotAllowIt)
+{
+    start();
+    const auto run = [&](const std::string &command) {
+        return runReceiver({command, "org.example.new", "--data", data.string()});
+    };
+    const Result unknown = run("unarchive");
+    EXPECT_EQ(unknown.code, 1);
+    EXPECT_EQ(unknown.output, "wexel-receiver: org.example.new is not known\n");
+    EXPECT_THAT(run("archive").output, HasSubstr("(it was not known before)"));
+    EXPECT_EQ(run("unarchive").output, "org.example.new may send reports\n");
 }
 
 TEST_F(CommandsTest, ListsReportsAsATable)

@@ -65,7 +65,7 @@ TEST_F(ContractTest, ServesFilesSafely)
     EXPECT_EQ(client.request("GET", "/api/1.0/files/00000000000000000000000000000000").status, 404);
 }
 
-TEST_F(ContractTest, LogsNoFileIds)
+TEST_F(ContractTest, LogsWhatItNeedsAndNoFileIds)
 {
     const auto log = folder.path() / "log";
     start({}, {"/bin/sh", "-c", "exec \"$0\" \"$@\" 2>" + log.string()});
@@ -77,6 +77,8 @@ TEST_F(ContractTest, LogsNoFileIds)
     const std::string text = readFile(log);
     EXPECT_NE(text.find("path=/api/1.0/files/" + id.substr(0, 8) + "... "), std::string::npos) << text;
     EXPECT_EQ(text.find(id), std::string::npos) << text;
+    EXPECT_NE(text.find(" error=\"There is nothing at this address\"\n"), std::string::npos) << text;
+    EXPECT_NE(text.find(" database=" + (data / "receiver.sqlite\n").string()), std::string::npos) << text;
 }
 
 TEST_F(ContractTest, IssuesTokensToKnownClientsOnly)
@@ -146,7 +148,32 @@ TEST_F(ContractTest, AnswersWrongAddressesAndMethods)
     EXPECT_EQ(wrongMethod.status, 405);
     EXPECT_EQ(wrongMethod.header.get("Allow"), "POST");
     EXPECT_EQ(wrongMethod.text("error"), "The method must be POST");
+    EXPECT_EQ(client.request("DELETE", "/healthz").header.get("Allow"), "GET, HEAD");
     EXPECT_EQ(client.request("GET", "/api/1.0/white-labeling").status, 404);
+    const std::string metrics = client.request("GET", "/metrics").body;
+    EXPECT_NE(metrics.find("{route=\"POST api/1.0/issue_tracking/apps\",status=\"405\"} 1\n"), metrics.npos);
+}
+
+TEST_F(ContractTest, AnswersHeadAsGetWithoutTheBody)
+{
+    start();
+    Client client = receiver->administrator();
+    client.authenticate();
+    const std::string file = Poco::URI(client.upload("a", std::string(100000, 'a')).text("url")).getPath();
+    client.sendReport("{}");
+    // All on one connection: a body where none is expected would be taken for the next answer.
+    for (const std::string path : {file.c_str(), "/healthz", "/dashboard/", "/dashboard/api/reports/1",
+                                   "/dashboard/api/reports/1/archive", "/api/1.0/white-labeling"}) {
+        const Reply head = client.request("HEAD", path);
+        const Reply get = client.request("GET", path);
+        EXPECT_EQ(head.status, get.status) << path;
+        EXPECT_EQ(head.body, "") << path;
+        for (const std::string name : {"Content-Length", "Content-Type", "Content-Disposition", "ETag",
+                                       "Transfer-Encoding", "Connection"})
+            EXPECT_EQ(head.header.get(name, "none"), get.header.get(name, "none")) << path << ' ' << name;
+    }
+    EXPECT_EQ(client.request("HEAD", applicationsPath).status, 405);
+    EXPECT_EQ(receiver->stranger().request("HEAD", "/dashboard/api/reports").status, 401);
 }
 
 TEST_F(ContractTest, OffersTheBrandingAndThePublicAddress)

@@ -1,4 +1,5 @@
 #include "Secrets.h"
+#include "Server.h"
 #include "Support/TestReceiver.h"
 
 #include <array>
@@ -158,6 +159,25 @@ TEST_F(DurabilityTest, LetsRequestsInFlightEnd)
     EXPECT_TRUE(readUntilClosed(socket).value_or("open").starts_with("HTTP/1.1 200"));
     stopper.join();
     receiver.reset();
+}
+
+TEST_F(DurabilityTest, TellsWhatItDoesNotWaitForThatItStops)
+{
+    using namespace wexel::receiver;
+    Options options;
+    options.place.data = data;
+    options.listenPort = 0;
+    DataFolder storage(options.place, DataFolder::Access::Serve);
+    Server server(options, storage, Port(options));
+    const Poco::URI url(server.url());
+    Poco::Net::StreamSocket socket(Poco::Net::SocketAddress(url.getHost(), url.getPort()));
+    send(socket, "POST /auth/oauth2/token HTTP/1.1\r\nContent-Length: 67\r\nExpect: 100-continue\r\n\r\n");
+    char answer[25];
+    ASSERT_EQ(socket.receiveBytes(answer, sizeof answer), 25); // It reads the body now.
+    server.stop(std::chrono::seconds(0));
+    const std::string end = readUntilClosed(socket).value_or("open");
+    EXPECT_TRUE(end.starts_with("HTTP/1.1 503")) << end;
+    EXPECT_NE(end.find("The receiver stops"), std::string::npos) << end;
 }
 
 } // namespace

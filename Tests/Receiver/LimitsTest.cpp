@@ -19,7 +19,9 @@ TEST_F(LimitsTest, RefusesWhatIsTooBig)
     const Reply file = client.upload("a", std::string(1001, 'a'));
     EXPECT_EQ(file.status, 413);
     EXPECT_NE(file.text("error").find("1000"), std::string::npos);
-    EXPECT_EQ(client.upload("a", std::string(3000000, 'a')).status, 413);
+    const Reply upload = client.upload("a", std::string(3000000, 'a'));
+    EXPECT_EQ(upload.status, 413);
+    EXPECT_EQ(upload.text("error"), "The upload is larger than the limit of 1000 bytes");
     EXPECT_EQ(client.sendReport(R"({"a":")" + std::string(92, 'a') + "\"}").status, 200);
     const Reply report = client.sendReport(R"({"a":")" + std::string(93, 'a') + "\"}");
     EXPECT_EQ(report.status, 413);

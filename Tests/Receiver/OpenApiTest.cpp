@@ -70,7 +70,7 @@ TEST_F(OpenApiTest, DescribesEveryRouteAndNoOther)
     options.place.data = data;
     options.listenPort = 0;
     wexel::receiver::DataFolder folder({data}, wexel::receiver::DataFolder::Access::Serve);
-    wexel::receiver::Server server(options, folder);
+    wexel::receiver::Server server(options, folder, wexel::receiver::Port(options));
     std::vector<std::string> described;
     for (const Operation &operation : description.operations())
         described.push_back(operation.route());

@@ -6,6 +6,8 @@
 #include <Poco/Net/SSLManager.h>
 #include <Poco/Net/SecureStreamSocket.h>
 
+#include <gmock/gmock.h>
+
 namespace {
 
 using Poco::Net::Context;
@@ -13,18 +15,21 @@ using Poco::Net::Context;
 class TlsTest : public ReceiverTest
 {
 protected:
-    void startSecure(std::vector<std::string> options = {})
+    static void makeCertificate(const std::string &certificate, const std::string &key)
     {
-        const std::string certificate = (folder.path() / "cert.pem").string();
-        const std::string key = (folder.path() / "key.pem").string();
         Program openssl({"openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:P-256",
                          "-nodes", "-days", "2", "-subj", "/CN=localhost", "-addext",
                          "subjectAltName=IP:127.0.0.1", "-keyout", key, "-out", certificate},
                         Program::Output::Both);
         const std::string output = openssl.readAll();
         ASSERT_EQ(openssl.wait(), 0) << output;
+    }
+
+    void startSecure(std::vector<std::string> options = {})
+    {
+        makeCertificate(certificate, key);
         options.insert(options.end(), {"--tls-cert", certificate, "--tls-key", key});
-        start(std::move(options));
+        start(std::move(options), {"/bin/sh", "-c", "exec \"$0\" \"$@\" 2>" + log.string()});
         context = new Context(Context::TLS_CLIENT_USE, certificate, Context::VERIFY_STRICT);
         Poco::Net::SSLManager::instance().initializeClient(
             nullptr, new Poco::Net::RejectCertificateHandler(false), context);
@@ -38,6 +43,9 @@ protected:
         return socket;
     }
 
+    std::string certificate = (folder.path() / "cert.pem").string();
+    std::string key = (folder.path() / "key.pem").string();
+    std::filesystem::path log = folder.path() / "log";
     Context::Ptr context;
 };
 
@@ -63,6 +71,8 @@ TEST_F(TlsTest, ServesOverTls)
     send(plain, "GET / HTTP/1.1\r\n\r\n");
     EXPECT_TRUE(readUntilClosed(plain).has_value());
     EXPECT_EQ(client.sendReport("{}").status, 200);
+    EXPECT_THAT(readFile(log),
+                testing::ContainsRegex("event=tls_failed peer=[^ ]+ error=[^\n]*http request"));
 }
 
 TEST_F(TlsTest, CutsOffSlowPeers)
@@ -71,6 +81,8 @@ TEST_F(TlsTest, CutsOffSlowPeers)
     auto silent = receiver->connect();
     send(silent, "\x16"); // The first byte of a handshake, and no more.
     EXPECT_TRUE(readUntilClosed(silent).has_value());
+    EXPECT_THAT(readFile(log),
+                testing::ContainsRegex("event=tls_failed peer=[^ ]+ error=\"It took too long\""));
     auto slow = connectSecurely();
     send(slow, "POST /auth/oauth2/token HTTP/1.1\r\nContent-Length: 9999\r\n\r\nx");
     EXPECT_TRUE(readUntilClosed(slow).has_value());
@@ -78,12 +90,20 @@ TEST_F(TlsTest, CutsOffSlowPeers)
 
 TEST_F(TlsTest, ExplainsABadCertificate)
 {
-    const std::string file = (folder.path() / "cert.pem").string();
-    writeFile(file, "no certificate");
-    const Result result = runReceiver({"--data", data.string(), "--client", "a:b", "--listen", "127.0.0.1:0",
-                                       "--tls-cert", file, "--tls-key", file});
-    EXPECT_EQ(result.code, 1);
-    EXPECT_NE(result.output.find("cert.pem"), std::string::npos) << result.output;
+    const auto complaint = [&](const std::string &usedKey) {
+        const Result result = runReceiver({"--data", data.string(), "--listen", "127.0.0.1:0", "--tls-cert",
+                                           certificate, "--tls-key", usedKey});
+        EXPECT_EQ(result.code, 1);
+        return result.output;
+    };
+    writeFile(certificate, "no certificate");
+    EXPECT_THAT(complaint(certificate), testing::HasSubstr(certificate));
+    makeCertificate(certificate, key);
+    const std::string otherKey = key + "2";
+    makeCertificate(certificate + "2", otherKey);
+    EXPECT_THAT(complaint(otherKey),
+                testing::HasSubstr("The key in " + otherKey + " does not belong to the certificate in "
+                                   + certificate + '\n'));
 }
 
 } // namespace
