@@ -16,6 +16,9 @@ int listReports(const Options &options);
 /// Switches an application off or on, the latter only if it is known; a running server sees it at its next request.
 int setArchived(const Options &options, bool archived);
 
+/// Changes the limits that are given for what is kept of an application, and prints them.
+int setRetention(const Options &options);
+
 /// Sets the dashboard's password and ends all sessions: the first line of the standard input, or a random one, which is
 /// printed, if that is empty.
 int setPassword(const Options &options);

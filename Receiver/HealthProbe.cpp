@@ -24,13 +24,14 @@ HealthProbe::~HealthProbe()
     m_thread.join();
 }
 
-bool HealthProbe::isHealthy(std::chrono::milliseconds patience)
+HealthProbe::Fault HealthProbe::fault(std::chrono::milliseconds patience)
 {
     std::unique_lock lock(m_mutex);
     const std::uint64_t wanted = m_begun + 1;
     m_asked = wanted;
     m_changed.notify_all();
-    return m_changed.wait_for(lock, patience, [&] { return m_ended >= wanted; }) && m_succeeded;
+    const bool hasEnded = m_changed.wait_for(lock, patience, [&] { return m_ended >= wanted; });
+    return hasEnded ? m_fault : m_asking;
 }
 
 void HealthProbe::run()
@@ -42,23 +43,38 @@ void HealthProbe::run()
             return;
         ++m_begun;
         lock.unlock();
-        const bool success = succeeds();
+        const Fault fault = roundTrip();
         lock.lock();
         m_ended = m_begun;
-        m_succeeded = success;
+        m_fault = fault;
         m_changed.notify_all();
     }
 }
 
+HealthProbe::Fault HealthProbe::roundTrip()
+{
+    for (const Fault part : {Fault::Database, Fault::Files}) {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_asking = part;
+        }
+        if (!succeeds(part))
+            return part;
+    }
+    return Fault::None;
+}
+
 /// Changes nothing, yet takes what an upload and a report take.
-bool HealthProbe::succeeds()
+bool HealthProbe::succeeds(Fault part)
 {
     try {
-        m_database.write([](Poco::Data::Session &session) {
-            // Of no row, but a server that only reads refuses it.
-            session << "UPDATE administrator SET password = password WHERE id = 0", now;
-        });
-        m_files.receive(randomId())->write("x");
+        if (part == Fault::Files)
+            m_files.receive(randomId())->write("x");
+        else
+            m_database.write([](Poco::Data::Session &session) {
+                // Of no row, but a server that only reads refuses it.
+                session << "UPDATE administrator SET password = password WHERE id = 0", now;
+            });
         return true;
     } catch (const std::exception &error) {
         logEvent("health_failed", {{"error", error.what()}});

@@ -21,12 +21,15 @@ public:
     HealthProbe(const HealthProbe &) = delete;
     HealthProbe &operator=(const HealthProbe &) = delete;
 
-    /// Whether a round trip that began after the call succeeded within \a patience.
-    bool isHealthy(std::chrono::milliseconds patience);
+    enum class Fault { None, Database, Files };
+
+    /// What kept a round trip that began after the call from succeeding within \a patience.
+    Fault fault(std::chrono::milliseconds patience);
 
 private:
     void run();
-    bool succeeds();
+    bool succeeds(Fault part);
+    Fault roundTrip();
 
     Database &m_database;
     FileStore &m_files;
@@ -35,7 +38,8 @@ private:
     std::uint64_t m_asked = 0; ///< number of the last round trip that somebody waits for
     std::uint64_t m_begun = 0;
     std::uint64_t m_ended = 0; ///< like m_begun, counts them
-    bool m_succeeded = false; ///< whether the last one that ended did
+    Fault m_fault = Fault::None; ///< of the last one that ended
+    Fault m_asking = Fault::Database; ///< what is asked now, or was the last
     bool m_isStopping = false;
     std::thread m_thread;
 };

@@ -1,6 +1,7 @@
 #include "Options.h"
 
 #include "BundleId.h"
+#include "RetentionLimits.h"
 #include "Storage/DatabaseAddress.h"
 #include "WhiteLabeling.h"
 
@@ -55,6 +56,10 @@ Poco::Util::OptionSet optionSet()
                        "be repeated.")
                       .repeatable(true));
     set.addOption(with("white-labeling", "FILE", "JSON of the branding to offer."));
+    set.addOption(
+        with("max-age-days", "N", "With retention: reports older than that are removed; 0 for no limit."));
+    set.addOption(with("max-megabytes", "N",
+                       "With retention: the oldest reports beyond that are removed; 0 for no limit."));
     set.addOption(with("max-file-size", "BYTES", "Largest file that is taken (67108864)."));
     set.addOption(with("max-report-size", "BYTES", "Largest report that is taken (16777216)."));
     set.addOption(with("max-connections", "N", "Connections served at once (256)."));
@@ -157,6 +162,9 @@ void apply(Options &options, const std::string &name, const std::string &value)
         {"token-lifetime", [&] { options.tokenLifetime = asInt(tenYears); }},
         {"bundle", [&] { options.bundleIds.push_back(checkedBundleId(value)); }},
         {"any-bundle", [&] { options.anyBundle = true; }},
+        {"max-age-days", [&] { options.maximumAgeDays = number("--" + name, value, 0, longestRetention); }},
+        {"max-megabytes",
+         [&] { options.maximumMegabytes = number("--" + name, value, 0, largestRetention >> 20); }},
         {"json", [&] { options.json = true; }},
         {"help", [&] { options.command = Command::Help; }},
         {"version", [&] { options.command = Command::Version; }},
@@ -203,10 +211,15 @@ void takePositional(Options &options, const std::vector<std::string> &words)
 {
     using Taker = void (*)(Options &, const std::vector<std::string> &);
     static const std::map<std::string, std::pair<Command, Taker>> commands
-        = {{"reports", {Command::Reports, takeNothing}},      {"archive", {Command::Archive, takeBundleId}},
-           {"unarchive", {Command::Unarchive, takeBundleId}}, {"password", {Command::Password, takeNothing}},
-           {"client", {Command::Client, takeClientAction}},   {"export", {Command::Export, takeFile}},
-           {"import", {Command::Import, takeFile}},           {"backup", {Command::Backup, takeFile}}};
+        = {{"reports", {Command::Reports, takeNothing}},
+           {"archive", {Command::Archive, takeBundleId}},
+           {"unarchive", {Command::Unarchive, takeBundleId}},
+           {"password", {Command::Password, takeNothing}},
+           {"client", {Command::Client, takeClientAction}},
+           {"export", {Command::Export, takeFile}},
+           {"retention", {Command::Retention, takeBundleId}},
+           {"import", {Command::Import, takeFile}},
+           {"backup", {Command::Backup, takeFile}}};
     if (words.empty())
         return;
     const auto found = commands.find(words.front());
@@ -254,7 +267,11 @@ void checkUse(const std::vector<std::string> &names, const std::vector<std::stri
     static const std::set<std::string> everybodys = {"data", "database", "files"};
     // All others are the server's.
     static const std::map<std::string, std::set<std::string>> users
-        = {{"json", {"reports"}}, {"bundle", {"client add", "client bind"}}, {"any-bundle", {"client bind"}}};
+        = {{"json", {"reports"}},
+           {"bundle", {"client add", "client bind"}},
+           {"any-bundle", {"client bind"}},
+           {"max-age-days", {"retention"}},
+           {"max-megabytes", {"retention"}}};
     std::string command = words.empty() ? "the server" : words.front();
     if (command == "client")
         command += ' ' + words.at(1);
@@ -348,6 +365,7 @@ std::string usage()
         "wexel-receiver --data DIR [OPTIONS]\n"
         "       wexel-receiver reports --data DIR [--json]\n"
         "       wexel-receiver archive|unarchive BUNDLE_ID --data DIR\n"
+        "       wexel-receiver retention BUNDLE_ID [--max-age-days N] [--max-megabytes N] --data DIR\n"
         "       wexel-receiver client add [ID] [--bundle BUNDLE_ID]... --data DIR\n"
         "       wexel-receiver client bind ID --bundle BUNDLE_ID...|--any-bundle --data DIR\n"
         "       wexel-receiver client list|rotate ID|revoke ID --data DIR\n"

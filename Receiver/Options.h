@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -25,6 +26,7 @@ struct Options {
         Reports,
         Archive,
         Unarchive,
+        Retention,
         Password,
         Client,
         Export,
@@ -36,7 +38,9 @@ struct Options {
 
     Command command = Command::Serve;
     StoragePlace place;
-    std::string bundleId; ///< of archive and unarchive
+    std::string bundleId; ///< of archive, unarchive and retention
+    std::optional<std::uint64_t> maximumAgeDays; ///< of retention; 0 takes the limit off, nothing leaves it
+    std::optional<std::uint64_t> maximumMegabytes; ///< the same
     bool json = false; ///< of reports
     std::string file; ///< of export, import and backup; "-" is the standard output or input
     std::string clientAction; ///< of client: add, list, bind, rotate or revoke

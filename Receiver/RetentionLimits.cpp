@@ -6,9 +6,6 @@ namespace wexel::receiver {
 
 namespace {
 
-constexpr std::int64_t maximumDays = 36500;
-constexpr std::int64_t maximumBytes = std::int64_t(1) << 53; // the largest that JavaScript counts exactly
-
 std::optional<std::int64_t> limitAt(const Poco::JSON::Object &object, const std::string &key,
                                     std::int64_t largest)
 {
@@ -29,7 +26,8 @@ std::optional<std::int64_t> limitAt(const Poco::JSON::Object &object, const std:
 
 Retention readRetention(const Poco::JSON::Object &object)
 {
-    return {limitAt(object, "max_age_days", maximumDays), limitAt(object, "max_bytes", maximumBytes)};
+    return {limitAt(object, "max_age_days", longestRetention),
+            limitAt(object, "max_bytes", largestRetention)};
 }
 
 } // namespace wexel::receiver

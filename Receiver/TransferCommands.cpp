@@ -7,6 +7,28 @@
 
 namespace wexel::receiver {
 
+namespace {
+
+void print(const ImportResult &result)
+{
+    std::cout << result.reports << " reports imported, " << result.known << " were known, " << result.deleted
+              << " were deleted here and are not taken again\n";
+    if (result.limited > 0)
+        std::cout << result.limited
+                  << " applications came with limits for what is kept: the next start removes "
+                  << "what is beyond them, and a server that runs does so within an hour\n";
+    if (result.access.password != RestoredAccess::Password::None)
+        std::cout << "The dashboard's password was "
+                  << (result.access.password == RestoredAccess::Password::Taken
+                          ? "taken\n"
+                          : "not taken: the one that was set here stays\n");
+    if (result.access.clients + result.access.knownClients > 0)
+        std::cout << result.access.clients << " clients were taken, " << result.access.knownClients
+                  << " were known and stay as they are here\n";
+}
+
+} // namespace
+
 int exportReports(const Options &options)
 {
     DataFolder data(options.place, DataFolder::Access::Read);
@@ -25,10 +47,11 @@ int exportReports(const Options &options)
 
 int importReports(const Options &options)
 {
+    TarReader tar(options.file);
+    readManifest(tar); // before an inbox is made for what is no export
     DataFolder data(options.place, DataFolder::Access::Fill);
-    const ImportResult result = importFrom(options.file, data);
-    std::cout << result.reports << " reports imported, " << result.known << " were known\n";
-    return 0;
+    print(importFrom(tar, data));
+    return std::cout.flush() ? 0 : 1;
 }
 
 } // namespace wexel::receiver

@@ -23,6 +23,8 @@ int run(const Options &options)
         return setArchived(options, true);
     case Options::Command::Unarchive:
         return setArchived(options, false);
+    case Options::Command::Retention:
+        return setRetention(options);
     case Options::Command::Password:
         return setPassword(options);
     case Options::Command::Client:

@@ -6,10 +6,18 @@ namespace wexel::receiver {
 
 Answer HealthHandler::handle(Request &)
 {
-    if (m_probe.isHealthy(std::chrono::seconds(1)))
-        return jsonAnswer(R"({"status":"ok"})");
-    return jsonAnswer(R"({"status":"failed","error":"The database does not answer"})",
-                      Status::HTTP_SERVICE_UNAVAILABLE);
+    const auto failed = [](const std::string &why) {
+        return jsonAnswer(R"({"status":"failed","error":")" + why + "\"}", Status::HTTP_SERVICE_UNAVAILABLE);
+    };
+    switch (m_probe.fault(std::chrono::seconds(1))) {
+    case HealthProbe::Fault::Database:
+        return failed("The database does not answer");
+    case HealthProbe::Fault::Files:
+        return failed("The files can't be written");
+    case HealthProbe::Fault::None:
+        break;
+    }
+    return jsonAnswer(R"({"status":"ok"})");
 }
 
 Answer MetricsHandler::handle(Request &)

@@ -1,5 +1,6 @@
 #include "Storage/DataFolder.h"
 
+#include "Storage/DatabaseAddress.h"
 #include "Storage/DatabaseFileStore.h"
 #include "Storage/FolderFileStore.h"
 #include "Storage/PostgresDatabase.h"
@@ -15,11 +16,13 @@
 
 namespace wexel::receiver {
 
+using namespace Poco::Data::Keywords;
+
 namespace fs = std::filesystem;
 
 namespace {
 
-const std::string databaseName = "receiver.sqlite";
+const std::string databaseFile = "receiver.sqlite";
 
 [[noreturn]] void refuse(const fs::path &folder, const std::string &why)
 {
@@ -42,7 +45,7 @@ void create(const fs::path &folder)
 Descriptor lock(const fs::path &folder)
 {
     const fs::path file = folder / "lock";
-    Descriptor descriptor(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    Descriptor descriptor = openOrMakeFile(file, O_RDWR);
     if (!descriptor.isOpen())
         refuse(folder, std::generic_category().message(errno));
     if (::flock(descriptor.number(), LOCK_EX | LOCK_NB) != 0)
@@ -56,10 +59,17 @@ Descriptor prepare(const fs::path &folder, DataFolder::Access access)
         return Descriptor();
     if (access == DataFolder::Access::Serve || access == DataFolder::Access::Fill) {
         create(folder);
-        return access == DataFolder::Access::Serve ? lock(folder) : Descriptor();
+        Descriptor taken = access == DataFolder::Access::Serve ? lock(folder) : Descriptor();
+        // SQLite would make it root's if root came first; the files that it makes later get the owner of this one.
+        if (!makeFile(folder / databaseFile).isOpen() && errno != EEXIST)
+            refuse(folder, std::generic_category().message(errno));
+        return taken;
     }
     std::error_code error;
-    if (!fs::exists(folder / databaseName, error))
+    const bool isThere = fs::exists(folder / databaseFile, error);
+    if (error)
+        refuse(folder, error.message());
+    if (!isThere)
         refuse(folder, "no wexel-receiver has served it yet");
     return Descriptor();
 }
@@ -72,16 +82,42 @@ std::unique_ptr<Database> openDatabase(const StoragePlace &place, DataFolder::Ac
                                                            {Access::Change, Database::Mode::Write},
                                                            {Access::Read, Database::Mode::Read}};
     if (place.database.empty())
-        return std::make_unique<SqliteDatabase>(place.data / databaseName, modes.at(access));
+        return std::make_unique<SqliteDatabase>(place.data / databaseFile, modes.at(access));
     return std::make_unique<PostgresDatabase>(place.database, modes.at(access));
+}
+
+/// Where receivers of one inbox kept bytes in different places, each would take the others' files for lost, and deleting a
+/// report would leave bytes behind.
+void agreeOnFiles(const StoragePlace &place, Database &database, bool maySet)
+{
+    const bool isInDatabase = !place.database.empty() && place.files.empty();
+    const std::string wanted = isInDatabase ? "database" : "folder";
+    if (maySet)
+        database.write([&](Poco::Data::Session &session) {
+            session << "UPDATE inbox SET bytes_in = $1 WHERE bytes_in IS NULL", bind(wanted), now;
+        });
+    std::string kept;
+    database.read([&](Poco::Data::Session &session) {
+        session << "SELECT coalesce(bytes_in, $1) FROM inbox", bind(wanted), into(kept), now;
+    });
+    if (kept != wanted)
+        throw StorageError(StorageError::Kind::Failed,
+                           databaseName(place.database)
+                               + (isInDatabase
+                                      ? ": this inbox keeps the bytes of its files in a folder; give "
+                                        "it by --files DIR, the same to every receiver and command"
+                                      : ": this inbox keeps the bytes of its files in the database; "
+                                        "leave --files out"));
 }
 
 std::unique_ptr<FileStore> openFiles(const StoragePlace &place, Database &database, DataFolder::Access access)
 {
+    const bool mayMake = access == DataFolder::Access::Serve || access == DataFolder::Access::Fill;
+    agreeOnFiles(place, database, mayMake);
     if (!place.database.empty() && place.files.empty())
         return std::make_unique<DatabaseFileStore>(database);
     auto files = std::make_unique<FolderFileStore>(place.database.empty() ? place.data : place.files);
-    if (access == DataFolder::Access::Serve || access == DataFolder::Access::Fill) {
+    if (mayMake) {
         if (!place.files.empty())
             create(place.files);
         files->prepare(database);

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 namespace wexel::receiver {
 
@@ -37,6 +38,9 @@ public:
     /// long it takes. It runs once.
     virtual void readSnapshot(const Work &work) = 0;
 };
+
+/// Runs \a work; the text of its StorageError gets \a name before it.
+void named(const std::string &name, const std::function<void()> &work);
 
 /// The time of now as the database keeps it: milliseconds since 1970.
 std::int64_t currentMilliseconds();

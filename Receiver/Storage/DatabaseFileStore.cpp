@@ -117,6 +117,7 @@ public:
         , m_buffer(database, location)
     {
         rdbuf(&m_buffer);
+        exceptions(std::ios::badbit); // lets the buffer's exceptions through
     }
 
 private:

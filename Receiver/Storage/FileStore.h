@@ -53,8 +53,8 @@ public:
 
     virtual std::unique_ptr<IncomingFile> receive(const std::string &location) = 0;
 
-    /// The bytes; nothing if they are lost or not of \a size. The stream ends early where they can't be read on. The store
-    /// must outlive it.
+    /// The bytes; nothing if they are not there or not of \a size, that is, lost. If they can't be read now, this and reading
+    /// the stream throw StorageError. The store must outlive it.
     virtual std::unique_ptr<std::istream> open(const std::string &location, std::uint64_t size) const = 0;
 
     /// Deletes the bytes, if they are there. Throws StorageError.

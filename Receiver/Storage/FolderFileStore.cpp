@@ -1,12 +1,12 @@
 #include "Storage/FolderFileStore.h"
 
+#include "BlockSize.h"
 #include "Log.h"
 #include "Secrets.h"
 #include "Storage/Folders.h"
 
 #include <cerrno>
 #include <fcntl.h>
-#include <fstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -22,15 +22,14 @@ public:
     IncomingFolderFile(fs::path temporary, fs::path target)
         : m_path(std::move(temporary))
         , m_target(std::move(target))
-        , m_descriptor(::open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600))
+        , m_file(makeFile(m_path))
     {
-        if (m_descriptor < 0)
+        if (!m_file.isOpen())
             fail("create");
     }
 
     ~IncomingFolderFile() override
     {
-        ::close(m_descriptor);
         if (!m_path.empty())
             ::unlink(m_path.c_str());
     }
@@ -39,7 +38,7 @@ private:
     void append(std::string_view bytes) override
     {
         while (!bytes.empty()) {
-            const ssize_t written = ::write(m_descriptor, bytes.data(), bytes.size());
+            const ssize_t written = ::write(m_file.number(), bytes.data(), bytes.size());
             if (written >= 0)
                 bytes.remove_prefix(static_cast<std::size_t>(written));
             else if (errno != EINTR)
@@ -49,7 +48,7 @@ private:
 
     void finish() override
     {
-        if (::fsync(m_descriptor) != 0)
+        if (::fsync(m_file.number()) != 0)
             fail("sync");
         if (::rename(m_path.c_str(), m_target.c_str()) != 0)
             fail("publish");
@@ -66,7 +65,48 @@ private:
 
     fs::path m_path; ///< empty once published
     fs::path m_target;
-    int m_descriptor;
+    Descriptor m_file;
+};
+
+/// Tells an end from an error, which a stream of the standard library does not.
+class FileBuffer : public std::streambuf
+{
+public:
+    FileBuffer(Descriptor file, fs::path folder) : m_file(std::move(file)), m_folder(std::move(folder)) { }
+
+private:
+    int_type underflow() override
+    {
+        ssize_t count = -1;
+        do
+            count = ::read(m_file.number(), m_block.data(), m_block.size());
+        while (count < 0 && errno == EINTR);
+        if (count < 0)
+            failStorage("Can't read a file in " + m_folder.string(), errno);
+        if (count == 0)
+            return traits_type::eof();
+        setg(m_block.data(), m_block.data(), m_block.data() + count);
+        return traits_type::to_int_type(m_block.front());
+    }
+
+    Descriptor m_file;
+    fs::path m_folder;
+    std::vector<char> m_block = std::vector<char>(blockSize);
+};
+
+class FileStream : public std::istream
+{
+public:
+    FileStream(Descriptor file, fs::path folder)
+        : std::istream(nullptr)
+        , m_buffer(std::move(file), std::move(folder))
+    {
+        rdbuf(&m_buffer);
+        exceptions(std::ios::badbit); // lets the buffer's exceptions through
+    }
+
+private:
+    FileBuffer m_buffer;
 };
 
 bool isOlder(const fs::path &file, std::int64_t before)
@@ -120,11 +160,15 @@ std::unique_ptr<IncomingFile> FolderFileStore::receive(const std::string &locati
 
 std::unique_ptr<std::istream> FolderFileStore::open(const std::string &location, std::uint64_t size) const
 {
-    const fs::path path = pathOf(location);
-    std::error_code error;
-    auto stream = std::make_unique<std::ifstream>(path, std::ios::binary);
-    const bool isWhole = *stream && fs::file_size(path, error) == size && !error;
-    return isWhole ? std::move(stream) : nullptr;
+    Descriptor file(::open(pathOf(location).c_str(), O_RDONLY | O_CLOEXEC));
+    struct stat state = {};
+    if (!file.isOpen() && errno == ENOENT)
+        return nullptr;
+    if (!file.isOpen() || ::fstat(file.number(), &state) != 0)
+        failStorage("Can't open a file in " + m_files.string(), errno);
+    if (static_cast<std::uint64_t>(state.st_size) != size)
+        return nullptr;
+    return std::make_unique<FileStream>(std::move(file), m_files);
 }
 
 void FolderFileStore::remove(const std::string &location)

@@ -25,7 +25,15 @@ private:
 /// Throws the StorageError for the system's error \a code.
 [[noreturn]] void failStorage(const std::string &what, int code);
 
-/// Makes \a folder (mode 0700) unless it is there; its parent must be.
+/// Makes \a file, which must not be there, to be written. It is for the owner of its folder alone, whoever makes it: a
+/// command that root runs must leave nothing that the server can't read. Not open, with errno, if it fails.
+Descriptor makeFile(const std::filesystem::path &file);
+
+/// Opens \a file with \a flags; makes it as makeFile() does if it is missing. Never follows a link, which the folder's
+/// owner could lead root astray with.
+Descriptor openOrMakeFile(const std::filesystem::path &file, int flags);
+
+/// Makes \a folder (mode 0700, for its parent's owner) unless it is there; its parent must be.
 void makeFolder(const std::filesystem::path &folder);
 
 /// Returns once the entries of \a folder are safe from a power cut.

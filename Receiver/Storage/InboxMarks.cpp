@@ -61,7 +61,7 @@ bool InboxMarks::hasFiles() const
 void InboxMarks::append(const std::string &line) const
 {
     const std::string text = line + '\n';
-    const Descriptor list(::open(m_list.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600));
+    const Descriptor list = openOrMakeFile(m_list, O_WRONLY | O_APPEND);
     if (!list.isOpen() || ::write(list.number(), text.data(), text.size()) < 0 || ::fsync(list.number()) != 0)
         failStorage("Can't write " + m_list.string(), errno);
     syncFolder(m_files);

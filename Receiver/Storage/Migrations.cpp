@@ -91,6 +91,12 @@ const std::vector<Step> &steps()
              "CREATE INDEX tokens_client ON tokens (client)",
          },
          [](Session &session) { session << "INSERT INTO inbox (id) VALUES ($1)", bind(randomId()), now; }},
+        {{
+            // Where the bytes of files are: 'database', 'folder', or not known before the first start.
+            "ALTER TABLE inbox ADD COLUMN bytes_in TEXT",
+            R"(UPDATE inbox SET bytes_in = CASE WHEN EXISTS (SELECT 1 FROM file_chunks) THEN 'database'
+                WHEN EXISTS (SELECT 1 FROM files WHERE size > 0) THEN 'folder' END)",
+        }},
     };
     return all;
 }
@@ -119,6 +125,13 @@ bool hasVersionTable(Session &session, Dialect dialect)
     return count != 0;
 }
 
+template <typename Number>
+std::string versionsText(Number version)
+{
+    return " (schema version " + std::to_string(version) + ", this one's is " + std::to_string(steps().size())
+        + ')';
+}
+
 /// The version that is reached; 0 in a new database. The first versions, all on SQLite, kept it in a place of SQLite's own.
 std::size_t reachedVersion(Session &session, Dialect dialect)
 {
@@ -128,7 +141,8 @@ std::size_t reachedVersion(Session &session, Dialect dialect)
     else if (dialect == Dialect::Sqlite)
         session << "PRAGMA user_version", into(version), now;
     if (version > static_cast<Poco::Int64>(steps().size()))
-        throw StorageError(StorageError::Kind::Failed, "The reports were written by a newer wexel-receiver");
+        throw StorageError(StorageError::Kind::Failed,
+                           "a newer wexel-receiver has written it" + versionsText(version));
     return static_cast<std::size_t>(version);
 }
 
@@ -168,11 +182,11 @@ void checkSchema(Session &session, Dialect dialect)
 {
     const std::size_t version = reachedVersion(session, dialect);
     if (version == 0)
-        throw StorageError(StorageError::Kind::Failed, "No wexel-receiver has served this database yet");
+        throw StorageError(StorageError::Kind::Failed, "no wexel-receiver has served it yet");
     if (version < steps().size())
         throw StorageError(StorageError::Kind::Failed,
-                           "The reports were written by an older wexel-receiver; start this one once to "
-                           "bring them up to date");
+                           "an older wexel-receiver has written it" + versionsText(version)
+                               + "; start this one once to bring it up to date");
 }
 
 } // namespace wexel::receiver

@@ -38,10 +38,31 @@ bool isLostRace(const Poco::Exception &error)
                        [&](std::string_view state) { return hasState(error, state); });
 }
 
+/// The server's own message, or the client library's, in one line and without what the layer between puts around it.
+std::string postgresReason(const Poco::Exception &error)
+{
+    std::string text = error.message().substr(0, error.message().find(" Severity: "));
+    for (const std::string_view wrapping :
+         {"Connection Error: ", "postgresql_stmt_prepare error: ", "postgresql_stmt_execute error: "}) {
+        if (const std::size_t found = text.find(wrapping); found != text.npos)
+            text.erase(0, found + wrapping.size());
+    }
+    std::string line;
+    for (const char c : text) {
+        const bool isBlank = c == ' ' || c == '\n' || c == '\t';
+        if (c == '\n')
+            line += ';';
+        if (!isBlank || !(line.empty() || line.ends_with(' ')))
+            line += isBlank ? ' ' : c;
+    }
+    line.erase(line.find_last_not_of(" ;") + 1);
+    return line.empty() ? error.displayText() : line;
+}
+
 [[noreturn]] void failDatabase(const Poco::Exception &error)
 {
     const bool isFull = hasState(error, "53100");
-    throw StorageError(isFull ? StorageError::Kind::Full : StorageError::Kind::Failed, error.displayText());
+    throw StorageError(isFull ? StorageError::Kind::Full : StorageError::Kind::Failed, postgresReason(error));
 }
 
 Session open(const std::string &options)
@@ -125,6 +146,11 @@ PostgresDatabase::PostgresDatabase(const std::string &address, Mode mode, Databa
         },
         mostSessions, patience.session)
     , m_isReadOnly(mode == Mode::Read)
+{
+    named(databaseName(address), [&] { prepare(mode); });
+}
+
+void PostgresDatabase::prepare(Mode mode)
 {
     if (mode == Mode::Write || mode == Mode::Read) {
         PostgresDatabase::read([](Session &session) { checkSchema(session, Dialect::PostgreSql); });

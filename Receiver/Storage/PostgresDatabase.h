@@ -26,6 +26,7 @@ public:
     void readSnapshot(const Work &work) override;
 
 private:
+    void prepare(Mode mode);
     void run(const std::string &opening, const Work &work, int attempts);
 
     SessionPool m_pool;

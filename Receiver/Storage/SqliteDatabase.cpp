@@ -1,6 +1,7 @@
 #include "Storage/SqliteDatabase.h"
 
 #include "Log.h"
+#include "Storage/Folders.h"
 #include "Storage/Migrations.h"
 #include "Storage/StorageError.h"
 
@@ -8,7 +9,10 @@
 #include <Poco/Data/SQLite/SQLiteException.h>
 #include <Poco/URI.h>
 
+#include <cerrno>
+#include <fcntl.h>
 #include <optional>
+#include <unistd.h>
 
 namespace wexel::receiver {
 
@@ -17,15 +21,25 @@ using Poco::Data::Session;
 
 namespace {
 
+/// What went wrong, which the database's exceptions say twice.
+std::string sqliteReason(const Poco::Exception &error)
+{
+    const std::string text = error.message();
+    const std::size_t half = text.size() / 2;
+    const bool isTwice = text.size() % 2 == 0 && half > 0 && text.substr(half - 1, 2) == ": "
+        && text.substr(0, half - 1) == text.substr(half + 1);
+    return text.empty() ? error.displayText() : isTwice ? text.substr(half + 1) : text;
+}
+
 /// Runs \a work with the database's exceptions turned into ours.
 void translated(const std::function<void()> &work)
 {
     try {
         work();
     } catch (const Poco::Data::SQLite::DatabaseFullException &error) {
-        throw StorageError(StorageError::Kind::Full, error.displayText());
+        throw StorageError(StorageError::Kind::Full, sqliteReason(error));
     } catch (const Poco::Exception &error) {
-        throw StorageError(StorageError::Kind::Failed, error.displayText());
+        throw StorageError(StorageError::Kind::Failed, sqliteReason(error));
     }
 }
 
@@ -37,13 +51,27 @@ std::string addressOf(const std::filesystem::path &file, Database::Mode mode)
     return "file:" + path + (mode == Database::Mode::Read ? "?mode=ro" : "");
 }
 
+/// SQLite does not say why it can't open a file.
+void checkAccess(const std::filesystem::path &file, Database::Mode mode)
+{
+    const int wanted = mode == Database::Mode::Read ? R_OK : R_OK | W_OK;
+    std::error_code error;
+    if (::faccessat(AT_FDCWD, file.c_str(), wanted, AT_EACCESS) != 0 && errno != ENOENT)
+        failStorage("can't be used", errno);
+    if (std::filesystem::is_directory(file, error))
+        failStorage("can't be used", EISDIR);
+}
+
 Session open(const std::filesystem::path &file, Database::Mode mode)
 {
     std::optional<Session> session;
+    checkAccess(file, mode);
     translated([&] {
         static const bool registered = (Poco::Data::SQLite::Connector::registerConnector(), true);
         (void)registered;
-        session.emplace(Poco::Data::SQLite::Connector::KEY, addressOf(file, mode));
+        // What can't be opened now can't be later; by itself it would try for a minute.
+        constexpr std::size_t patience = 0;
+        session.emplace(Poco::Data::SQLite::Connector::KEY, addressOf(file, mode), patience);
         *session << "PRAGMA busy_timeout = 10000", now;
         if (mode == Database::Mode::Read)
             return;
@@ -54,6 +82,13 @@ Session open(const std::filesystem::path &file, Database::Mode mode)
         // What is deleted is overwritten.
         *session << "PRAGMA secure_delete = ON", now;
     });
+    return *session;
+}
+
+Session openNamed(const std::filesystem::path &file, Database::Mode mode)
+{
+    std::optional<Session> session;
+    named(file.string(), [&] { session = open(file, mode); });
     return *session;
 }
 
@@ -77,15 +112,17 @@ void transact(Session &session, const std::function<void(Session &)> &work)
 
 SqliteDatabase::SqliteDatabase(const std::filesystem::path &file, Mode mode)
     : m_file(file)
-    , m_writer(open(file, mode))
-    , m_reader(open(file, mode))
+    , m_writer(openNamed(file, mode))
+    , m_reader(openNamed(file, mode))
 {
-    if (mode == Mode::Serve)
-        SqliteDatabase::write([](Session &session) { migrate(session, Dialect::Sqlite); });
-    else if (mode == Mode::Fill)
-        SqliteDatabase::write([](Session &session) { fillSchema(session, Dialect::Sqlite); });
-    else
-        SqliteDatabase::read([](Session &session) { checkSchema(session, Dialect::Sqlite); });
+    named(file.string(), [&] {
+        if (mode == Mode::Serve)
+            SqliteDatabase::write([](Session &session) { migrate(session, Dialect::Sqlite); });
+        else if (mode == Mode::Fill)
+            SqliteDatabase::write([](Session &session) { fillSchema(session, Dialect::Sqlite); });
+        else
+            SqliteDatabase::read([](Session &session) { checkSchema(session, Dialect::Sqlite); });
+    });
 }
 
 void SqliteDatabase::write(const Work &work)

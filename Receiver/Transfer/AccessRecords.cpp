@@ -49,13 +49,15 @@ std::string clientLines(Session &session)
     return lines;
 }
 
-void restorePassword(Session &session, const std::string &password)
+bool restorePassword(Session &session, const std::string &password)
 {
-    session << "INSERT INTO administrator (id, password) VALUES (1, $1) ON CONFLICT DO NOTHING",
-        bind(password), now;
+    Statement insert(session);
+    insert << "INSERT INTO administrator (id, password) VALUES (1, $1) ON CONFLICT DO NOTHING",
+        bind(password);
+    return insert.execute() > 0;
 }
 
-void restoreClient(Session &session, const Object &client)
+bool restoreClient(Session &session, const Object &client)
 {
     const auto id = client.getValue<std::string>("client");
     Statement insert(session);
@@ -64,10 +66,11 @@ void restoreClient(Session &session, const Object &client)
         bind(id), bind(client.getValue<std::string>("secret_digest")),
         bind(client.getValue<Poco::Int64>("created")), bind(client.getValue<Poco::Int64>("revoked"));
     if (insert.execute() == 0)
-        return;
+        return false;
     for (const Poco::Dynamic::Var &bundle : *client.getArray("bundle_ids"))
         session << "INSERT INTO client_bundles (client_id, bundle_id) VALUES ($1, $2)", bind(id),
             bind(bundle.convert<std::string>()), now;
+    return true;
 }
 
 } // namespace
@@ -77,17 +80,22 @@ std::string accessText(Session &session)
     return passwordLine(session) + clientLines(session);
 }
 
-void restoreAccess(Session &session, const std::string &text)
+RestoredAccess restoreAccess(Session &session, const std::string &text)
 {
+    using Password = RestoredAccess::Password;
+    RestoredAccess result;
     for (const std::string_view line : split(text, '\n')) {
         if (line.empty())
             continue;
         const auto object = Poco::JSON::Parser().parse(std::string(line)).extract<Object::Ptr>();
         if (object->has("administrator"))
-            restorePassword(session, object->getValue<std::string>("administrator"));
+            result.password = restorePassword(session, object->getValue<std::string>("administrator"))
+                ? Password::Taken
+                : Password::Kept;
         else
-            restoreClient(session, *object);
+            ++(restoreClient(session, *object) ? result.clients : result.knownClients);
     }
+    return result;
 }
 
 } // namespace wexel::receiver

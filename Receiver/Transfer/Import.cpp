@@ -5,9 +5,7 @@
 #include "Secrets.h"
 #include "Storage/FileRows.h"
 #include "Text.h"
-#include "Transfer/AccessRecords.h"
 #include "Transfer/Records.h"
-#include "Transfer/TarReader.h"
 
 #include <Poco/JSON/Parser.h>
 
@@ -31,30 +29,21 @@ class Importer
 public:
     Importer(TarReader &tar, DataFolder &data) : m_tar(tar), m_data(data) { }
 
-    ImportResult run()
+    void run()
     {
-        if (m_tar.next() != "manifest.json")
-            m_tar.fail("it is no export of wexel-receiver");
-        checkManifest(m_tar.readAll(longestRecord));
         for (std::string name = m_tar.next(); name != "end.json"; name = m_tar.next())
             take(name);
         checkEnd(m_tar.readAll(longestRecord));
         removeUnneeded();
-        return m_result;
     }
+
+    const ImportResult &result() const { return m_result; }
 
 private:
-    void checkManifest(const std::string &text)
-    {
-        const auto manifest = Poco::JSON::Parser().parse(text).extract<Poco::JSON::Object::Ptr>();
-        if (manifest->getValue<int>("format") != 1)
-            m_tar.fail("a newer wexel-receiver wrote it");
-    }
-
     void checkEnd(const std::string &text)
     {
         const auto end = Poco::JSON::Parser().parse(text).extract<Poco::JSON::Object::Ptr>();
-        if (end->getValue<Poco::Int64>("reports") != m_result.reports + m_result.known
+        if (end->getValue<Poco::Int64>("reports") != m_result.reports + m_result.known + m_result.deleted
             || !m_tar.next().empty())
             m_tar.fail("it does not hold the reports that it says it does");
     }
@@ -62,7 +51,7 @@ private:
     void take(const std::string &name)
     {
         if (name.empty())
-            m_tar.fail("it ends early; what came before is imported");
+            m_tar.fail("it ends early");
         else if (name == "applications.jsonl")
             takeApplications(m_tar.readAll(longestRecord));
         else if (name == "access.jsonl")
@@ -97,13 +86,16 @@ private:
     {
         const std::string &bundleId = application.application.bundleId;
         m_data.reports().setRetention(bundleId, application.retention);
+        if (application.retention.maximumAgeDays || application.retention.maximumBytes)
+            ++m_result.limited;
         if (application.archived)
             m_data.reports().setArchived(bundleId, true);
     }
 
     void takeAccess(const std::string &text)
     {
-        m_data.database().write([&](Poco::Data::Session &session) { restoreAccess(session, text); });
+        m_data.database().write(
+            [&](Poco::Data::Session &session) { m_result.access = restoreAccess(session, text); });
     }
 
     void takeFile(const std::string &id)
@@ -133,9 +125,11 @@ private:
             publish(file, record);
             report.fileIds.push_back(file.id);
         }
-        const bool isNew = m_data.reports().addReport(report)->isNew;
-        isNew ? ++m_result.reports : ++m_result.known;
-        if (!isNew)
+        const AddedReport added = m_data.reports().addReport(report).value();
+        ++(added.isNew                             ? m_result.reports
+               : m_data.reports().report(added.id) ? m_result.known
+                                                   : m_result.deleted);
+        if (!added.isNew)
             m_unneeded.insert(m_unneeded.end(), m_added.begin(), m_added.end());
         m_added.clear();
         m_files.clear();
@@ -194,18 +188,45 @@ private:
     ImportResult m_result;
 };
 
-} // namespace
-
-ImportResult importFrom(const std::string &file, DataFolder &data)
+/// Runs \a read with what the records' reader throws turned into a text for the user.
+void explained(const TarReader &tar, const std::function<void()> &read)
 {
-    TarReader tar(file);
     try {
-        return Importer(tar, data).run();
+        read();
     } catch (const Poco::Exception &error) {
         tar.fail("a record is wrong: " + error.displayText());
     } catch (const HttpError &error) {
         tar.fail(std::string("a record is wrong: ") + error.what());
     }
+}
+
+} // namespace
+
+void readManifest(TarReader &tar)
+{
+    if (tar.next() != "manifest.json")
+        tar.fail("it is no export of wexel-receiver");
+    explained(tar, [&] {
+        const auto manifest
+            = Poco::JSON::Parser().parse(tar.readAll(longestRecord)).extract<Poco::JSON::Object::Ptr>();
+        if (manifest->getValue<int>("format") != 1)
+            tar.fail("a newer wexel-receiver wrote it");
+    });
+}
+
+ImportResult importFrom(TarReader &tar, DataFolder &data)
+{
+    Importer importer(tar, data);
+    try {
+        explained(tar, [&] { importer.run(); });
+    } catch (const std::runtime_error &error) {
+        const std::int64_t reports = importer.result().reports;
+        if (reports == 0)
+            throw;
+        throw std::runtime_error(error.what() + ("; " + std::to_string(reports))
+                                 + " reports were imported before that");
+    }
+    return importer.result();
 }
 
 } // namespace wexel::receiver

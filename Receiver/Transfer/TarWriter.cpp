@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <stdexcept>
+#include <system_error>
 #include <unistd.h>
 #include <vector>
 
@@ -104,8 +105,13 @@ void TarWriter::write(const char *bytes, std::size_t size)
 
 void TarWriter::require(std::int64_t result) const
 {
-    if (result < ARCHIVE_WARN)
-        throw std::runtime_error("Can't write " + m_file + ": " + archive_error_string(m_archive.get()));
+    if (result >= ARCHIVE_WARN)
+        return;
+    std::string why = archive_error_string(m_archive.get());
+    // The text for a write that failed does not say why; the number is the system's, or not above 0.
+    if (const int code = archive_errno(m_archive.get()); code > 0)
+        why += ": " + std::generic_category().message(code);
+    throw std::runtime_error("Can't write " + m_file + ": " + why);
 }
 
 } // namespace wexel::receiver

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+
 namespace {
 
 using testing::HasSubstr;
@@ -80,8 +82,10 @@ TEST_F(CommandsTest, ExplainsUnusableFolders)
                 HasSubstr("no wexel-receiver has served it"));
     EXPECT_FALSE(std::filesystem::exists(data));
 
-    EXPECT_THAT(runReceiver({"reports", "--database", "postgresql:///x?host=/nowhere"}).output,
-                HasSubstr("/nowhere"));
+    EXPECT_THAT(runReceiver({"reports", "--database", "postgresql://u:secret@/x?host=/nowhere"}).output,
+                testing::MatchesRegex(
+                    "wexel-receiver: The PostgreSQL database x on /nowhere: connection to server on "
+                    "socket \"/nowhere/[^\n]*No such file or directory[^\n]*\n"));
 
     start();
     EXPECT_EQ(std::filesystem::status(data).permissions(), std::filesystem::perms::owner_all);
@@ -100,6 +104,29 @@ TEST_F(CommandsTest, ExplainsUnusableFolders)
     EXPECT_THAT(weak.output,
                 HasSubstr("--admin-password-file " + file.string() + ": A password has at least"));
     EXPECT_FALSE(std::filesystem::exists(other)) << "a start that failed has left something";
+}
+
+TEST_F(CommandsTest, SaysAtOnceWhyADatabaseCantBeOpened)
+{
+    const std::filesystem::path database = data / "receiver.sqlite";
+    const auto begun = std::chrono::steady_clock::now();
+    const auto expectComplaint = [&](const std::string &why) {
+        for (const std::vector<std::string> &command : {std::vector<std::string>{}, {"reports"}}) {
+            std::vector<std::string> words = {"--data", data.string()};
+            words.insert(words.begin(), command.begin(), command.end());
+            EXPECT_EQ(runReceiver(words).output, "wexel-receiver: " + database.string() + ": " + why + '\n');
+        }
+    };
+    std::filesystem::create_directory(data);
+    writeFile(database, std::string(5000, 'x'));
+    expectComplaint("file is not a database");
+    std::filesystem::remove(database);
+    std::filesystem::create_directory(database);
+    expectComplaint("can't be used: Is a directory");
+    std::filesystem::remove(database);
+    std::filesystem::create_symlink(database, database);
+    EXPECT_THAT(runReceiver({"reports", "--data", data.string()}).output, HasSubstr("symbolic links"));
+    EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(30));
 }
 
 TEST_F(CommandsTest, KeepsAFolderThatWasThereToTheOwner)

@@ -76,7 +76,7 @@ TEST_F(OperationTest, TellsWhetherItCouldStore)
         SqliteDatabase other(data / "receiver.sqlite", Database::Mode::Write);
         other.write([&](Poco::Data::Session &) {
             const auto asked = std::chrono::steady_clock::now();
-            EXPECT_EQ(health().status, 503) << "while another process keeps the database";
+            EXPECT_EQ(health().text("error"), "The database does not answer") << "another process keeps it";
             EXPECT_LT(std::chrono::steady_clock::now() - asked, std::chrono::seconds(5));
         });
     }
@@ -85,7 +85,9 @@ TEST_F(OperationTest, TellsWhetherItCouldStore)
         reply = health();
     EXPECT_EQ(reply.status, 200);
     std::filesystem::remove(data / "incoming");
-    EXPECT_EQ(health().status, 503) << "no file can be received";
+    reply = health();
+    EXPECT_EQ(reply.status, 503);
+    EXPECT_EQ(reply.text("error"), "The files can't be written");
 }
 
 TEST_F(OperationTest, TellsWhetherPostgreSqlCouldStore)

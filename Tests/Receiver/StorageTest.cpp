@@ -120,6 +120,34 @@ TEST_P(StorageTest, SweepsNoFilesOfAnotherInbox)
     EXPECT_EQ(earlierAfterSweep(), std::nullopt);
 }
 
+TEST_P(StorageTest, KeepsBytesInOnePlaceOnly)
+{
+    if (GetParam() == Keeping::Sqlite)
+        GTEST_SKIP() << "there is but one";
+    StoragePlace other = place;
+    other.files = place.files.empty() ? folder.path() / "elsewhere" : std::filesystem::path();
+    const auto expectRefusal = [&](Access access) {
+        try {
+            DataFolder(other, access);
+            ADD_FAILURE() << "opened";
+        } catch (const StorageError &error) {
+            EXPECT_THAT(error.what(),
+                        testing::HasSubstr(place.files.empty() ? "leave --files out" : "--files DIR"));
+        }
+        EXPECT_FALSE(std::filesystem::exists(folder.path() / "elsewhere"));
+    };
+    DataFolder storage(place, Access::Serve);
+    for (const Access access : {Access::Serve, Access::Fill, Access::Change, Access::Read})
+        expectRefusal(access);
+    // The versions before did not note it down.
+    addFile(storage, "bytes");
+    storage.database().write([](Poco::Data::Session &session) {
+        session << "ALTER TABLE inbox DROP COLUMN bytes_in", Poco::Data::Keywords::now;
+        session << "UPDATE schema_version SET version = 5", Poco::Data::Keywords::now;
+    });
+    expectRefusal(Access::Serve);
+}
+
 TEST_P(StorageTest, TakesAReportOnce)
 {
     DataFolder storage(place, Access::Serve);
@@ -221,6 +249,27 @@ TEST_P(StorageTest, KeepsNoMoreThanTheRetention)
     EXPECT_TRUE(reports.setRetention("aged", {}));
     Maintenance(storage.files(), reports).applyRetention(now + 1000 * day);
     EXPECT_EQ(reports.page({}).total, 4);
+}
+
+TEST_P(StorageTest, TakesTheRetentionFromACommand)
+{
+    DataFolder storage(place, Access::Serve);
+    addReport(storage, "{}");
+    const auto run = [&](const std::string &bundle, std::vector<std::string> words) {
+        words.insert(words.begin(), {"retention", bundle});
+        for (const std::string &option : optionsOf(place))
+            words.push_back(option);
+        return runReceiver(words);
+    };
+    EXPECT_EQ(run(bundleId, {"--max-age-days", "30", "--max-megabytes", "2"}).output,
+              "max_age_days: 30\nmax_bytes: 2097152\n");
+    EXPECT_EQ(run(bundleId, {"--max-age-days", "0"}).output, "max_age_days: none\nmax_bytes: 2097152\n");
+    EXPECT_EQ(run(bundleId, {}).output, "max_age_days: none\nmax_bytes: 2097152\n");
+    const Retention retention = storage.reports().applications().at(0).retention;
+    EXPECT_EQ(retention.maximumAgeDays, std::nullopt);
+    EXPECT_EQ(retention.maximumBytes, 2097152);
+    EXPECT_EQ(run("unknown", {"--max-age-days", "1"}).code, 1);
+    EXPECT_EQ(run(bundleId, {"--max-age-days", "36501"}).code, 2);
 }
 
 TEST_P(StorageTest, StopsRemovingWhenTheRetentionIsLifted)
@@ -353,6 +402,15 @@ TEST_F(FolderTest, ExplainsLostBytes)
         return Poco::URI(client.upload("a", bytes).text("url")).getPath();
     };
     const std::string gone = path("gone");
+    const std::string unreadable = path("unreadable");
+    for (const auto &entry : std::filesystem::recursive_directory_iterator(data / "files")) {
+        if (!entry.is_regular_file() || readFile(entry.path()) != "unreadable")
+            continue;
+        std::filesystem::remove(entry.path());
+        std::filesystem::create_symlink(entry.path(), entry.path());
+        break;
+    }
+    EXPECT_EQ(client.request("GET", unreadable).status, 503);
     std::filesystem::remove_all(data / "files");
     EXPECT_EQ(client.request("GET", gone).status, 500);
     EXPECT_EQ(client.upload("a", "b").status, 503);

@@ -8,7 +8,9 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -26,6 +28,13 @@ protected:
         for (const std::string &option : optionsOf(where))
             words.push_back(option);
         return runReceiver(words);
+    }
+
+    static ImportResult importFrom(const std::string &from, DataFolder &target)
+    {
+        TarReader tar(from);
+        readManifest(tar);
+        return wexel::receiver::importFrom(tar, target);
     }
 
     std::string file = folder.path() / "file.tar";
@@ -53,19 +62,31 @@ TEST_P(TransferTest, MovesEverythingToAnotherInbox)
         for (const std::string &option : optionsOf(place))
             words.push_back(option);
         EXPECT_EQ(runReceiver(words).code, 0);
+        EXPECT_TRUE(
+            DataFolder(place, Access::Change).reports().setRetention(bundleId, {36500, std::nullopt}));
         EXPECT_THAT(run("backup", place).output, HasSubstr("2 reports written\n"));
         EXPECT_EQ(receiver.stop(), 0);
     }
     const StoragePlace target = newPlace();
     if (!target.data.empty())
         std::filesystem::create_directory(target.data); // somebody else may have to
-    EXPECT_THAT(run("import", target).output, HasSubstr("2 reports imported, 0 were known\n"));
-    EXPECT_THAT(run("import", target).output, HasSubstr("0 reports imported, 2 were known\n"));
+    EXPECT_EQ(
+        run("import", target).output,
+        "2 reports imported, 0 were known, 0 were deleted here and are not taken again\n"
+        "1 applications came with limits for what is kept: the next start removes what is beyond them, and "
+        "a server that runs does so within an hour\n"
+        "The dashboard's password was taken\n"
+        "1 clients were taken, 0 were known and stay as they are here\n");
+    EXPECT_TRUE(DataFolder(target, Access::Change).reports().removeReport(2));
+    EXPECT_EQ(run("import", target).output,
+              "0 reports imported, 1 were known, 1 were deleted here and are not taken again\n"
+              "The dashboard's password was not taken: the one that was set here stays\n"
+              "0 clients were taken, 1 were known and stay as they are here\n");
     TestReceiver receiver(optionsOf(target), {});
     Client client = receiver.client();
     EXPECT_EQ(client.request("GET", path).body, bytes) << "addresses must stay good";
     EXPECT_EQ(client.sendReport(json).json()->getValue<int>("id"), 1) << "the report is known";
-    EXPECT_EQ(receiver.reports()->size(), 2U);
+    EXPECT_EQ(receiver.reports()->size(), 1U);
     std::vector<std::string> words = {"client", "list"};
     for (const std::string &option : optionsOf(target))
         words.push_back(option);
@@ -160,6 +181,17 @@ TEST_P(TransferTest, ExplainsDamagedFiles)
                   std::string(100000, 'y'));
     EXPECT_EQ(complaint(whole), "none");
     EXPECT_EQ(target.reports().page({}).total, 3);
+    target.reports().removeReport(1);
+    target.reports().removeReport(2);
+    target.database().write([](Poco::Data::Session &session) {
+        session << "DELETE FROM report_digests", now; // so that they come again
+    });
+    EXPECT_THAT(complaint(whole.substr(0, whole.find("reports/3/"))),
+                testing::EndsWith("; 2 reports were imported before that"));
+    writeFile(file, "no tar");
+    const StoragePlace none = newPlace();
+    EXPECT_EQ(run("import", none).code, 1);
+    EXPECT_EQ(run("export", none).code, 1) << "it made an inbox";
     EXPECT_EQ(run("export", {folder.path() / "nowhere"}).code, 1);
 }
 
@@ -180,7 +212,7 @@ TEST_P(TransferTest, BringsEveryReportOfASharedFileThoughOneWasDeletedHere)
     EXPECT_EQ(bytesOf(target, target.reports().filesOf(3).screenshot.value()), "shared");
     for (const ReportSummary &report : target.reports().reports())
         target.reports().removeReport(report.id);
-    EXPECT_EQ(importFrom(file, target).known, 3);
+    EXPECT_EQ(importFrom(file, target).deleted, 3);
     EXPECT_FALSE(target.reports().file(shared.id)) << "what was deleted came back";
 }
 
@@ -204,6 +236,49 @@ TEST_P(TransferTest, KeepsAReportWhoseFileIsLostAndBringsTheFileBack)
     writeFile(file, good);
     EXPECT_EQ(importFrom(file, target).known, 1);
     EXPECT_EQ(bytesOf(target, imported()), bytes);
+}
+
+TEST_P(TransferTest, GivesWhatRootImportsToTheOwnerOfTheFolder)
+{
+    if (GetParam() == Keeping::PostgreSql || ::geteuid() != 0)
+        GTEST_SKIP() << "there is no folder, or nobody who could give away";
+    {
+        DataFolder source(place, Access::Serve);
+        addReport(source, R"({"screenshot_url":")" + addressOf(addFile(source, "bytes")) + "\"}");
+        exportTo(file, source, ExportScope::Reports);
+    }
+    const StoragePlace target = newPlace();
+    const std::filesystem::path owned = target.data.empty() ? target.files : target.data;
+    constexpr uid_t owner = 12345;
+    std::filesystem::create_directory(owned);
+    ASSERT_EQ(::chown(owned.c_str(), owner, owner), 0);
+    EXPECT_EQ(run("import", target).code, 0);
+    std::size_t files = 0;
+    for (const auto &entry : std::filesystem::recursive_directory_iterator(owned)) {
+        struct stat state = {};
+        ASSERT_EQ(::stat(entry.path().c_str(), &state), 0);
+        EXPECT_EQ(state.st_uid, owner) << entry.path();
+        files += entry.is_regular_file() ? 1 : 0;
+    }
+    EXPECT_GE(files, 2U);
+}
+
+TEST_P(TransferTest, DoesNotTakeBytesForLostThatCantBeReadNow)
+{
+    if (GetParam() == Keeping::PostgreSql)
+        GTEST_SKIP() << "its errors are never taken for an answer";
+    DataFolder source(place, Access::Serve);
+    const StoredFile screenshot = addFile(source, "bytes");
+    addReport(source, R"({"screenshot_url":")" + addressOf(screenshot) + "\"}");
+    const auto path = source.files().pathOf(screenshot.location);
+    std::filesystem::remove(path);
+    std::filesystem::create_symlink(path, path); // which nobody can open, not even root
+    EXPECT_THROW(exportTo(file, source, ExportScope::Reports), StorageError);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    std::filesystem::remove(path);
+    std::filesystem::create_symlink("/proc/self/mem", path); // opens, and fails to be read
+    const auto stream = source.files().open(screenshot.location, 0);
+    EXPECT_THROW(stream->get(), StorageError);
 }
 
 TEST_P(TransferTest, RunsBesideAServerThatStartsAndChangesNoSchema)
@@ -279,6 +354,16 @@ TEST_P(TransferTest, RefusesWhatNoExportHolds)
     }
     EXPECT_EQ(target.reports().page({}).total, 0);
     EXPECT_FALSE(target.reports().file(id));
+}
+
+TEST(TarWriterTest, SaysThatTheDiskIsFull)
+{
+    const TemporaryFolder folder;
+    DataFolder({folder.path()}, Access::Serve);
+    Program backup({"/bin/sh", "-c", WEXEL_RECEIVER " backup - --data \"$0\" >/dev/full", folder.path()},
+                   Program::Output::Both);
+    EXPECT_THAT(backup.readAll(), testing::EndsWith(": No space left on device\n"));
+    EXPECT_EQ(backup.wait(), 1);
 }
 
 TEST(TarWriterTest, TwoWriteToOneName)
