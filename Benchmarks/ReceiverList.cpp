@@ -130,7 +130,7 @@ int main(int argc, char **argv)
     {
         DataFolder data(options.place, DataFolder::Access::Serve);
         fill(data, reports);
-        Server server(options, data);
+        Server server(options, data, Port(options));
         std::cout << data.reports().page({}).total << " reports, answers over HTTP:\n";
         measure(server.url(), SessionStore(data.database()).start(currentMilliseconds()));
         server.stop();

@@ -3,10 +3,10 @@
 #include "Access/FirstPassword.h"
 #include "Log.h"
 #include "Server.h"
+#include "Storage/DatabaseAddress.h"
 #include "Storage/Maintenance.h"
 
 #include <Poco/Crypto/OpenSSLInitializer.h>
-#include <Poco/URI.h>
 
 #include <csignal>
 #include <iostream>
@@ -40,16 +40,11 @@ void ignoreSignals()
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
-/// Where the reports are, for the log: without user, password and all options.
+/// Where the reports are, for the log.
 std::string nameOf(const StoragePlace &place)
 {
-    if (place.database.empty())
-        return (std::filesystem::absolute(place.data) / "receiver.sqlite").string();
-    const Poco::URI uri(place.database);
-    std::string host = uri.getHost();
-    for (const auto &[name, value] : uri.getQueryParameters())
-        host = name == "host" ? value : host;
-    return "postgresql://" + host + uri.getPath();
+    return place.database.empty() ? std::filesystem::absolute(place.data).string()
+                                  : databaseName(place.database);
 }
 
 } // namespace
@@ -69,9 +64,8 @@ int serve(const Options &options)
         std::cout << "Dashboard password: " << *password << std::endl;
     Server server(options, data, std::move(port));
     const HourlyMaintenance maintenance({data.files(), data.reports()});
-    logEvent(
-        "started",
-        {{"version", WEXEL_RECEIVER_VERSION}, {"url", server.url()}, {"database", nameOf(options.place)}});
+    logEvent("started",
+             {{"version", WEXEL_RECEIVER_VERSION}, {"url", server.url()}, {"data", nameOf(options.place)}});
     std::cout << "Listening on " << server.url() << std::endl;
     const int signal = waitForEnd(signals);
     logEvent("stopping", {{"signal", std::to_string(signal)}});

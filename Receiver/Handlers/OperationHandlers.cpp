@@ -7,7 +7,10 @@ namespace wexel::receiver {
 Answer HealthHandler::handle(Request &)
 {
     const auto failed = [](const std::string &why) {
-        return jsonAnswer(R"({"status":"failed","error":")" + why + "\"}", Status::HTTP_SERVICE_UNAVAILABLE);
+        Answer answer
+            = jsonAnswer(R"({"status":"failed","error":")" + why + "\"}", Status::HTTP_SERVICE_UNAVAILABLE);
+        answer.fault = why;
+        return answer;
     };
     switch (m_probe.fault(std::chrono::seconds(1))) {
     case HealthProbe::Fault::Database:

@@ -38,7 +38,7 @@ Answer storageAnswer(const StorageError &error)
     if (error.kind() == StorageError::Kind::Full)
         return errorAnswer(Status::HTTP_INSUFFICIENT_STORAGE, "There is no room to store this");
     return errorAnswer(Status::HTTP_SERVICE_UNAVAILABLE,
-                       "This could not be stored; the receiver's log says why");
+                       "This could not be stored or read; the receiver's log says why");
 }
 
 Answer unauthorized(Router::Access access)

@@ -79,9 +79,7 @@ std::string connectionOptions(const std::string &address)
 std::string databaseName(const std::string &address)
 {
     const std::map<std::string, std::string> values = valuesOf(Poco::URI(address));
-    const std::string &name = values.at("dbname");
-    const std::string &host = values.at("host");
-    return "The PostgreSQL database" + (name.empty() ? "" : ' ' + name) + (host.empty() ? "" : " on " + host);
+    return "postgresql://" + values.at("host") + '/' + values.at("dbname");
 }
 
 } // namespace wexel::receiver

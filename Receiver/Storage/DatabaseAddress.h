@@ -11,7 +11,7 @@ bool isPostgreSqlAddress(const std::string &address);
 /// What is left out comes from the library's environment variables and files. Throws UsageError.
 std::string connectionOptions(const std::string &address);
 
-/// What \a address leads to, for people to read: name and host as far as it tells them, and no secret.
+/// \a address for people to read: its host and name, as far as it tells them, and no secret.
 std::string databaseName(const std::string &address);
 
 } // namespace wexel::receiver

@@ -83,9 +83,8 @@ TEST_F(CommandsTest, ExplainsUnusableFolders)
     EXPECT_FALSE(std::filesystem::exists(data));
 
     EXPECT_THAT(runReceiver({"reports", "--database", "postgresql://u:secret@/x?host=/nowhere"}).output,
-                testing::MatchesRegex(
-                    "wexel-receiver: The PostgreSQL database x on /nowhere: connection to server on "
-                    "socket \"/nowhere/[^\n]*No such file or directory[^\n]*\n"));
+                testing::MatchesRegex("wexel-receiver: postgresql:///nowhere/x: connection to server on "
+                                      "socket \"/nowhere/[^\n]*No such file or directory[^\n]*\n"));
 
     start();
     EXPECT_EQ(std::filesystem::status(data).permissions(), std::filesystem::perms::owner_all);
