@@ -78,7 +78,7 @@ TEST_F(ContractTest, LogsWhatItNeedsAndNoFileIds)
     EXPECT_NE(text.find("path=/api/1.0/files/" + id.substr(0, 8) + "... "), std::string::npos) << text;
     EXPECT_EQ(text.find(id), std::string::npos) << text;
     EXPECT_NE(text.find(" error=\"There is nothing at this address\"\n"), std::string::npos) << text;
-    EXPECT_NE(text.find(" database=" + (data / "receiver.sqlite\n").string()), std::string::npos) << text;
+    EXPECT_NE(text.find(" data=" + data.string() + "\n"), std::string::npos) << text;
 }
 
 TEST_F(ContractTest, IssuesTokensToKnownClientsOnly)
