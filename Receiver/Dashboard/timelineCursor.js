@@ -36,12 +36,16 @@ export function buildCursor({area, span, show, zoom, isZoomed, reset, signal}) {
     });
     area.addEventListener('pointerdown', (event) => {
         const part = partAt(event);
-        if (part >= 0 && event.pointerType === 'mouse' && event.button === 0 && !event.target.closest('button'))
+        if (part < 0 || part > 1)
+            return;
+        if (event.pointerType !== 'mouse')
+            place(timeAt(part, span())); // a tap moves nothing and leaves at once
+        else if (event.button === 0 && !event.target.closest('button'))
             start = part;
     });
     addEventListener('pointerup', finish, {signal});
     area.addEventListener('dblclick', reset);
-    area.addEventListener('pointerleave', () => start === null && place(null));
+    area.addEventListener('pointerleave', ({pointerType}) => pointerType === 'mouse' && start === null && place(null));
     area.addEventListener('keydown', (event) => {
         const {from, to} = span();
         const step = (to - from) / (event.shiftKey ? 20 : 120);
