@@ -7,6 +7,7 @@ import {placeOver, share, ticks} from './timelineScale.js';
 import {visible} from './text.js';
 
 const shortestRequest = 60; // milliseconds: for one without a duration
+const rowHeight = 8; // pixels, in the lane of requests
 
 /// Lanes are {name, track, place(span)}.
 export function bandLane({name, pieces}) {
@@ -25,9 +26,11 @@ export function requestLane(requests) {
     const marks = requests.map((request) => el('button', {type: 'button', tabIndex: -1, className: `request-mark ${request.failed ? 'is-failed' : request.unanswered ? 'is-unanswered' : ''}`,
         'aria-label': requestText(request), title: requestText(request), onclick: () => showEvent('requests', request.time)}));
     const row = rowsOf(requests);
-    marks.forEach((mark, index) => { mark.style.top = `${row[index] * 5}px`; });
-    return lane('Requests', 'marks.is-requests', marks, (span) => requests.forEach((request, index) =>
+    marks.forEach((mark, index) => { mark.style.top = `${row[index] * rowHeight}px`; });
+    const requestsLane = lane('Requests', 'marks.is-requests', marks, (span) => requests.forEach((request, index) =>
         placeOver(marks[index], request.time, request.time + (request.duration ?? shortestRequest), span)));
+    requestsLane.track.style.height = `${(Math.max(...row) + 1) * rowHeight}px`;
+    return requestsLane;
 }
 
 export function sessionMarks(sessions) {
