@@ -9,6 +9,7 @@ const lowBattery = 0.15;
 const littleFree = 0.05;
 const busyCpu = 90; // percent of one core
 const growth = 1.5; // times the memory at the beginning
+const mostName = 40; // characters of a request
 
 /// [{text, level: 'bad' | 'warn' | 'plain', time?, table?: 'requests' | 'taps'}]; `end` is when it was reported.
 export function noticesOf(report, records, end) {
@@ -21,10 +22,21 @@ function requests({requests: all}, end) {
     const unanswered = all.filter((request) => request.unanswered);
     const last = failed.at(-1);
     return [
-        last && {level: 'bad', table: 'requests', time: last.time, text: `${failed.length} of ${plural(all.length, 'request')} failed, the last with `
-            + `${visible(last.status, 20)}, ${duration(Math.max(0, end - last.time))} before`},
+        last && {level: 'bad', table: 'requests', time: last.time, text: `${failed.length} of ${plural(all.length, 'request')} failed, last: `
+            + `${nameOf(last)} → ${visible(last.status, 20)}, ${duration(Math.max(0, end - last.time))} before`},
         unanswered.length && {level: 'warn', table: 'requests', time: unanswered.at(-1).time, text: `${plural(unanswered.length, 'request')} without an answer`},
     ].filter(Boolean);
+}
+
+/// The method and the path; the address as it stands where it is none.
+function nameOf({method, url}) {
+    let path = url;
+    try {
+        path = new URL(url).pathname;
+    } catch {
+        // the application wrote it in its own way
+    }
+    return visible(`${method} ${path}`, mostName);
 }
 
 function offline(report, {network}, end) {
