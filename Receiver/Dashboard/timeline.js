@@ -5,7 +5,7 @@ import {clock, duration, localTime} from './format.js';
 import {buildChart, chartCanvas, loadCharts} from './timelineChart.js';
 import {buildCursor} from './timelineCursor.js';
 import {axisLane, bandLane, requestLane, requestText, sessionMarks, tapLane, tapText} from './timelineLanes.js';
-import {sampleAt, timelineModel} from './timelineModel.js';
+import {sampleAt, stateAt, timelineModel} from './timelineModel.js';
 
 const nearby = 8; // pixels: what the cross-hair says is at its place
 const worthMore = 5000; // milliseconds before the black box for which there is a button
@@ -79,7 +79,9 @@ export function buildTimeline(records, end, signal) {
             ...model.requests.filter((each) => time > each.time - reach && time < each.time + (each.duration ?? 0) + reach).map(requestText),
             ...model.sessions.filter((change) => Math.abs(change.time - time) < reach).map(({text}) => text),
         ];
-        return texts.length ? el('span.faint', '· ', quoted(texts.slice(0, 2).join(' · '))) : null;
+        const states = model.bands.map(({pieces}) => stateAt(pieces, time)?.label).filter(Boolean);
+        const all = [...texts.slice(0, 2), ...states];
+        return all.length ? el('span.faint', '· ', quoted(all.join(' · '))) : null;
     }
 
     async function draw() {

@@ -77,3 +77,8 @@ export function sampleAt(points, time) {
     }
     return points[low - 1] ?? null;
 }
+
+/// The piece of a band that covers a time.
+export function stateAt(pieces, time) {
+    return pieces.findLast(({from, to}) => from <= time && time <= to) ?? null;
+}
