@@ -14,10 +14,11 @@ const mostBody = 20000; // characters
 /// `point(time)` is told which moment the reader looks at.
 export function tapTable(taps, end, point) {
     const body = el('tbody');
-    const table = el('table.events.taps', tableHead('Before.number', 'Element', 'View', 'Detail'), body);
+    const hasDetails = taps.some(({property}) => property);
+    const table = el('table.events.taps', tableHead('Before.number', 'Element', 'View', ...hasDetails ? ['Detail'] : []), body);
     clippedRows(body, taps.toReversed(), (tap) => el('tr', {dataset: {time: tap.time}, onpointerenter: () => point(tap.time)},
-        timeCell(tap.time, end), el('td', quoted(visible(tap.className, 120))), el('td', quoted(visible(tap.view, 120))),
-        el('td', quoted(visible(tap.property, 200)))), mostRows);
+        timeCell(tap.time, end), el('td', quoted(visible(tap.className, 120) || '–')), el('td', quoted(visible(tap.view, 120))),
+        hasDetails && el('td', quoted(visible(tap.property, 200)))), mostRows);
     return el('.table-scroll', table);
 }
 
