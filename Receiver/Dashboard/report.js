@@ -19,6 +19,7 @@ import {buildTimeline} from './timeline.js';
 import {recordsOf} from './wire.js';
 
 const mostProse = 1200; // characters: with more, the black box would be screens away
+const mostQuickFacts = 12; // lines
 const patience = 200; // milliseconds without a word about loading
 
 export function showReport({place, route, signal}) {
@@ -69,7 +70,7 @@ function show(place, bar, answer, signal) {
             notices(report, records, end, timeline),
             description(report),
             timeline?.element,
-            section('Quick facts', asText(report.quick_facts) && clippedText('p.prose.mono', asText(report.quick_facts), mostProse)),
+            section('Quick facts', quickFacts(asText(report.quick_facts).trim())),
             section('Attachments', answer.files.length > 0 && fileList(answer.files), 'attachments'),
             section('Requests', records.requests.length > 0 && requestTable(records.requests, end, timeline?.point), 'requests'),
             section('Taps', records.taps.length > 0 && tapTable(records.taps, end, timeline?.point), 'taps'),
@@ -106,6 +107,10 @@ function description(report) {
     const line = firstLine(text);
     const rest = line.length > mostHeading ? text : text.slice(line.length).trim();
     return rest ? clippedText('p.prose', rest, mostProse) : null;
+}
+
+function quickFacts(text) {
+    return text && clippedText('p.prose.mono', text, mostProse, mostQuickFacts);
 }
 
 function facts(answer, report) {
