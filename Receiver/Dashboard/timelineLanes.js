@@ -34,7 +34,7 @@ export function requestLane(requests) {
 }
 
 export function sessionMarks(sessions) {
-    const marks = sessions.map(({text}) => el('span.session-mark', {title: text}));
+    const marks = sessions.map(() => el('span.session-mark'));
     return {elements: marks, place: (span) => sessions.forEach(({time}, index) => placeAt(marks[index], time, span))};
 }
 
