@@ -20,8 +20,10 @@ export function buildTimeline(records, end, signal) {
     let charts = [];
     const values = new Map(); // where a curve's value at the cross-hair is shown
     const readout = el('output.readout');
-    const stack = el('.stack', {tabIndex: 0, role: 'group', 'aria-label': 'Time line'});
-    const cursor = buildCursor({area: stack, span: () => span, show: describe, zoom: setSpan,
+    const stack = el('.stack', {tabIndex: 0, role: 'group', 'aria-label': 'Black box',
+        'aria-description': 'The arrow keys move the cross-hair, with Control to the next tap, request or change of session.'});
+    const moments = [...model.taps, ...model.requests, ...model.sessions].map(({time}) => time).sort((a, b) => a - b);
+    const cursor = buildCursor({area: stack, span: () => span, moments, show: describe, zoom: setSpan,
         isZoomed: () => !whole.hidden, reset: () => setSpan(model.from, model.to), signal});
     const sessions = sessionMarks(model.sessions);
     const lanes = [model.requests.length && requestLane(model.requests), model.taps.length && tapLane(model.taps),
@@ -63,8 +65,13 @@ export function buildTimeline(records, end, signal) {
     function describe(time) {
         for (const curve of model.curves)
             values.get(curve).textContent = valueText(curve, time);
-        fill(readout, time === null ? '' : [el('b', clock(time)), ' ', distance(time), ' ', marksAt(time)]);
+        fill(readout, time === null ? '' : [el('b', clock(time)), ' ', distance(time), ' ', marksAt(time), el('span.off-screen', valuesAt(time))]);
         readout.title = time === null ? '' : localTime(time);
+    }
+
+    /// In words, for who can't see them beside the curves.
+    function valuesAt(time) {
+        return model.curves.map((curve) => `; ${curve.name} ${valueText(curve, time)}`).join('');
     }
 
     function distance(time) {
