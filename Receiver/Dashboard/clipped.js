@@ -13,7 +13,7 @@ export function clippedText(tag, text, maximum, mostLines = Infinity) {
     const more = el('button.small', {type: 'button', onclick: () => {
         more.remove();
         element.textContent = text;
-        element.tabIndex = -1;
+        element.tabIndex = Math.max(-1, element.tabIndex); // what keys can reach stays so
         element.focus({preventScroll: true});
     }}, `Show all ${isCutInLine ? `${integer(text.length)} characters` : `${integer(text.split('\n').length)} lines`}`);
     fill(element, text.slice(0, length), isCutInLine ? '… ' : '');

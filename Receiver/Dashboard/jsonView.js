@@ -32,6 +32,15 @@ export function jsonView(text) {
     return pre;
 }
 
+/// Keys can scroll it, so it has a name.
+export function scrollable(view, label) {
+    const pre = view.closest('pre') ?? view.querySelector('pre');
+    pre.tabIndex = 0;
+    pre.setAttribute('role', 'region');
+    pre.setAttribute('aria-label', label);
+    return view;
+}
+
 function kind([whole, string, colon]) {
     if (string)
         return colon ? 'json-key' : 'json-text';

@@ -7,7 +7,7 @@ import {requestTable, showEvent, tapTable} from './eventTables.js';
 import {factGroups} from './facts.js';
 import {fileList, screenshotFigure} from './files.js';
 import {parseTime} from './format.js';
-import {jsonView} from './jsonView.js';
+import {jsonView, scrollable} from './jsonView.js';
 import {permissionName, permissionState} from './names.js';
 import {noticesOf} from './notices.js';
 import {copyButton} from './notify.js';
@@ -127,5 +127,5 @@ function rawJson(report) {
     const pretty = () => JSON.stringify(report, null, 2);
     const content = el('.raw-content');
     return el('details.part.raw', {ontoggle: ({target}) => target.open && !content.hasChildNodes() && fill(content,
-        el('.body-line', copyButton(pretty)), jsonView(pretty()))}, el('summary', el('h2', 'JSON')), content);
+        el('.body-line', copyButton(pretty)), scrollable(jsonView(pretty()), 'JSON'))}, el('summary', el('h2', 'JSON')), content);
 }
