@@ -126,6 +126,7 @@ function facts(answer, report) {
 function rawJson(report) {
     const pretty = () => JSON.stringify(report, null, 2);
     const content = el('.raw-content');
-    return el('details.part.raw', {ontoggle: ({target}) => target.open && !content.hasChildNodes() && fill(content,
-        el('.body-line', copyButton(pretty)), scrollable(jsonView(pretty()), 'JSON'))}, el('summary', el('h2', 'JSON')), content);
+    const details = el('details', {ontoggle: ({target}) => target.open && !content.hasChildNodes()
+        && fill(content, scrollable(jsonView(pretty()), 'JSON'))}, el('summary', el('h2', 'JSON')), content);
+    return el('.part.raw', details, copyButton(pretty));
 }
