@@ -3,13 +3,12 @@
 import {batteryLevel, usage} from './facts.js';
 import {duration, megabytes, percent, plural} from './format.js';
 import {asNumber, visible} from './text.js';
-import {tapText} from './timelineLanes.js';
+import {requestName, tapText} from './timelineLanes.js';
 
 const lowBattery = 0.15;
 const littleFree = 0.05;
 const busyCpu = 90; // percent of one core
 const growth = 1.5; // times the memory at the beginning
-const mostName = 40; // characters of a request
 
 /// [{text, level: 'bad' | 'warn' | 'plain', time?, table?: 'requests' | 'taps'}]; `end` is when it was reported.
 export function noticesOf(report, records, end) {
@@ -23,20 +22,9 @@ function requests({requests: all}, end) {
     const last = failed.at(-1);
     return [
         last && {level: 'bad', table: 'requests', time: last.time, text: `${failed.length} of ${plural(all.length, 'request')} failed, last: `
-            + `${nameOf(last)} → ${visible(last.status, 20)}, ${duration(Math.max(0, end - last.time))} before`},
+            + `${requestName(last)} → ${visible(last.status, 20)}, ${duration(Math.max(0, end - last.time))} before`},
         unanswered.length && {level: 'warn', table: 'requests', time: unanswered.at(-1).time, text: `${plural(unanswered.length, 'request')} without an answer`},
     ].filter(Boolean);
-}
-
-/// The method and the path; the address as it stands where it is none.
-function nameOf({method, url}) {
-    let path = url;
-    try {
-        path = new URL(url).pathname;
-    } catch {
-        // the application wrote it in its own way
-    }
-    return visible(`${method} ${path}`, mostName);
 }
 
 function offline(report, {network}, end) {

@@ -4,7 +4,7 @@ import {el, fill, quoted} from './dom.js';
 import {clock, duration, localTime} from './format.js';
 import {buildChart, chartCanvas, loadCharts} from './timelineChart.js';
 import {buildCursor} from './timelineCursor.js';
-import {axisLane, bandLane, requestLane, requestText, sessionMarks, tapLane, tapText} from './timelineLanes.js';
+import {axisLane, bandLane, requestLane, requestName, requestText, sessionMarks, tapLane, tapText} from './timelineLanes.js';
 import {sampleAt, stateAt, timelineModel} from './timelineModel.js';
 
 const nearby = 8; // pixels: what the cross-hair says is at its place
@@ -83,11 +83,12 @@ export function buildTimeline(records, end, signal) {
         const reach = nearby * (span.to - span.from) / Math.max(1, cursor.layer.clientWidth);
         const texts = [
             ...model.taps.filter((tap) => Math.abs(tap.time - time) < reach).map(tapText),
-            ...model.requests.filter((each) => time > each.time - reach && time < each.time + (each.duration ?? 0) + reach).map(requestText),
+            ...model.requests.filter((each) => time > each.time - reach && time < each.time + (each.duration ?? 0) + reach)
+                .map((request) => requestText(request, requestName(request))),
             ...model.sessions.filter((change) => Math.abs(change.time - time) < reach).map(({text}) => text),
         ];
         const states = model.bands.map(({pieces}) => stateAt(pieces, time)?.label).filter(Boolean);
-        const all = [...texts.slice(0, 2), ...states];
+        const all = [...states, ...texts.slice(0, 2)];
         return all.length ? el('span.faint', '· ', quoted(all.join(' · '))) : null;
     }
 

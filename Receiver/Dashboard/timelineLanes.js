@@ -7,6 +7,7 @@ import {placeOver, share, ticks} from './timelineScale.js';
 import {visible} from './text.js';
 
 const shortestRequest = 60; // milliseconds: for one without a duration
+const mostName = 40; // characters of a request
 const rowHeight = 8; // pixels, in the lane of requests
 
 /// Lanes are {name, track, place(span)}.
@@ -55,9 +56,20 @@ export function tapText(tap) {
     return ['Tap', what && `on ${what}`, tap.view && `in ${visible(tap.view, 60)}`].filter(Boolean).join(' ');
 }
 
-export function requestText(request) {
+export function requestText(request, name = `${request.method} ${request.url}`) {
     const took = request.duration === null ? '' : `, ${duration(request.duration)}`;
-    return visible(`${request.method} ${request.url}: ${request.status || 'no answer'}${took}`, 200);
+    return visible(`${name}: ${request.status || 'no answer'}${took}`, 200);
+}
+
+/// The method and the path; the address as it stands where it is none.
+export function requestName({method, url}) {
+    let path = url;
+    try {
+        path = new URL(url).pathname;
+    } catch {
+        // the application wrote it in its own way
+    }
+    return visible(`${method} ${path}`, mostName);
 }
 
 function lane(name, kind, elements, place) {
