@@ -3,18 +3,31 @@
 import {el, fill} from './dom.js';
 import {integer} from './format.js';
 
-export function clippedText(tag, text, maximum) {
+/// At most so many characters, and so many lines.
+export function clippedText(tag, text, maximum, mostLines = Infinity) {
     const element = el(tag, {dir: 'auto'});
-    if (text.length <= maximum)
+    const length = Math.min(maximum, endOfLine(text, mostLines));
+    if (text.length <= length)
         return fill(element, text);
+    const isCutInLine = length === maximum;
     const more = el('button.small', {type: 'button', onclick: () => {
         more.remove();
         element.textContent = text;
-        element.tabIndex = -1;
+        element.tabIndex = Math.max(-1, element.tabIndex); // what keys can reach stays so
         element.focus({preventScroll: true});
-    }}, `Show all ${integer(text.length)} characters`);
-    fill(element, text.slice(0, maximum), '… ');
+    }}, `Show all ${isCutInLine ? `${integer(text.length)} characters` : `${integer(text.split('\n').length)} lines`}`);
+    fill(element, text.slice(0, length), isCutInLine ? '… ' : '');
     return el('.clipped', element, more);
+}
+
+function endOfLine(text, count) {
+    let end = -1;
+    for (let line = 0; line < count; line++) {
+        end = text.indexOf('\n', end + 1);
+        if (end < 0)
+            return text.length;
+    }
+    return end;
 }
 
 /// The first rows at once, the others behind a button.

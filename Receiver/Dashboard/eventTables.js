@@ -4,7 +4,7 @@ import {clippedRows, clippedText} from './clipped.js';
 import {el, fill, quoted, tableHead} from './dom.js';
 import {clock, duration, integer} from './format.js';
 import {icon} from './icons.js';
-import {jsonView, prettyJson} from './jsonView.js';
+import {jsonView, prettyJson, scrollable} from './jsonView.js';
 import {copyButton} from './notify.js';
 import {asText, visible, webLink} from './text.js';
 
@@ -14,16 +14,19 @@ const mostBody = 20000; // characters
 /// `point(time)` is told which moment the reader looks at.
 export function tapTable(taps, end, point) {
     const body = el('tbody');
-    const table = el('table.events.taps', tableHead('Before.number', 'Element', 'View', 'Detail'), body);
+    const hasDetails = taps.some(({property}) => property);
+    const table = el('table.events.taps', tableHead('Before.number', 'Element', 'View', ...hasDetails ? ['Detail'] : []), body);
     clippedRows(body, taps.toReversed(), (tap) => el('tr', {dataset: {time: tap.time}, onpointerenter: () => point(tap.time)},
-        timeCell(tap.time, end), el('td', quoted(visible(tap.className, 120))), el('td', quoted(visible(tap.view, 120))),
-        el('td', quoted(visible(tap.property, 200)))), mostRows);
+        timeCell(tap.time, end), el('td', quoted(visible(tap.className, 120) || '–')), el('td', quoted(visible(tap.view, 120))),
+        hasDetails && el('td', quoted(visible(tap.property, 200)))), mostRows);
     return el('.table-scroll', table);
 }
 
 export function requestTable(requests, end, point) {
     const body = el('tbody');
-    const table = el('table.events.requests', tableHead('Before.number', 'Method', 'Status', 'Address', 'Took.number', ''), body);
+    const head = tableHead('Before.number', 'Method', 'Status', 'Address', 'Took.number', '');
+    head.querySelector('th:last-child').append(el('span.off-screen', 'Actions'));
+    const table = el('table.events.requests', head, body);
     clippedRows(body, requests.toReversed(), (request) => requestRows(request, end, point), mostRows);
     return el('.table-scroll', table);
 }
@@ -54,7 +57,7 @@ function timeCell(time, end) {
 
 function requestRows(request, end, point) {
     const detail = el('tr.detail', {hidden: true}, el('td', {colspan: 6}));
-    const toggle = el('button.quiet.square', {type: 'button', 'aria-expanded': 'false', 'aria-label': 'Headers and bodies'}, icon('next'));
+    const toggle = el('button.quiet.square', {type: 'button', 'aria-expanded': 'false', 'aria-label': visible(`Headers and bodies: ${request.method} ${request.url}`, 160)}, icon('next'));
     const row = el('tr.request', {dataset: {time: request.time}, className: `request ${outcome(request)}`,
         onpointerenter: () => point(request.time), onclick: switchDetail},
     timeCell(request.time, end), el('td.method', quoted(visible(request.method, 20))),
@@ -91,9 +94,9 @@ function requestDetail(request) {
 function part(name, headers, body) {
     const names = Object.keys(headers).slice(0, mostRows);
     const pretty = prettyJson(body);
-    return el('section', el('h4', name),
+    return el('section', el('h3', name),
         names.length ? el('dl.headers', names.map((key) => [el('dt', quoted(visible(key, 120))), el('dd', quoted(visible(asText(headers[key]), 2000)))]))
             : el('p.faint', 'No headers'),
         body ? [el('.body-line', el('span.faint', `Body, ${integer(body.length)} characters`), copyButton(() => pretty ?? body)),
-            pretty === null ? clippedText('pre.code', body, mostBody) : jsonView(pretty)] : el('p.faint', 'No body'));
+            scrollable(pretty === null ? clippedText('pre.code', body, mostBody) : jsonView(pretty), `${name} body`)] : el('p.faint', 'No body'));
 }

@@ -30,8 +30,13 @@ export function screenshotFigure(file, report) {
         figure.dispatchEvent(new Event('measured', {bubbles: true}));
         figure.querySelector('.shot-size').textContent = `${image.naturalWidth} × ${image.naturalHeight}`;
     });
-    image.addEventListener('error', () => figure.replaceChildren(el('p.problem', 'The screenshot can’t be shown.'), download(file)));
     figure.zoom = open;
+    image.addEventListener('error', () => {
+        figure.replaceChildren(el('p.problem', 'The screenshot can’t be shown.'), download(file));
+        figure.classList.add('is-wide', 'is-missing'); // its words need no column of their own
+        figure.zoom = () => false;
+        figure.dispatchEvent(new Event('measured', {bubbles: true}));
+    });
     return figure;
 }
 

@@ -3,6 +3,7 @@
 const units = ['bytes', 'KB', 'MB', 'GB', 'TB'];
 const day = 24 * 3600 * 1000;
 const dateAndTime = new Intl.DateTimeFormat(undefined, {dateStyle: 'medium', timeStyle: 'medium'});
+const dateAndZone = new Intl.DateTimeFormat(undefined, {dateStyle: 'full', timeStyle: 'long'});
 const dayAndMonth = new Intl.DateTimeFormat(undefined, {day: 'numeric', month: 'short'});
 const dayAndYear = new Intl.DateTimeFormat(undefined, {day: 'numeric', month: 'short', year: 'numeric'});
 
@@ -72,6 +73,11 @@ export function ago(time, now = Date.now()) {
 
 export function localTime(time) {
     return dateAndTime.format(time);
+}
+
+/// As `localTime`, with the name of the reader's zone.
+export function zonedTime(time) {
+    return dateAndZone.format(time);
 }
 
 /// Of the day, in the reader's zone, to the millisecond if asked for.

@@ -9,7 +9,8 @@ const groups = {
     'Report': [[['j', 'k'], 'Older, newer report'], [['z'], 'Zoom the screenshot'], [['s'], 'Save the archive'],
         [['Delete'], 'Delete the report'], [['Esc'], 'Back to the inbox']],
     'Screenshot': [[['+', '−'], 'Zoom in, out'], [['0'], 'Fit'], [['1'], '100 %'], [['←↑↓→'], 'Move'], [['Esc'], 'Close']],
-    'Time line': [[['←', '→'], 'Move the cross-hair'], [['Home', 'End'], 'First, last moment'], [['Esc'], 'Show all of it again']],
+    'Black box': [[['←', '→'], 'Move the cross-hair'], [['Ctrl ←', 'Ctrl →'], 'To what happened before, after'],
+        [['Home', 'End'], 'First, last moment'], [['Esc'], 'Show all of it again']],
     'Everywhere': [[['g'], 'Inbox'], [['a'], 'Applications'], [['c'], 'Clients'], [['?'], 'This help']],
 };
 

@@ -3,8 +3,7 @@
 import {el} from './dom.js';
 import {clippedText} from './clipped.js';
 
-const mostColoured = 60000; // characters
-const mostShown = 200000;
+const mostShown = 200000; // characters
 const token = /("(?:[^"\\]|\\.)*")(\s*:)?|-?\d[\d.eE+-]*|true|false|null/g;
 
 /// The text indented if it is JSON, else null.
@@ -20,7 +19,7 @@ export function prettyJson(text) {
 }
 
 export function jsonView(text) {
-    if (text.length > mostColoured)
+    if (text.length > mostShown)
         return clippedText('pre.code', text, mostShown);
     const pre = el('pre.code', {dir: 'ltr'});
     let end = 0;
@@ -30,6 +29,15 @@ export function jsonView(text) {
     }
     pre.append(text.slice(end));
     return pre;
+}
+
+/// Keys can scroll it, so it has a name.
+export function scrollable(view, label) {
+    const pre = view.closest('pre') ?? view.querySelector('pre');
+    pre.tabIndex = 0;
+    pre.setAttribute('role', 'region');
+    pre.setAttribute('aria-label', label);
+    return view;
 }
 
 function kind([whole, string, colon]) {

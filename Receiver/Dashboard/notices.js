@@ -3,7 +3,7 @@
 import {batteryLevel, usage} from './facts.js';
 import {duration, megabytes, percent, plural} from './format.js';
 import {asNumber, visible} from './text.js';
-import {tapText} from './timelineLanes.js';
+import {requestName, tapText} from './timelineLanes.js';
 
 const lowBattery = 0.15;
 const littleFree = 0.05;
@@ -21,8 +21,8 @@ function requests({requests: all}, end) {
     const unanswered = all.filter((request) => request.unanswered);
     const last = failed.at(-1);
     return [
-        last && {level: 'bad', table: 'requests', time: last.time, text: `${failed.length} of ${plural(all.length, 'request')} failed, the last with `
-            + `${visible(last.status, 20)}, ${duration(Math.max(0, end - last.time))} before`},
+        last && {level: 'bad', table: 'requests', time: last.time, text: `${failed.length} of ${plural(all.length, 'request')} failed, last: `
+            + `${requestName(last)} → ${visible(last.status, 20)}, ${duration(Math.max(0, end - last.time))} before`},
         unanswered.length && {level: 'warn', table: 'requests', time: unanswered.at(-1).time, text: `${plural(unanswered.length, 'request')} without an answer`},
     ].filter(Boolean);
 }

@@ -7,7 +7,7 @@ import {requestTable, showEvent, tapTable} from './eventTables.js';
 import {factGroups} from './facts.js';
 import {fileList, screenshotFigure} from './files.js';
 import {parseTime} from './format.js';
-import {jsonView} from './jsonView.js';
+import {jsonView, scrollable} from './jsonView.js';
 import {permissionName, permissionState} from './names.js';
 import {noticesOf} from './notices.js';
 import {copyButton} from './notify.js';
@@ -19,6 +19,7 @@ import {buildTimeline} from './timeline.js';
 import {recordsOf} from './wire.js';
 
 const mostProse = 1200; // characters: with more, the black box would be screens away
+const mostQuickFacts = 12; // lines
 const patience = 200; // milliseconds without a word about loading
 
 export function showReport({place, route, signal}) {
@@ -69,7 +70,7 @@ function show(place, bar, answer, signal) {
             notices(report, records, end, timeline),
             description(report),
             timeline?.element,
-            section('Quick facts', asText(report.quick_facts) && clippedText('p.prose.mono', asText(report.quick_facts), mostProse)),
+            section('Quick facts', quickFacts(asText(report.quick_facts).trim())),
             section('Attachments', answer.files.length > 0 && fileList(answer.files), 'attachments'),
             section('Requests', records.requests.length > 0 && requestTable(records.requests, end, timeline?.point), 'requests'),
             section('Taps', records.taps.length > 0 && tapTable(records.taps, end, timeline?.point), 'taps'),
@@ -108,6 +109,10 @@ function description(report) {
     return rest ? clippedText('p.prose', rest, mostProse) : null;
 }
 
+function quickFacts(text) {
+    return text && clippedText('p.prose.mono', text, mostProse, mostQuickFacts);
+}
+
 function facts(answer, report) {
     const groups = factGroups({...answer, report}).map(([name, rows]) => el('section.fact-group', el('h3', name),
         el('dl', rows.map(([key, text]) => el('.fact', el('dt', quoted(key)), el('dd', quoted(text)))))));
@@ -121,6 +126,7 @@ function facts(answer, report) {
 function rawJson(report) {
     const pretty = () => JSON.stringify(report, null, 2);
     const content = el('.raw-content');
-    return el('details.part.raw', {ontoggle: ({target}) => target.open && !content.hasChildNodes() && fill(content,
-        el('.body-line', copyButton(pretty)), jsonView(pretty()))}, el('summary', el('h2', 'JSON')), content);
+    const details = el('details', {ontoggle: ({target}) => target.open && !content.hasChildNodes()
+        && fill(content, scrollable(jsonView(pretty()), 'JSON'))}, el('summary', el('h2', 'JSON')), content);
+    return el('.part.raw', details, copyButton(pretty));
 }

@@ -4,8 +4,8 @@ import {el, fill, quoted} from './dom.js';
 import {clock, duration, localTime} from './format.js';
 import {buildChart, chartCanvas, loadCharts} from './timelineChart.js';
 import {buildCursor} from './timelineCursor.js';
-import {axisLane, bandLane, requestLane, requestText, sessionMarks, tapLane, tapText} from './timelineLanes.js';
-import {sampleAt, timelineModel} from './timelineModel.js';
+import {axisLane, bandLane, requestLane, requestName, requestText, sessionMarks, tapLane, tapText} from './timelineLanes.js';
+import {sampleAt, stateAt, timelineModel} from './timelineModel.js';
 
 const nearby = 8; // pixels: what the cross-hair says is at its place
 const worthMore = 5000; // milliseconds before the black box for which there is a button
@@ -20,8 +20,10 @@ export function buildTimeline(records, end, signal) {
     let charts = [];
     const values = new Map(); // where a curve's value at the cross-hair is shown
     const readout = el('output.readout');
-    const stack = el('.stack', {tabIndex: 0, role: 'group', 'aria-label': 'Time line'});
-    const cursor = buildCursor({area: stack, span: () => span, show: describe, zoom: setSpan,
+    const stack = el('.stack', {tabIndex: 0, role: 'group', 'aria-label': 'Black box',
+        'aria-description': 'The arrow keys move the cross-hair, with Control to the next tap, request or change of session.'});
+    const moments = [...model.taps, ...model.requests, ...model.sessions].map(({time}) => time).sort((a, b) => a - b);
+    const cursor = buildCursor({area: stack, span: () => span, moments, show: describe, zoom: setSpan,
         isZoomed: () => !whole.hidden, reset: () => setSpan(model.from, model.to), signal});
     const sessions = sessionMarks(model.sessions);
     const lanes = [model.requests.length && requestLane(model.requests), model.taps.length && tapLane(model.taps),
@@ -63,8 +65,13 @@ export function buildTimeline(records, end, signal) {
     function describe(time) {
         for (const curve of model.curves)
             values.get(curve).textContent = valueText(curve, time);
-        fill(readout, time === null ? '' : [el('b', clock(time)), ' ', distance(time), ' ', marksAt(time)]);
+        fill(readout, time === null ? '' : [el('b', clock(time)), ' ', distance(time), ' ', marksAt(time), el('span.off-screen', valuesAt(time))]);
         readout.title = time === null ? '' : localTime(time);
+    }
+
+    /// In words, for who can't see them beside the curves.
+    function valuesAt(time) {
+        return model.curves.map((curve) => `; ${curve.name} ${valueText(curve, time)}`).join('');
     }
 
     function distance(time) {
@@ -76,10 +83,13 @@ export function buildTimeline(records, end, signal) {
         const reach = nearby * (span.to - span.from) / Math.max(1, cursor.layer.clientWidth);
         const texts = [
             ...model.taps.filter((tap) => Math.abs(tap.time - time) < reach).map(tapText),
-            ...model.requests.filter((each) => time > each.time - reach && time < each.time + (each.duration ?? 0) + reach).map(requestText),
+            ...model.requests.filter((each) => time > each.time - reach && time < each.time + (each.duration ?? 0) + reach)
+                .map((request) => requestText(request, requestName(request))),
             ...model.sessions.filter((change) => Math.abs(change.time - time) < reach).map(({text}) => text),
         ];
-        return texts.length ? el('span.faint', '· ', quoted(texts.slice(0, 2).join(' · '))) : null;
+        const states = model.bands.map(({pieces}) => stateAt(pieces, time)?.label).filter(Boolean);
+        const all = [...states, ...texts.slice(0, 2)];
+        return all.length ? el('span.faint', '· ', quoted(all.join(' · '))) : null;
     }
 
     async function draw() {

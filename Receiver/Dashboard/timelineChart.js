@@ -3,6 +3,7 @@
 import {el} from './dom.js';
 import {ticks} from './timelineScale.js';
 
+const leastExtent = 0.05; // of the value: noise is not to look like a mountain
 let library = null;
 
 /// Chart.js is loaded when the first curve is shown, and again if that failed. A plain script that leaves its name in the window.
@@ -68,8 +69,9 @@ function limits({kind, least, most}) {
         return {min: 0, max: 1};
     if (kind === 'cpu')
         return {min: 0, suggestedMax: Math.max(20, most * 1.08)};
-    const margin = Math.max((most - least) * 0.15, most * 0.002, 0.01);
-    return {min: Math.max(0, least - margin), max: most + margin};
+    const middle = (least + most) / 2;
+    const half = Math.max((most - least) * 0.65, most * leastExtent / 2, 0.01);
+    return {min: Math.max(0, middle - half), max: middle + half};
 }
 
 export function chartCanvas(curve) {

@@ -6,8 +6,9 @@ import {share, timeAt} from './timelineScale.js';
 const shortestDrag = 6; // pixels
 const shortestSpan = 200; // milliseconds
 
-/// {layer, place(time)}; `show(time or null)` and `zoom(from, to)` are told. `span()` is what is shown.
-export function buildCursor({area, span, show, zoom, isZoomed, reset, signal}) {
+/// {layer, place(time)}; `show(time or null)` and `zoom(from, to)` are told. `span()` is what is shown;
+/// `moments` are the times, in order, where something happened.
+export function buildCursor({area, span, moments, show, zoom, isZoomed, reset, signal}) {
     const hair = el('span.hair', {hidden: true});
     const selection = el('span.selection', {hidden: true});
     const layer = el('.overlay', hair, selection);
@@ -36,16 +37,21 @@ export function buildCursor({area, span, show, zoom, isZoomed, reset, signal}) {
     });
     area.addEventListener('pointerdown', (event) => {
         const part = partAt(event);
-        if (part >= 0 && event.pointerType === 'mouse' && event.button === 0 && !event.target.closest('button'))
+        if (part < 0 || part > 1)
+            return;
+        if (event.pointerType !== 'mouse')
+            place(timeAt(part, span())); // a tap moves nothing and leaves at once
+        else if (event.button === 0 && !event.target.closest('button'))
             start = part;
     });
     addEventListener('pointerup', finish, {signal});
     area.addEventListener('dblclick', reset);
-    area.addEventListener('pointerleave', () => start === null && place(null));
+    area.addEventListener('pointerleave', ({pointerType}) => pointerType === 'mouse' && start === null && place(null));
     area.addEventListener('keydown', (event) => {
         const {from, to} = span();
         const step = (to - from) / (event.shiftKey ? 20 : 120);
-        const target = {ArrowLeft: (shown ?? to) - step, ArrowRight: (shown ?? from) + step, Home: from, End: to}[event.key];
+        const target = event.ctrlKey ? {ArrowLeft: momentBefore(shown ?? to), ArrowRight: momentAfter(shown ?? from)}[event.key]
+            : {ArrowLeft: (shown ?? to) - step, ArrowRight: (shown ?? from) + step, Home: from, End: to}[event.key];
         if (target === undefined && !(event.key === 'Escape' && (shown !== null || isZoomed())))
             return;
         event.preventDefault();
@@ -57,6 +63,9 @@ export function buildCursor({area, span, show, zoom, isZoomed, reset, signal}) {
             place(Math.min(to, Math.max(from, target)));
         }
     });
+
+    const momentBefore = (time) => moments.findLast((each) => each < time) ?? time;
+    const momentAfter = (time) => moments.find((each) => each > time) ?? time;
 
     function drawSelection(part) {
         const [left, right] = [Math.max(0, Math.min(start, part)), Math.min(1, Math.max(start, part))];

@@ -7,6 +7,8 @@ import {placeOver, share, ticks} from './timelineScale.js';
 import {visible} from './text.js';
 
 const shortestRequest = 60; // milliseconds: for one without a duration
+const mostName = 40; // characters of a request
+const rowHeight = 8; // pixels, in the lane of requests
 
 /// Lanes are {name, track, place(span)}.
 export function bandLane({name, pieces}) {
@@ -25,13 +27,15 @@ export function requestLane(requests) {
     const marks = requests.map((request) => el('button', {type: 'button', tabIndex: -1, className: `request-mark ${request.failed ? 'is-failed' : request.unanswered ? 'is-unanswered' : ''}`,
         'aria-label': requestText(request), title: requestText(request), onclick: () => showEvent('requests', request.time)}));
     const row = rowsOf(requests);
-    marks.forEach((mark, index) => { mark.style.top = `${row[index] * 5}px`; });
-    return lane('Requests', 'marks.is-requests', marks, (span) => requests.forEach((request, index) =>
+    marks.forEach((mark, index) => { mark.style.top = `${row[index] * rowHeight}px`; });
+    const requestsLane = lane('Requests', 'marks.is-requests', marks, (span) => requests.forEach((request, index) =>
         placeOver(marks[index], request.time, request.time + (request.duration ?? shortestRequest), span)));
+    requestsLane.track.style.height = `${(Math.max(...row) + 1) * rowHeight}px`;
+    return requestsLane;
 }
 
 export function sessionMarks(sessions) {
-    const marks = sessions.map(({text}) => el('span.session-mark', {title: text}));
+    const marks = sessions.map(() => el('span.session-mark'));
     return {elements: marks, place: (span) => sessions.forEach(({time}, index) => placeAt(marks[index], time, span))};
 }
 
@@ -52,9 +56,20 @@ export function tapText(tap) {
     return ['Tap', what && `on ${what}`, tap.view && `in ${visible(tap.view, 60)}`].filter(Boolean).join(' ');
 }
 
-export function requestText(request) {
+export function requestText(request, name = `${request.method} ${request.url}`) {
     const took = request.duration === null ? '' : `, ${duration(request.duration)}`;
-    return visible(`${request.method} ${request.url}: ${request.status || 'no answer'}${took}`, 200);
+    return visible(`${name}: ${request.status || 'no answer'}${took}`, 200);
+}
+
+/// The method and the path; the address as it stands where it is none.
+export function requestName({method, url}) {
+    let path = url;
+    try {
+        path = new URL(url).pathname;
+    } catch {
+        // the application wrote it in its own way
+    }
+    return visible(`${method} ${path}`, mostName);
 }
 
 function lane(name, kind, elements, place) {

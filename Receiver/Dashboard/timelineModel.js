@@ -22,8 +22,8 @@ export function timelineModel(records, end) {
         curves: [
             curve('CPU', records.cpu, (value) => `${value.toFixed(value < 10 ? 1 : 0)} %`, 'cpu'),
             curve('App memory', records.appMemory, megabytes, 'app'),
-            curve('Device memory', records.memory, megabytes, 'memory'),
-            curve('Disk', records.disk, megabytes, 'disk'),
+            curve('Device memory used', records.memory, megabytes, 'memory'),
+            curve('Disk used', records.disk, megabytes, 'disk'),
             curve('Battery', records.battery, percent, 'battery', (record) => batteryState(record.state)),
         ].filter(Boolean),
         bands: [
@@ -76,4 +76,9 @@ export function sampleAt(points, time) {
             high = middle;
     }
     return points[low - 1] ?? null;
+}
+
+/// The piece of a band that covers a time.
+export function stateAt(pieces, time) {
+    return pieces.findLast(({from, to}) => from <= time && time <= to) ?? null;
 }

@@ -118,6 +118,24 @@ test('nothing is wider than a phone', async () => {
     await small.context().close();
 });
 
+test('what failed last is named, and a tap shows a moment of the black box until Escape', async () => {
+    const small = await openInbox(browser, receiver, phone);
+    const at = (second) => `2026-01-02T03:04:${second}.000Z`;
+    const failing = (url, second) => ({method: 'PUT', url, statuc_code: '500', timestamp: at(second)});
+    const {id} = await send('With a black box', {issue_reported_time: at(40), log: {network_requests: [failing('/not an address', 20),
+        failing('https://example.org/orders/7?key=secret', 30), {method: 'GET', url: 'https://example.org/', statuc_code: '200', timestamp: at(35)}]},
+    blackbox: {cpu_usage_history: [{value: '5', time_occurred: at(10)}], network_usage_history: [{type: 'offline', name: '', time_occurred: at(10)}]}});
+    await small.goto(`${receiver.dashboard}#/reports/${id}`);
+    await small.getByText('2 of 3 requests failed, last: PUT /orders/7 → 500, 10 s before', {exact: true}).waitFor();
+    await small.locator('.track.bands').first().tap();
+    await small.locator('.hair').waitFor();
+    await small.locator('.readout', {hasText: 'Offline'}).waitFor();
+    await small.keyboard.press('Escape');
+    await small.locator('.hair').waitFor({state: 'hidden'});
+    await checkPage(small);
+    await small.context().close();
+});
+
 test('the page is there soon', async (t) => {
     await page.goto(receiver.dashboard);
     await page.reload();
