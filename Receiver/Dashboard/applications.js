@@ -25,7 +25,7 @@ export function showApplications({place, signal, applications: asked}) {
             await answered;
             show(knownApplications().toSorted((a, b) => (b.last_received ?? 0) - (a.last_received ?? 0)));
         } catch (error) {
-            failed(content, error);
+            failed(content, error, () => showWhen(refreshApplications(signal)));
         }
     }
 

@@ -22,7 +22,7 @@ export function showClients({place, signal}) {
         try {
             show(await get('clients', signal));
         } catch (error) {
-            failed(content, error);
+            failed(content, error, reload);
         }
     }
 

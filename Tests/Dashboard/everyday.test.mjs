@@ -66,6 +66,18 @@ test('a page past the end is the last one', async () => {
     await page.getByText('1–50 of 60').waitFor();
 });
 
+test('a search that fails leaves no rows of another, and is asked for again', async () => {
+    const failing = await openInbox(browser, receiver);
+    await failing.route(/api\/reports.*search=/, (route) => route.fulfill({status: 500, json: {error: 'Out of order'}}));
+    await failing.getByLabel('Search the reports').fill('number 17');
+    await failing.getByRole('alert').getByText('Out of order').waitFor();
+    assert.equal(await failing.locator('.row').count(), 0);
+    await failing.unrouteAll();
+    await failing.locator('.row', {hasText: 'Report number 17'}).waitFor();
+    assert.equal(await failing.getByRole('alert').count(), 0);
+    await failing.context().close();
+});
+
 test('Enter leads to what the search finds, and a search is left with its page', async () => {
     const searching = await openInbox(browser, receiver);
     const field = searching.getByLabel('Search the reports');
