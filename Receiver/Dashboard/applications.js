@@ -37,6 +37,7 @@ export function showApplications({place, signal, applications: asked}) {
 
     function row(application) {
         const {bundle_id: bundleId, archived} = application;
+        const turn = archived ? 'Unarchive' : 'Archive';
         const inbox = address('reports', null, new URLSearchParams({bundle_id: bundleId}));
         return el('tr', {className: archived ? 'is-off' : '', dataset: {key: bundleId}},
             el('th', {scope: 'row'}, el('a', {href: inbox}, quoted(visible(bundleId, 255))), archived && el('span.tag', 'archived')),
@@ -44,14 +45,14 @@ export function showApplications({place, signal, applications: asked}) {
             el('td', {dataset: {name: 'Last one'}}, application.last_received ? ageElement(application.last_received, {words: true}) : 'none yet'),
             el('td.number', {dataset: {name: 'Size'}}, bytes(application.bytes)),
             el('td', {dataset: {name: 'Kept'}}, retentionText(application)),
-            el('td.row-buttons', el('button.small', {type: 'button', onclick: () => editRetention(application, done)}, 'Retention'),
-                el('button.small', {type: 'button', onclick: () => archived ? unarchive(bundleId) : askToArchive(bundleId)},
-                    archived ? 'Unarchive' : 'Archive')));
+            el('td.row-buttons', el('button.small', {type: 'button', 'aria-label': `Retention of ${named(bundleId)}`, onclick: () => editRetention(application, done)}, 'Retention'),
+                el('button.small', {type: 'button', 'aria-label': `${turn} ${named(bundleId)}`,
+                    onclick: () => archived ? unarchive(bundleId) : askToArchive(bundleId)}, turn)));
     }
 
     function askToArchive(bundleId) {
         confirmDialog({
-            title: 'Archive this application?',
+            title: `Archive ${named(bundleId)}?`,
             text: 'It can’t send reports any more: its testers are told so. What it has sent stays here. You can unarchive it at any time.',
             button: 'Archive',
             danger: false,
@@ -75,6 +76,8 @@ export function showApplications({place, signal, applications: asked}) {
     }
 }
 
+const named = (bundleId) => visible(bundleId, 60);
+
 function retentionText({max_age_days: days, max_bytes: size}) {
     return [days && plural(days, 'day'), size && `up to ${bytes(size)}`].filter(Boolean).join(', ') || 'everything';
 }
@@ -83,7 +86,7 @@ function editRetention(application, done) {
     const days = el('input', {type: 'number', min: 1, step: 1, id: 'days', value: application.max_age_days ?? ''});
     const size = el('input', {type: 'number', min: 1, step: 'any', id: 'size', value: application.max_bytes ? application.max_bytes / mebibyte : ''});
     formDialog({
-        title: 'How much is kept',
+        title: `What is kept of ${named(application.bundle_id)}`,
         fields: [el('p', 'Reports beyond these limits are deleted for good, the oldest first. An empty field is no limit.'),
             el('label', {htmlFor: 'days'}, 'Days'), days,
             el('label', {htmlFor: 'size'}, 'Megabytes'), size],
