@@ -12,6 +12,8 @@ import {address} from './router.js';
 import {visible} from './text.js';
 
 const mebibyte = 1024 * 1024;
+const longest = 36500; // days, as the receiver takes them
+const largest = 2 ** 33; // megabytes, likewise
 
 export function showApplications({place, signal, applications: asked}) {
     document.title = 'Applications · Wexel';
@@ -83,8 +85,8 @@ function retentionText({max_age_days: days, max_bytes: size}) {
 }
 
 function editRetention(application, done) {
-    const days = el('input', {type: 'number', min: 1, step: 1, id: 'days', value: application.max_age_days ?? ''});
-    const size = el('input', {type: 'number', min: 1, step: 'any', id: 'size', value: application.max_bytes ? application.max_bytes / mebibyte : ''});
+    const days = el('input', {type: 'number', min: 1, max: longest, step: 1, id: 'days', value: application.max_age_days ?? ''});
+    const size = el('input', {type: 'number', min: 1, max: largest, step: 'any', id: 'size', value: application.max_bytes ? application.max_bytes / mebibyte : ''});
     formDialog({
         title: `What is kept of ${named(application.bundle_id)}`,
         fields: [el('p', 'Reports beyond these limits are deleted for good, the oldest first. An empty field is no limit.'),
