@@ -30,7 +30,7 @@ export function showInbox({place, route, signal}) {
     let isLoading = false;
     let newFrom; // when its list was left for one that shows what arrived since
 
-    fill(place, el('h1.off-screen', 'Inbox'), filters.element, el('.list-line', count, news), empty, list.element, paging);
+    fill(place, el('h1.off-screen', 'Inbox'), filters.element, el('.list-line', count, filters.clear, news), empty, list.element, paging);
     resetKeys({
         j: () => list.move(1), ArrowDown: () => list.move(1), k: () => list.move(-1), ArrowUp: () => list.move(-1),
         '/': filters.focusSearch, n: () => news.hidden ? false : showNews(), Escape: () => place.focus({preventScroll: true}),
