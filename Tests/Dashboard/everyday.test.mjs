@@ -113,6 +113,23 @@ test('a receiver that is away is said to be, and the list goes on by itself', as
     await checkPage(page);
 });
 
+test('a session that ends in the middle says so, and goes on where it was', async () => {
+    const ending = await openInbox(browser, receiver);
+    const words = ending.getByRole('status').getByText('Your session has ended. Log in to go on.');
+    await ending.goto(`${receiver.dashboard}#/reports?search=number+17`);
+    await ending.locator('.row', {hasText: 'Report number 17'}).waitFor();
+    await ending.context().clearCookies();
+    await words.waitFor();
+    await logIn(ending);
+    await ending.locator('.row', {hasText: 'Report number 17'}).waitFor();
+    await ending.goto(`${receiver.dashboard}#/account`);
+    await ending.getByRole('button', {name: 'Log out'}).click();
+    await ending.getByLabel('Password', {exact: true}).waitFor();
+    assert.equal(await words.count(), 0, 'who leaves knows it');
+    await checkPage(ending);
+    await ending.context().close();
+});
+
 test('nothing is wider than a phone', async () => {
     const small = await openInbox(browser, receiver, phone);
     for (const [place, sign] of [['reports', '.row'], ['reports/1', '.facts'], ['applications', '.cards'], ['clients', '.cards'], ['account', '.panel']]) {
