@@ -121,6 +121,9 @@ export function showInbox({place, route, signal}) {
         news.hidden = true;
         Object.assign(lastShown, {parameters: parameters.toString(), reports: answer.reports});
         count.textContent = plural(answer.total, 'report');
+        const isBare = answer.total === 0 && !isFiltered(parameters);
+        count.hidden = isBare; // filters would have nothing to choose from
+        filters.element.hidden = isBare;
         fill(empty, answer.total > 0 ? null : isFiltered(parameters) ? nothingFound() : emptyInbox());
         fill(paging, pagingLinks(answer.total));
     }
