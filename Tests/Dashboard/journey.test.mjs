@@ -47,7 +47,10 @@ step('a wrong password is refused, the right one shows what to do first', async 
 step('a client is made in the dashboard, and the library reports with it while the list is open', async () => {
     await page.getByRole('link', {name: 'Create a client'}).click();
     await page.getByRole('button', {name: 'New client'}).click();
-    await page.getByLabel('Id', {exact: true}).fill('beta');
+    await page.getByLabel('Id', {exact: true}).fill('tests');
+    await page.keyboard.press('Enter');
+    await page.getByText('This id is taken, perhaps by a revoked client').waitFor();
+    await page.locator('#client-id:focus[aria-invalid][aria-describedby="dialog-problem"]').fill('beta');
     await page.getByLabel(/Bundle ids/).fill('org.example.mistake');
     const away = (route) => route.request().method() === 'GET' ? route.abort('internetdisconnected') : route.continue();
     await page.route('**/api/clients', away);
