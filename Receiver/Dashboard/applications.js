@@ -2,7 +2,7 @@
 
 import {ageElement} from './ages.js';
 import {change} from './api.js';
-import {knownApplications, refreshApplications} from './applicationNames.js';
+import {knownApplications, refreshApplications, shortName} from './applicationNames.js';
 import {confirmDialog, formDialog} from './dialog.js';
 import {el, failed, fill, quoted, refill, tableHead} from './dom.js';
 import {emptyInbox} from './emptyInbox.js';
@@ -58,12 +58,12 @@ export function showApplications({place, signal, applications: asked}) {
             text: 'It can’t send reports any more: its testers are told so. What it has sent stays here. You can unarchive it at any time.',
             button: 'Archive',
             danger: false,
-            action: () => set(bundleId, 'archive', 'Archived'),
+            action: () => set(bundleId, 'archive', `Archived ${shortName(bundleId)}`),
         });
     }
 
     function unarchive(bundleId) {
-        set(bundleId, 'unarchive', 'It may report again').then((reload) => reload(), (error) => say(error.message));
+        set(bundleId, 'unarchive', `${shortName(bundleId)} may report again`).then((reload) => reload(), (error) => say(error.message));
     }
 
     async function set(bundleId, what, words) {
@@ -98,7 +98,7 @@ function editRetention(application, done) {
                 max_age_days: days.value ? Math.round(days.valueAsNumber) : null,
                 max_bytes: size.value ? Math.round(size.valueAsNumber * mebibyte) : null,
             });
-            return done('Saved');
+            return done(`Saved what is kept of ${shortName(application.bundle_id)}`);
         },
     });
 }

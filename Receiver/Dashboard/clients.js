@@ -70,7 +70,7 @@ export function showClients({place, signal}) {
             button: 'Revoke',
             async action() {
                 await change('DELETE', `clients/${encodeURIComponent(id)}`);
-                say('Revoked');
+                say(`Revoked ${visible(id, 60)}`);
                 return reload;
             },
         });

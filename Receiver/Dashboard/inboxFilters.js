@@ -15,7 +15,7 @@ export function buildFilters({signal, toFirst}) {
     let timer = 0;
     let written = ''; // the search that the field has put into the address
     let wantsDays = false; // "Between two days" is chosen, but there is no day yet
-    const search = el('input', {type: 'search', placeholder: 'Search', 'aria-label': 'Search the reports', autocomplete: 'off', spellcheck: 'false', enterkeyhint: 'search'});
+    const search = el('input', {type: 'search', placeholder: 'Search reports', 'aria-label': 'Search the reports', autocomplete: 'off', spellcheck: 'false', enterkeyhint: 'search'});
     search.addEventListener('input', () => {
         clearTimeout(timer);
         timer = setTimeout(find, typingPause);

@@ -9,8 +9,10 @@ import {address} from './router.js';
 import {wasOpened} from './opened.js';
 import {visible} from './text.js';
 
+const summaryLength = 199; // characters: of a longer line the receiver keeps 200, and does not say that it was cut
+
 export function buildRow(report, parameters) {
-    const summary = visible(report.summary, 200);
+    const summary = visible(report.summary, summaryLength);
     const link = el('a.row', {href: address('reports', report.id, parameters), dataset: {id: report.id}},
         thumbnail(report),
         el('.row-text',
