@@ -94,7 +94,7 @@ int addClient(const Options &options, ClientStore &clients)
     if (const std::string fault = clientIdFault(id); !fault.empty())
         throw UsageError(fault);
     return printSecret(id, clients.add(id, options.bundleIds, currentMilliseconds()),
-                       "There is or was a client with this id");
+                       "This id is taken, perhaps by a revoked client");
 }
 
 } // namespace

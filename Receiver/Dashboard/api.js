@@ -9,7 +9,7 @@ class ApiError extends Error {
     }
 }
 
-/// Events "trouble" ({detail: ApiError}), "restored" and "logged-out".
+/// Events "trouble" ({detail: ApiError}), "restored", "session-ended" and, by the reader's own wish, "logged-out".
 export const connection = new EventTarget();
 
 const longestWait = 15; // seconds
@@ -76,7 +76,7 @@ async function read(response, path) {
     if (response.ok)
         return answer;
     if (response.status === 401 && path !== 'session')
-        connection.dispatchEvent(new Event('logged-out'));
+        connection.dispatchEvent(new Event('session-ended'));
     const text = typeof answer?.error === 'string' ? answer.error : `The receiver answered ${response.status}.`;
     throw new ApiError(response.status, text, Number(response.headers.get('Retry-After')) || 0);
 }

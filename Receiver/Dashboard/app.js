@@ -41,11 +41,11 @@ function show(route) {
     open.update = page({place: shell.main, route, signal: leaving.signal, applications})?.update;
 }
 
-function askForPassword() {
+function askForPassword(reason = '') {
     open?.leaving.abort();
     open = null;
     resetKeys();
-    showLogin(enter);
+    showLogin(enter, reason);
 }
 
 function enter(session) {
@@ -59,6 +59,7 @@ function enter(session) {
 async function begin() {
     onRoute((route) => open && show(route));
     connection.addEventListener('logged-out', () => open && askForPassword());
+    connection.addEventListener('session-ended', () => open && askForPassword('Your session has ended. Log in to go on.'));
     fill(document.body, connectionLine());
     try {
         enter(await get('session'));

@@ -6,12 +6,13 @@ import {el} from './dom.js';
 import {copyButton} from './notify.js';
 
 export function newClientDialog(done) {
-    const id = el('input', {type: 'text', id: 'client-id', autocomplete: 'off', spellcheck: 'false', maxlength: 100, placeholder: 'made up for you if empty'});
+    const id = el('input', {type: 'text', id: 'client-id', autocomplete: 'off', spellcheck: 'false', maxlength: 100, placeholder: 'leave empty to generate one'});
     const bundles = bundlesField([]);
     formDialog({
         title: 'New client',
         fields: [el('label', {htmlFor: 'client-id'}, 'Id'), id, bundlesLabel(), bundles],
         button: 'Create',
+        fieldOf: (error) => isRefused(error) ? /bundle/.test(error.message) ? bundles : id : null,
         async action() {
             const client = await change('POST', 'clients', {...id.value.trim() && {id: id.value.trim()}, bundle_ids: listed(bundles)});
             return () => showSecret(client.id, client.secret, done);
@@ -25,6 +26,7 @@ export function bundlesDialog({id, bundle_ids: bundleIds}, title, done) {
         title,
         fields: [bundlesLabel(), bundles, el('p.faint', 'It holds from the next request on. A report for another application is refused, and the application drops it.')],
         button: 'Save',
+        fieldOf: (error) => isRefused(error) ? bundles : null,
         async action() {
             await change('PUT', `clients/${encodeURIComponent(id)}`, {bundle_ids: listed(bundles)});
             return done;
@@ -32,6 +34,7 @@ export function bundlesDialog({id, bundle_ids: bundleIds}, title, done) {
     });
 }
 
+const isRefused = ({status}) => status === 400 || status === 409; // for what is in the fields
 const bundlesLabel = () => el('label', {htmlFor: 'client-bundles'}, 'Bundle ids it may send for, one a line; any if empty');
 const bundlesField = (values) => el('textarea', {id: 'client-bundles', rows: 3, spellcheck: 'false', placeholder: 'org.example.app', value: values.join('\n')});
 const listed = (field) => field.value.split(/[\n,]/).map((line) => line.trim()).filter(Boolean);

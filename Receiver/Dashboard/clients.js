@@ -22,7 +22,7 @@ export function showClients({place, signal}) {
         try {
             show(await get('clients', signal));
         } catch (error) {
-            failed(content, error);
+            failed(content, error, reload);
         }
     }
 
@@ -37,6 +37,7 @@ export function showClients({place, signal}) {
     }
 
     function row(client) {
+        const name = visible(client.id, 60);
         const fixed = client.from_command_line || client.revoked;
         return el('tr', {className: client.revoked ? 'is-off' : '', dataset: {key: client.id}},
             el('th', {scope: 'row'}, quoted(visible(client.id, 120)), client.revoked && el('span.tag', 'revoked'),
@@ -45,9 +46,9 @@ export function showClients({place, signal}) {
             el('td.created', {dataset: {name: 'Created'}}, client.created ? ageElement(client.created, {words: true}) : '–'),
             el('td', {dataset: {name: 'Last used'}}, lastUsed(client)),
             el('td.row-buttons', !fixed && [
-                el('button.small', {type: 'button', onclick: () => bundlesDialog(client, `What may ${visible(client.id, 60)} send for?`, reload)}, 'Bundle ids'),
-                el('button.small', {type: 'button', onclick: () => askToRotate(client)}, 'New secret'),
-                el('button.small', {type: 'button', onclick: () => askToRevoke(client)}, 'Revoke')]));
+                button('Bundle ids', `Bundle ids of ${name}`, () => bundlesDialog(client, `What may ${name} send for?`, reload)),
+                button('New secret', `New secret for ${name}`, () => askToRotate(client)),
+                button('Revoke', `Revoke ${name}`, () => askToRevoke(client))]));
     }
 
     function askToRotate({id}) {
@@ -69,11 +70,16 @@ export function showClients({place, signal}) {
             button: 'Revoke',
             async action() {
                 await change('DELETE', `clients/${encodeURIComponent(id)}`);
-                say('Revoked');
+                say(`Revoked ${visible(id, 60)}`);
                 return reload;
             },
         });
     }
+}
+
+/// `fullName` is for who does not see the row that it stands in.
+function button(text, fullName, onclick) {
+    return el('button.small', {type: 'button', 'aria-label': fullName, onclick}, text);
 }
 
 /// Of those of the command line nothing is kept.

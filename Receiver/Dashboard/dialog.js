@@ -24,12 +24,12 @@ export function openDialog(title, content, {className = '', mustAnswer = false} 
 }
 
 /// Asks for the values of `fields`. `action` may reject: the dialog then says why and stays. What it resolves to, if anything,
-/// is called when the dialog has gone.
-export function formDialog({title, fields, button, action}) {
+/// is called when the dialog has gone. `fieldOf(error)` is the field to be changed, if one is.
+export function formDialog({title, fields, button, action, fieldOf = () => null}) {
     const act = el('button.primary', {type: 'submit'}, button);
     const cancel = el('button', {type: 'button', onclick: () => dialog.close()}, 'Cancel');
     const problem = problemLine();
-    const run = attempt(action, act, problem, () => dialog.close());
+    const run = attempt(action, act, problem, () => dialog.close(), fieldOf);
     const onsubmit = (event) => {
         event.preventDefault();
         run();
@@ -49,11 +49,14 @@ export function confirmDialog({title, text, button, danger = true, action}) {
     return dialog;
 }
 
-const problemLine = () => el('p.problem', {role: 'alert', hidden: true});
+const problemLine = () => el('p.problem', {id: 'dialog-problem', role: 'alert', hidden: true});
 
-function attempt(action, button, problem, done) {
+function attempt(action, button, problem, done, fieldOf = () => null) {
+    let field = null; // the one that was refused
     return async () => {
         button.disabled = true;
+        field?.removeAttribute('aria-invalid');
+        field?.removeAttribute('aria-describedby');
         try {
             const then = await action();
             done();
@@ -61,7 +64,10 @@ function attempt(action, button, problem, done) {
         } catch (error) {
             fill(problem, error.message).hidden = false;
             button.disabled = false;
-            button.focus();
+            field = fieldOf(error);
+            field?.setAttribute('aria-invalid', 'true');
+            field?.setAttribute('aria-describedby', problem.id);
+            (field ?? button).focus();
         }
     };
 }

@@ -40,10 +40,16 @@ export function tableHead(...names) {
     return el('thead', el('tr', names.map((name) => name.split('.')).map(([text, className = '']) => el('th', {scope: 'col', className}, text))));
 }
 
-/// In the place of what could not be got.
-export function failed(element, error) {
-    if (error.name !== 'AbortError')
-        fill(element, el('p.problem', {role: 'alert'}, error.message));
+/// In the place of what could not be got. `again()` asks for it once more. The same words stay as they are, for they are read out.
+export function failed(element, error, again) {
+    if (error.name === 'AbortError' || element.querySelector('.failed .problem')?.textContent === error.message)
+        return;
+    const retry = () => {
+        element.closest('main').focus({preventScroll: true}); // the button goes
+        fill(element);
+        again();
+    };
+    fill(element, el('.failed', el('p.problem', {role: 'alert'}, error.message), el('button', {type: 'button', onclick: retry}, 'Try again')));
 }
 
 /// What the report's own words are shown in: they can't turn the text around them.

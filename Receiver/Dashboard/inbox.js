@@ -1,6 +1,6 @@
 // The inbox: the list of reports as the address describes it, kept up to date.
 
-import {get} from './api.js';
+import {connection, get} from './api.js';
 import {refreshApplications} from './applicationNames.js';
 import {el, failed, fill} from './dom.js';
 import {integer, plural} from './format.js';
@@ -27,9 +27,10 @@ export function showInbox({place, route, signal}) {
     let shown = null; // the last answer for these parameters
     let loading = new AbortController();
     let loaded = null; // settles with the last load
+    let isLoading = false;
     let newFrom; // when its list was left for one that shows what arrived since
 
-    fill(place, el('h1.off-screen', 'Inbox'), filters.element, el('.list-line', count, news), list.element, empty, paging);
+    fill(place, el('h1.off-screen', 'Inbox'), filters.element, el('.list-line', count, filters.clear, news), empty, list.element, paging);
     resetKeys({
         j: () => list.move(1), ArrowDown: () => list.move(1), k: () => list.move(-1), ArrowUp: () => list.move(-1),
         '/': filters.focusSearch, n: () => news.hidden ? false : showNews(), Escape: () => place.focus({preventScroll: true}),
@@ -38,6 +39,7 @@ export function showInbox({place, route, signal}) {
         loading.abort();
         Object.assign(lastShown, {scroll: scrollY, focused: list.focused()});
     });
+    connection.addEventListener('trouble', dropOthers, {signal});
     begin();
     keepAsking(lookForNews, signal);
     return {update};
@@ -50,7 +52,7 @@ export function showInbox({place, route, signal}) {
             scrollTo(0, lastShown.scroll);
             list.focus(lastShown.focused);
         }
-        load().catch(giveUp);
+        load();
         filters.refresh().catch(() => {});
     }
 
@@ -62,26 +64,49 @@ export function showInbox({place, route, signal}) {
         filters.show(parameters);
         if (otherPage)
             scrollTo(0, 0);
-        load().catch(giveUp);
+        load();
         if (otherApplication)
             filters.refresh().catch(() => {});
     }
 
+    /// Never rejects; `loaded` does.
     function load() {
         loading.abort();
         loading = new AbortController();
+        isLoading = true;
         list.element.setAttribute('aria-busy', 'true');
         loaded = get('reports?' + listQuery(parameters), loading.signal).then(render);
-        return loaded;
+        return loaded.catch(giveUp);
     }
 
-    /// The receiver did not take the question: an address by hand, perhaps.
+    /// The receiver did not take the question, or has no answer: the next turn asks again.
     function giveUp(error) {
         if (error.name === 'AbortError')
             return; // another list is on its way
+        settle();
+        shown = null;
+        clear();
+        failed(empty, error, load);
+    }
+
+    function settle() {
+        isLoading = false;
         list.element.removeAttribute('aria-busy');
-        count.textContent = '';
-        failed(empty, error);
+    }
+
+    function clear(words = '') {
+        list.show([], parameters);
+        news.hidden = true;
+        count.textContent = words;
+        fill(paging);
+    }
+
+    /// While the receiver is away, what another search has found does not stand below this one.
+    function dropOthers() {
+        if (shown || lastShown.parameters === parameters.toString())
+            return;
+        fill(empty);
+        clear('Loading…');
     }
 
     function render(answer) {
@@ -91,11 +116,14 @@ export function showInbox({place, route, signal}) {
         const seen = shown?.newest ?? newFrom;
         newFrom = undefined;
         shown = {...answer, top: answer.reports[0]?.id};
-        list.element.removeAttribute('aria-busy');
+        settle();
         list.show(answer.reports, parameters, seen);
         news.hidden = true;
         Object.assign(lastShown, {parameters: parameters.toString(), reports: answer.reports});
         count.textContent = plural(answer.total, 'report');
+        const isBare = answer.total === 0 && !isFiltered(parameters);
+        count.hidden = isBare; // filters would have nothing to choose from
+        filters.element.hidden = isBare;
         fill(empty, answer.total > 0 ? null : isFiltered(parameters) ? nothingFound() : emptyInbox());
         fill(paging, pagingLinks(answer.total));
     }
@@ -103,7 +131,7 @@ export function showInbox({place, route, signal}) {
     /// Asks for the first report only; the rest is asked for when there is something to show.
     async function lookForNews() {
         if (!shown)
-            return;
+            return isLoading || load();
         const asked = parameters;
         const query = listQuery(parameters);
         query.set('page', 1);
@@ -134,7 +162,7 @@ export function showInbox({place, route, signal}) {
             newFrom = shown?.newest;
             return go(address('reports', null, changed(parameters, {sort: ''})));
         }
-        load().catch(() => {});
+        load();
     }
 
     function refreshLists() {

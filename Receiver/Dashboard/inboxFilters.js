@@ -10,12 +10,12 @@ import {visible} from './text.js';
 
 const typingPause = 200; // milliseconds
 
-/// {element, show(parameters), refresh(), focusSearch()}. `toFirst()` leads from the search to what it found.
+/// {element, clear, show(parameters), refresh(), focusSearch()}: `clear` is a button for another place. `toFirst()` leads from the search to what it found.
 export function buildFilters({signal, toFirst}) {
     let timer = 0;
     let written = ''; // the search that the field has put into the address
     let wantsDays = false; // "Between two days" is chosen, but there is no day yet
-    const search = el('input', {type: 'search', placeholder: 'Search', 'aria-label': 'Search the reports', autocomplete: 'off', spellcheck: 'false', enterkeyhint: 'search'});
+    const search = el('input', {type: 'search', placeholder: 'Search reports', 'aria-label': 'Search the reports', autocomplete: 'off', spellcheck: 'false', enterkeyhint: 'search'});
     search.addEventListener('input', () => {
         clearTimeout(timer);
         timer = setTimeout(find, typingPause);
@@ -29,7 +29,7 @@ export function buildFilters({signal, toFirst}) {
     const days = el('span.days', {hidden: true}, day('from', 'From'), el('span.faint', '–'), day('to', 'To'));
     const sort = select('Order', 'sort');
     const clear = el('button.quiet.small', {type: 'button', onclick: clearAll}, 'Clear filters');
-    const fields = el('.filters', application, version, device, time, days, sort, clear);
+    const fields = el('.filters', application, version, device, time, days, sort);
     const toggle = el('button.filter-toggle', {type: 'button', 'aria-expanded': 'false', onclick: () => {
         toggle.setAttribute('aria-expanded', String(fields.classList.toggle('is-open')));
     }}, icon('filter'), el('span', 'Filters'));
@@ -96,6 +96,7 @@ export function buildFilters({signal, toFirst}) {
     });
     return {
         element,
+        clear,
         show,
         focusSearch() {
             search.focus();

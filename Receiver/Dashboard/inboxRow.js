@@ -9,15 +9,17 @@ import {address} from './router.js';
 import {wasOpened} from './opened.js';
 import {visible} from './text.js';
 
+const summaryLength = 199; // characters: of a longer line the receiver keeps 200, and does not say that it was cut
+
 export function buildRow(report, parameters) {
-    const summary = visible(report.summary, 200);
+    const summary = visible(report.summary, summaryLength);
     const link = el('a.row', {href: address('reports', report.id, parameters), dataset: {id: report.id}},
         thumbnail(report),
         el('.row-text',
             el('.row-summary', {dir: 'auto', className: summary ? 'row-summary' : 'row-summary is-empty'}, summary || 'No description'),
-            el('.row-facts', report.tester && el('span.cut', quoted(visible(report.tester, 80))), applicationName(report.bundle_id), archivedTag(report.bundle_id))),
+            el('.row-facts', report.tester && el('span.cut', quoted(visible(report.tester, 80))), applicationName(report.bundle_id), archivedTag(report.bundle_id), inShort(report))),
         el('.row-version.cut', quoted(visible(report.app_version, 40))),
-        el('.row-device.cut', quoted(visible([report.device, report.os_version].filter(Boolean).join(', '), 60))),
+        el('.row-device.cut', quoted(visible([report.device, system(report)].filter(Boolean).join(', '), 60))),
         el('.row-files', report.files > 0 && el('span', {title: plural(report.files, 'attachment')}, icon('clip'), String(report.files))),
         el('.row-age', ageElement(report.received)));
     if (!wasOpened(report.id)) {
@@ -25,6 +27,17 @@ export function buildRow(report, parameters) {
         link.prepend(el('span.off-screen', 'Unread'));
     }
     return el('li', link);
+}
+
+/// Version and device, where there is no room for columns of their own.
+function inShort(report) {
+    const words = [report.app_version, report.device].filter(Boolean).map((text) => visible(text, 40)).join(' · ');
+    return words && el('span.row-short.cut', quoted(words));
+}
+
+/// A number alone says nothing, and which system it is of, the list does not know.
+function system({os_version: version}) {
+    return /^\d/.test(version) ? `OS ${version}` : version;
 }
 
 /// In two parts, for the end is what tells one from the other.

@@ -1,14 +1,14 @@
 import {change, get, mayPass} from './api.js';
 import {el, fill} from './dom.js';
 
-/// Takes the whole page until the password is right.
-export function showLogin(enter) {
+/// Takes the whole page until the password is right. `reason`: why it came in the middle of something else.
+export function showLogin(enter, reason = '') {
     const problem = el('p.problem', {role: 'alert'});
-    const password = el('input', {type: 'password', id: 'password', name: 'password', autocomplete: 'current-password', required: true});
+    const password = el('input', {type: 'password', id: 'password', name: 'password', autocomplete: 'current-password', required: true, 'aria-describedby': 'reason'});
     const button = el('button.primary', {type: 'submit'}, 'Log in');
     const form = el('form.login', {onsubmit: submit},
         el('img', {src: 'assets/icon.svg', alt: '', width: 48, height: 48}),
-        el('h1', 'Wexel'),
+        el('h1', 'Wexel'), el('p.reason', {id: 'reason', role: 'status', hidden: !reason}, reason),
         el('input.off-screen', {type: 'text', name: 'username', value: 'administrator', autocomplete: 'username', tabIndex: -1, 'aria-hidden': 'true', readonly: true}),
         el('label', {htmlFor: 'password'}, 'Password'),
         password, button, problem,

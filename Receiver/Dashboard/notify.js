@@ -1,16 +1,17 @@
 // Small words about what was done, and copying.
 
-import {el} from './dom.js';
+import {el, fill} from './dom.js';
 import {icon} from './icons.js';
 
 const shownFor = 4000; // milliseconds
 let place = null;
 
+/// In the place of what was said before.
 export function say(text) {
     if (!place?.isConnected)
         document.body.append(place = el('.toasts', {role: 'status'}));
     const toast = el('.toast', text);
-    place.append(toast);
+    fill(place, toast);
     setTimeout(() => toast.remove(), shownFor);
 }
 
@@ -30,7 +31,7 @@ async function copy(text) {
 /// Says on itself that it has copied, for a dialog may lie over all else.
 export function copyButton(makeText) {
     const label = el('span', {role: 'status'}, 'Copy');
-    return el('button.quiet.small', {type: 'button', async onclick(event) {
+    return el('button.quiet.small.copy', {type: 'button', async onclick(event) {
         event.stopPropagation();
         await copy(makeText());
         label.textContent = 'Copied';

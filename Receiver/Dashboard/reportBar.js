@@ -49,7 +49,7 @@ export function buildBar(id, parameters) {
             async action() {
                 await change('DELETE', `reports/${id}`);
                 lastShown.reports = lastShown.reports.filter((report) => report.id !== id);
-                say('Deleted');
+                say(`Deleted report ${id}`);
                 go(older.getAttribute('href') ?? back);
             },
         });

@@ -6,7 +6,7 @@ import {createRequire} from 'node:module';
 import {password} from './receiver.mjs';
 
 const {chromium} = createRequire(process.env.WEXEL_NODE_MODULES + '/')('playwright-core');
-const expected = /status of (401|403|404|429|503)|ERR_INTERNET_DISCONNECTED/; // the browser logs these answers as errors
+const expected = /status of (401|403|404|409|429|503)|ERR_INTERNET_DISCONNECTED/; // the browser logs these answers as errors
 
 export async function openBrowser() {
     return chromium.launch({executablePath: process.env.WEXEL_CHROMIUM, args: ['--no-sandbox', '--disable-gpu']});

@@ -66,6 +66,18 @@ test('a page past the end is the last one', async () => {
     await page.getByText('1–50 of 60').waitFor();
 });
 
+test('a search that fails leaves no rows of another, and is asked for again', async () => {
+    const failing = await openInbox(browser, receiver);
+    await failing.route(/api\/reports.*search=/, (route) => route.fulfill({status: 500, json: {error: 'Out of order'}}));
+    await failing.getByLabel('Search the reports').fill('number 17');
+    await failing.getByRole('alert').getByText('Out of order').waitFor();
+    assert.equal(await failing.locator('.row').count(), 0);
+    await failing.unrouteAll();
+    await failing.locator('.row', {hasText: 'Report number 17'}).waitFor();
+    assert.equal(await failing.getByRole('alert').count(), 0);
+    await failing.context().close();
+});
+
 test('Enter leads to what the search finds, and a search is left with its page', async () => {
     const searching = await openInbox(browser, receiver);
     const field = searching.getByLabel('Search the reports');
@@ -99,6 +111,23 @@ test('a receiver that is away is said to be, and the list goes on by itself', as
     await page.locator('.row', {hasText: 'Sent in the meantime'}).waitFor();
     await page.locator('.connection').waitFor({state: 'hidden'});
     await checkPage(page);
+});
+
+test('a session that ends in the middle says so, and goes on where it was', async () => {
+    const ending = await openInbox(browser, receiver);
+    const words = ending.getByRole('status').getByText('Your session has ended. Log in to go on.');
+    await ending.goto(`${receiver.dashboard}#/reports?search=number+17`);
+    await ending.locator('.row', {hasText: 'Report number 17'}).waitFor();
+    await ending.context().clearCookies();
+    await words.waitFor();
+    await logIn(ending);
+    await ending.locator('.row', {hasText: 'Report number 17'}).waitFor();
+    await ending.goto(`${receiver.dashboard}#/account`);
+    await ending.getByRole('button', {name: 'Log out'}).click();
+    await ending.getByLabel('Password', {exact: true}).waitFor();
+    assert.equal(await words.count(), 0, 'who leaves knows it');
+    await checkPage(ending);
+    await ending.context().close();
 });
 
 test('nothing is wider than a phone', async () => {

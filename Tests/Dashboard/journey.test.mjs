@@ -47,7 +47,10 @@ step('a wrong password is refused, the right one shows what to do first', async 
 step('a client is made in the dashboard, and the library reports with it while the list is open', async () => {
     await page.getByRole('link', {name: 'Create a client'}).click();
     await page.getByRole('button', {name: 'New client'}).click();
-    await page.getByLabel('Id', {exact: true}).fill('beta');
+    await page.getByLabel('Id', {exact: true}).fill('tests');
+    await page.keyboard.press('Enter');
+    await page.getByText('This id is taken, perhaps by a revoked client').waitFor();
+    await page.locator('#client-id:focus[aria-invalid][aria-describedby="dialog-problem"]').fill('beta');
     await page.getByLabel(/Bundle ids/).fill('org.example.mistake');
     const away = (route) => route.request().method() === 'GET' ? route.abort('internetdisconnected') : route.continue();
     await page.route('**/api/clients', away);
@@ -58,8 +61,9 @@ step('a client is made in the dashboard, and the library reports with it while t
     await page.unroute('**/api/clients', away);
     await page.getByRole('button', {name: 'I have it'}).click();
     await page.getByRole('row', {name: /beta/}).getByRole('button', {name: 'Bundle ids'}).click();
-    assert.equal(await page.getByLabel(/Bundle ids/).inputValue(), 'org.example.mistake');
-    await page.getByLabel(/Bundle ids/).fill(bundleId);
+    const bundles = page.getByRole('dialog', {name: 'What may beta send for?'}).getByLabel(/Bundle ids/);
+    assert.equal(await bundles.inputValue(), 'org.example.mistake');
+    await bundles.fill(bundleId);
     await page.getByRole('button', {name: 'Save'}).click();
     await page.getByRole('row', {name: /beta/}).getByText(bundleId).waitFor();
     assert.doesNotMatch(await page.content(), new RegExp(secret));
@@ -130,7 +134,7 @@ step('an archived application is refused until it is not', async () => {
     await page.getByRole('link', {name: 'Applications'}).click();
     const application = page.getByRole('row', {name: new RegExp(bundleId)});
     await application.getByRole('button', {name: 'Archive'}).click();
-    await page.locator('dialog').getByRole('button', {name: 'Archive'}).click();
+    await page.getByRole('dialog', {name: `Archive ${bundleId}?`}).getByRole('button', {name: 'Archive'}).click();
     await application.getByText('archived').waitFor();
     assert.equal((await receiver.application.send({description: 'too late'}, {bundleId})).status, 403);
     await application.locator('button:focus', {hasText: 'Unarchive'}).waitFor();

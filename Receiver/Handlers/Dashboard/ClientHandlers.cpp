@@ -112,7 +112,7 @@ Answer AddClientHandler::handle(Request &request)
     const auto secret
         = m_commandLine.contains(id) ? std::nullopt : m_store.add(id, bundles, currentMilliseconds());
     if (!secret)
-        throw HttpError(Status::HTTP_CONFLICT, "There is or was a client with this id");
+        throw HttpError(Status::HTTP_CONFLICT, "This id is taken, perhaps by a revoked client");
     logChange("client_added", request, id);
     return jsonAnswer("{\"id\":" + jsonString(id) + ",\"secret\":" + jsonString(*secret) + "}",
                       Status::HTTP_CREATED);
