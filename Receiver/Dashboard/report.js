@@ -53,7 +53,7 @@ export function showReport({place, route, signal}) {
         place.removeAttribute('aria-busy');
         const bar = buildBar(null, parameters);
         fill(place, bar.element, el('.empty', el('h1', error.status === 404 ? 'This report is gone' : 'This report can’t be shown'),
-            el('p', error.status === 404 ? 'It was deleted, or it never was.' : error.message)));
+            el('p', error.status === 404 ? 'It was deleted, or never existed.' : error.message)));
     }
 }
 
