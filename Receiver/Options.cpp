@@ -223,7 +223,7 @@ void checkUse(const std::vector<std::string> &names, const std::vector<std::stri
         const auto found = users.find(name);
         const bool isUsed = found == users.end() ? words.empty() : found->second.contains(command);
         if (!isUsed && !everybodys.contains(name))
-            throw UsageError("--" + name + " does not go with " + command);
+            throw UsageError(std::string("--").append(name).append(" does not go with ").append(command));
     }
 }
 

@@ -1,6 +1,7 @@
 #include "RetentionLimits.h"
 
 #include "Http/HttpError.h"
+#include "Storage/ReportStore.h"
 
 namespace wexel::receiver {
 

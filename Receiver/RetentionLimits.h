@@ -1,10 +1,12 @@
 #pragma once
 
-#include "Storage/ReportStore.h"
-
 #include <Poco/JSON/Object.h>
 
+#include <cstdint>
+
 namespace wexel::receiver {
+
+struct Retention;
 
 constexpr std::int64_t longestRetention = 36500; ///< days
 constexpr std::int64_t largestRetention = std::int64_t(1)

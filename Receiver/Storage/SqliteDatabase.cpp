@@ -24,7 +24,7 @@ namespace {
 /// What went wrong, which the database's exceptions say twice.
 std::string sqliteReason(const Poco::Exception &error)
 {
-    const std::string text = error.message();
+    const std::string &text = error.message();
     const std::size_t half = text.size() / 2;
     const bool isTwice = text.size() % 2 == 0 && half > 0 && text.substr(half - 1, 2) == ": "
         && text.substr(0, half - 1) == text.substr(half + 1);
