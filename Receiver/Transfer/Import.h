@@ -20,8 +20,9 @@ struct ImportResult {
 /// is no export.
 void readManifest(TarReader &tar);
 
-/// Adds what an export or a backup holds behind its beginning to \a data, beside servers at work. A report comes whole or not at all; what came
-/// before an error stays, and the next import does not add it again. Throws std::runtime_error with a text for the user.
+/// Adds what an export or a backup holds behind its beginning to \a data, beside servers at work. A report comes whole or not
+/// at all; what came before an error stays, and the next import does not add it again. Throws std::runtime_error with a text
+/// for the user.
 ImportResult importFrom(TarReader &tar, DataFolder &data);
 
 } // namespace wexel::receiver
