@@ -1,6 +1,7 @@
 #include "DemoTest.h"
 
 #include <algorithm>
+#include <iostream>
 
 #include <QJsonObject>
 
@@ -59,6 +60,18 @@ DemoTest::DemoTest()
 {
     if (!isEditor())
         startMenu();
+}
+
+void DemoTest::TearDown()
+{
+    if (!HasFailure())
+        return;
+    std::cout << "Active: " << desktop.activeWindow() << ", main: " << mainWindow << '\n';
+    for (const auto &[id, owner, title, geometry] : desktop.windows())
+        std::cout << id << " of " << owner << " '" << qPrintable(title) << "' " << geometry.width() << 'x'
+                  << geometry.height() << '+' << geometry.x() << '+' << geometry.y() << '\n';
+    if (m_host)
+        std::cout << m_host->output().constData() << '\n';
 }
 
 void DemoTest::startMenu()

@@ -44,6 +44,8 @@ struct DemoTest : testing::TestWithParam<std::tuple<Demo, bool>> {
     quint32 mainWindow = 0; ///< the demo's
 
     DemoTest();
+    /// Tells what a failed test left on the screen.
+    void TearDown() override;
     [[nodiscard]] static std::string nameOf(const testing::TestParamInfo<ParamType> &info);
     [[nodiscard]] static const Demo &demo() { return std::get<0>(GetParam()); }
     [[nodiscard]] static bool isEditor() { return !demo().program.endsWith(u"cafe"); }
