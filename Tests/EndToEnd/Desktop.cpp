@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcessEnvironment>
@@ -32,6 +33,37 @@ std::unique_ptr<Reply, Free> owned(Reply *reply)
 QString at(const QPoint &place)
 {
     return QStringLiteral("mousemove %1 %2 ").arg(place.x()).arg(place.y());
+}
+
+QByteArray contentsOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Whether a thread of the process has something to compute. One that a busy machine keeps waiting counts, too.
+bool isBusy(qint64 process)
+{
+    const QString tasks = QStringLiteral("/proc/%1/task/").arg(process);
+    const QStringList threads = QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return std::any_of(threads.begin(), threads.end(), [&tasks](const QString &thread) {
+        const QByteArray stat = contentsOf(tasks + thread + QStringLiteral("/stat"));
+        const char state = stat.isEmpty() ? 'X' : stat.at(stat.lastIndexOf(')') + 2); // after the name
+        return state == 'R' || state == 'D';
+    });
+}
+
+/// The processes that this one started.
+QList<qint64> children()
+{
+    QList<qint64> result;
+    const QString tasks = QStringLiteral("/proc/self/task/");
+    for (const QString &thread : QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const QByteArray numbers = contentsOf(tasks + thread + QStringLiteral("/children"));
+        for (const QByteArray &number : numbers.simplified().split(' '))
+            result.append(number.toLongLong());
+    }
+    return result;
 }
 
 void end(QProcess &process)
@@ -174,6 +206,14 @@ QImage Desktop::picture(const QRect &area) const
         .copy();
 }
 
+// The server has done what it was asked for when it sends a picture.
+bool Desktop::isAnyBusy() const
+{
+    const QList<qint64> programs = children();
+    return std::any_of(programs.begin(), programs.end(),
+                       [this](qint64 program) { return program != m_server.processId() && isBusy(program); });
+}
+
 void Desktop::settle(const QRect &area) const
 {
     constexpr int quietMilliseconds = 200;
@@ -181,7 +221,7 @@ void Desktop::settle(const QRect &area) const
     QImage last;
     EXPECT_TRUE(spinUntil([&] {
         const QImage now = picture(area);
-        if (now != last || !quiet.isValid())
+        if (now != last || !quiet.isValid() || isAnyBusy())
             quiet.start();
         last = now;
         return quiet.hasExpired(quietMilliseconds);

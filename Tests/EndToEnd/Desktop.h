@@ -41,7 +41,7 @@ public:
     [[nodiscard]] quint32 activeWindow() const;
     /// What the screen shows there.
     [[nodiscard]] QImage picture(const QRect &area) const;
-    /// Waits until the area no longer changes.
+    /// Waits until the area no longer changes, and no program has work left that could change it.
     void settle(const QRect &area) const;
 
     /// Runs xdotool with those words.
@@ -55,6 +55,8 @@ public:
 private:
     [[nodiscard]] QString windowManagerSettings() const;
     void start(QProcess &process, const QString &program, const QStringList &arguments = {}) const;
+    /// Whether a program that the test started has something to compute.
+    [[nodiscard]] bool isAnyBusy() const;
     [[nodiscard]] quint32 atom(const char *name) const;
     [[nodiscard]] QByteArray property(quint32 window, const char *name) const;
     [[nodiscard]] QList<quint32> numbers(quint32 window, const char *name) const;
