@@ -76,12 +76,16 @@ void WexelEdgePanRecognizer::pressed(const QWindow *window, const QEventPoint &p
 void WexelEdgePanRecognizer::moved(const QEventPoint &point)
 {
     m_translation = point.globalPosition() - m_start;
-    if (m_state != GestureState::Possible)
-        return setState(GestureState::Changed);
-    if (m_translation.manhattanLength() < QGuiApplication::styleHints()->startDragDistance())
-        return;
-    const bool isInwards = -m_translation.x() > std::abs(m_translation.y());
-    setState(isInwards ? GestureState::Began : GestureState::Failed);
+    if (m_state == GestureState::Possible) {
+        if (m_translation.manhattanLength() < QGuiApplication::styleHints()->startDragDistance())
+            return;
+        const bool isInwards = -m_translation.x() > std::abs(m_translation.y());
+        setState(isInwards ? GestureState::Began : GestureState::Failed);
+        if (!isInwards)
+            return;
+    }
+    setState(
+        GestureState::Changed); // with the beginning, too: a busy host sees a quick swipe as one movement
 }
 
 void WexelEdgePanRecognizer::ended()
