@@ -19,6 +19,7 @@ using Answer = ScriptedServer::Answer;
 using Request = ScriptedServer::Request;
 
 constexpr int lastReports = 10; // more than can be saved before the host is gone
+constexpr std::chrono::seconds atOnce(10); // on a busy machine; no request's time-out is as short
 
 /// What the host leaves in the middle of.
 struct Situation {
@@ -92,7 +93,7 @@ QByteArray expectToLeave(const InstalledHost &host, const QStringList &commands,
     const auto process = host.run(commands);
     const auto time = timeToLeave(*process);
     std::cout << description << ", " << qPrintable(commands.front()) << ": " << time.count() << " ms\n";
-    EXPECT_LT(time, std::chrono::milliseconds(2500)) << description;
+    EXPECT_LT(time, atOnce) << description;
     EXPECT_TRUE(process->leftCleanly()) << description << '\n' << process->output().constData();
     EXPECT_EQ(host.storedReports().size(), lastReports) << description << '\n'
                                                         << process->output().constData();
@@ -167,7 +168,7 @@ TEST_P(Quitting, WithItsOwnRequestsInFlightEndsAtOnce)
         for (int number = 0; number < 20; ++number)
             commands << QStringLiteral("get") << server.url();
         const auto process = host.run(commands << leave);
-        EXPECT_LT(timeToLeave(*process), std::chrono::milliseconds(5000)) << qPrintable(leave);
+        EXPECT_LT(timeToLeave(*process), atOnce) << qPrintable(leave);
         EXPECT_TRUE(process->leftCleanly()) << qPrintable(leave) << '\n' << process->output().constData();
     }
 }
