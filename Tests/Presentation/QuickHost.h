@@ -12,10 +12,10 @@
 #include <QQuickWindow>
 #include <QTemporaryDir>
 
-/// Handles events until the condition holds; false when it does not within ten seconds.
+/// Handles events until the condition holds; false when it does not within half a minute.
 inline bool waitUntil(const std::function<bool()> &condition)
 {
-    const QDeadlineTimer deadline(10'000);
+    const QDeadlineTimer deadline(30'000);
     while (!condition() && !deadline.hasExpired())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
     return condition();

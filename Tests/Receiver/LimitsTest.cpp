@@ -96,7 +96,7 @@ TEST_F(LimitsTest, ServesNoMoreConnectionsThanAllowed)
     EXPECT_EQ(first.sendReport("{}").status, 200);
 
     second.reset();
-    EXPECT_EQ(statusOfNewClient(*receiver, 503, std::chrono::seconds(10)), 200);
+    EXPECT_EQ(statusOfNewClient(*receiver, 503, std::chrono::seconds(30)), 200);
 }
 
 TEST_F(LimitsTest, SilentConnectionsLockNobodyOut)

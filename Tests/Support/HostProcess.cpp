@@ -42,7 +42,13 @@ bool HostProcess::waitForOutput(qsizetype bytes, const QByteArray &orText)
 
 bool HostProcess::waitForEnd()
 {
-    return spinUntil([&] { return m_process.state() == QProcess::NotRunning; });
+    const auto hasEnded = [this] { return m_process.state() == QProcess::NotRunning; };
+    for (qsizetype printed = -1; printed < m_output.size();) {
+        printed = m_output.size();
+        if (spinUntil([&] { return hasEnded() || m_output.size() > printed; }) && hasEnded())
+            return true;
+    }
+    return false;
 }
 
 void HostProcess::kill()

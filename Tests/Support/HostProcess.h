@@ -25,7 +25,7 @@ public:
     [[nodiscard]] bool waitForOutput(const QByteArray &text);
     /// Waits for that much output, or for that text if it comes sooner.
     [[nodiscard]] bool waitForOutput(qsizetype bytes, const QByteArray &orText);
-    /// False when it still runs after the deadline.
+    /// False when it still runs and has printed nothing for as long as the deadline.
     [[nodiscard]] bool waitForEnd();
     /// Ends it in the middle of whatever it does.
     void kill();

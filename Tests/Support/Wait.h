@@ -10,7 +10,7 @@
 namespace wexel {
 
 /// Runs the event loop until the condition holds. False when it still does not after the deadline.
-inline bool spinUntil(const std::function<bool()> &condition, int deadlineMilliseconds = 20'000)
+inline bool spinUntil(const std::function<bool()> &condition, int deadlineMilliseconds = 60'000)
 {
     constexpr int stepMilliseconds = 5; // work on other threads does not wake this loop by itself
     QTimer wakeUp;
