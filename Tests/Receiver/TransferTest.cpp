@@ -366,6 +366,18 @@ TEST(TarWriterTest, SaysThatTheDiskIsFull)
     EXPECT_EQ(backup.wait(), 1);
 }
 
+TEST(TarWriterTest, TakesThePlaceOfFilesOnly)
+{
+    const TemporaryFolder folder;
+    const std::string device = folder.path() / "device";
+    ASSERT_EQ(::mkfifo(device.c_str(), 0600), 0);
+    EXPECT_THROW(TarWriter{device}, std::runtime_error);
+    std::filesystem::create_symlink(device, folder.path() / "link");
+    EXPECT_THROW(TarWriter{folder.path() / "link"}, std::runtime_error);
+    EXPECT_THROW(TarWriter{folder.path()}, std::runtime_error);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2);
+}
+
 TEST(TarWriterTest, TwoWriteToOneName)
 {
     const TemporaryFolder folder;
