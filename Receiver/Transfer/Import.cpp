@@ -99,8 +99,9 @@ private:
 
     void takeAccess(const std::string &text)
     {
+        const std::vector<Poco::JSON::Object::Ptr> records = readAccess(text);
         m_data.database().write(
-            [&](Poco::Data::Session &session) { m_result.access = restoreAccess(session, text); });
+            [&](Poco::Data::Session &session) { m_result.access = restoreAccess(session, records); });
     }
 
     void takeFile(const std::string &id)

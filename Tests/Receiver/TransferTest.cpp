@@ -318,6 +318,10 @@ TEST_P(TransferTest, RefusesWhatNoExportHolds)
             + R"(","name":"n","size":1,"content_type":"","lost":true,"sha256":")" + hash
             + "\"},\"files\":[]}";
     };
+    const auto client = [](const std::string &name, const std::string &bundle) {
+        return R"({"client":")" + name + R"(","secret_digest":"d","created":1,"revoked":0,"bundle_ids":[")"
+            + bundle + "\"]}\n";
+    };
     const std::string hash(64, '0');
     const std::vector<std::pair<Entries, std::string>> cases = {
         {{{"files/../../evil", "x"}}, "id is wrong"},
@@ -329,6 +333,8 @@ TEST_P(TransferTest, RefusesWhatNoExportHolds)
          "id is wrong"},
         {{{"reports/1/report.json", "{}"}, {"reports/1/about.json", about("1", id, "0")}}, "id is wrong"},
         {{{"reports/1/report.json", "[]"}, {"reports/1/about.json", about("1", id, hash)}}, "JSON object"},
+        {{{"access.jsonl", client(R"(\u001b[31m)", "b")}}, "A client's id"},
+        {{{"access.jsonl", client("c", "../b")}}, "bundle"},
         {{{"end.json", R"({"reports":1})"}}, "does not hold the reports"},
         {{{"end.json", R"({"reports":0})"}, {"files/" + id, "x"}}, "does not hold the reports"},
     };
