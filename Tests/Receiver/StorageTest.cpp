@@ -128,7 +128,7 @@ TEST_P(StorageTest, KeepsBytesInOnePlaceOnly)
     other.files = place.files.empty() ? folder.path() / "elsewhere" : std::filesystem::path();
     const auto expectRefusal = [&](Access access) {
         try {
-            DataFolder(other, access);
+            const DataFolder opened(other, access);
             ADD_FAILURE() << "opened";
         } catch (const StorageError &error) {
             EXPECT_THAT(error.what(),

@@ -373,7 +373,7 @@ TEST_P(TransferTest, RefusesWhatNoExportHolds)
 TEST(TarWriterTest, SaysThatTheDiskIsFull)
 {
     const TemporaryFolder folder;
-    DataFolder({folder.path()}, Access::Serve);
+    const DataFolder source({folder.path()}, Access::Serve);
     Program backup({"/bin/sh", "-c", WEXEL_RECEIVER " backup - --data \"$0\" >/dev/full", folder.path()},
                    Program::Output::Both);
     EXPECT_THAT(backup.readAll(), testing::EndsWith(": No space left on device\n"));
