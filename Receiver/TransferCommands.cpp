@@ -14,8 +14,7 @@ void print(const ImportResult &result)
     std::cout << result.reports << " reports imported, " << result.known << " were known, " << result.deleted
               << " were deleted here and are not taken again\n";
     if (result.limited > 0)
-        std::cout << result.limited
-                  << " applications came with limits for what is kept: the next start removes "
+        std::cout << result.limited << " applications have limits for what is kept: the next start removes "
                   << "what is beyond them, and a server that runs does so within an hour\n";
     if (result.access.password != RestoredAccess::Password::None)
         std::cout << "The dashboard's password was "
@@ -50,7 +49,14 @@ int importReports(const Options &options)
     TarReader tar(options.file);
     readManifest(tar); // before an inbox is made for what is no export
     DataFolder data(options.place, DataFolder::Access::Fill);
-    print(importFrom(tar, data));
+    ImportResult result;
+    try {
+        importFrom(tar, data, result);
+    } catch (const std::exception &) {
+        print(result); // it stays
+        throw;
+    }
+    print(result);
     return std::cout.flush() ? 0 : 1;
 }
 

@@ -110,6 +110,22 @@ void agreeOnFiles(const StoragePlace &place, Database &database, bool maySet)
                                         "leave --files out"));
 }
 
+/// A folder that is not mounted looks like a new one, and what came now would be out of sight once it is.
+void refuseUnmounted(const fs::path &folder, Database &database)
+{
+    std::error_code error;
+    if (fs::exists(folder / "files", error) || error)
+        return;
+    int known = 0;
+    database.read([&](Poco::Data::Session &session) {
+        session << "SELECT count(*) FROM (SELECT id FROM files LIMIT 1) AS found", into(known), now;
+    });
+    if (known != 0)
+        refuse(folder,
+               "the inbox has files, but not here: is it mounted? If they are lost for good, make "
+               "a folder \"files\" in it");
+}
+
 std::unique_ptr<FileStore> openFiles(const StoragePlace &place, Database &database, DataFolder::Access access)
 {
     const bool mayMake = access == DataFolder::Access::Serve || access == DataFolder::Access::Fill;
@@ -118,8 +134,10 @@ std::unique_ptr<FileStore> openFiles(const StoragePlace &place, Database &databa
         return std::make_unique<DatabaseFileStore>(database);
     auto files = std::make_unique<FolderFileStore>(place.database.empty() ? place.data : place.files);
     if (mayMake) {
-        if (!place.files.empty())
+        if (!place.files.empty()) {
+            refuseUnmounted(place.files, database);
             create(place.files);
+        }
         files->prepare(database);
     }
     return files;

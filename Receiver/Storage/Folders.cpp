@@ -34,7 +34,9 @@ bool giveToOwnerOf(const std::filesystem::path &folder, const Descriptor &made)
     struct stat own = {};
     if (::stat(folder.c_str(), &owned) != 0 || ::fstat(made.number(), &own) != 0)
         return false;
-    return own.st_uid == owned.st_uid || ::fchown(made.number(), owned.st_uid, owned.st_gid) == 0;
+    // Where root's files become another's by themselves, as on a network's folder, root can't give them away.
+    const bool isRoots = own.st_uid == 0;
+    return !isRoots || owned.st_uid == 0 || ::fchown(made.number(), owned.st_uid, owned.st_gid) == 0;
 }
 
 std::filesystem::path folderOf(const std::filesystem::path &path)

@@ -1,8 +1,11 @@
 #include "Transfer/AccessRecords.h"
 
+#include "Access/ClientStore.h"
+#include "BundleId.h"
 #include "Text.h"
 
 #include <Poco/Data/RecordSet.h>
+#include <Poco/Exception.h>
 #include <Poco/JSON/Parser.h>
 
 namespace wexel::receiver {
@@ -57,6 +60,20 @@ bool restorePassword(Session &session, const std::string &password)
     return insert.execute() > 0;
 }
 
+void failOn(const std::string &fault)
+{
+    if (!fault.empty())
+        throw Poco::DataFormatException(fault);
+}
+
+/// Commands print these names as they are.
+void checkNames(const Object &client)
+{
+    failOn(clientIdFault(client.getValue<std::string>("client")));
+    for (const Poco::Dynamic::Var &bundle : *client.getArray("bundle_ids"))
+        failOn(bundleIdFault(bundle.convert<std::string>()));
+}
+
 bool restoreClient(Session &session, const Object &client)
 {
     const auto id = client.getValue<std::string>("client");
@@ -80,14 +97,24 @@ std::string accessText(Session &session)
     return passwordLine(session) + clientLines(session);
 }
 
-RestoredAccess restoreAccess(Session &session, const std::string &text)
+std::vector<Object::Ptr> readAccess(const std::string &text)
 {
-    using Password = RestoredAccess::Password;
-    RestoredAccess result;
+    std::vector<Object::Ptr> records;
     for (const std::string_view line : split(text, '\n')) {
         if (line.empty())
             continue;
-        const auto object = Poco::JSON::Parser().parse(std::string(line)).extract<Object::Ptr>();
+        records.push_back(Poco::JSON::Parser().parse(std::string(line)).extract<Object::Ptr>());
+        if (!records.back()->has("administrator"))
+            checkNames(*records.back());
+    }
+    return records;
+}
+
+RestoredAccess restoreAccess(Session &session, const std::vector<Object::Ptr> &records)
+{
+    using Password = RestoredAccess::Password;
+    RestoredAccess result;
+    for (const Object::Ptr &object : records) {
         if (object->has("administrator"))
             result.password = restorePassword(session, object->getValue<std::string>("administrator"))
                 ? Password::Taken

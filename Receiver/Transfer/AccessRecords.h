@@ -1,9 +1,11 @@
 #pragma once
 
 #include <Poco/Data/Session.h>
+#include <Poco/JSON/Object.h>
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace wexel::receiver {
 
@@ -18,7 +20,11 @@ struct RestoredAccess {
     std::int64_t knownClients = 0; ///< which stay as they are here
 };
 
-/// Takes over what is not known yet; what is stays. Throws a Poco::Exception if \a text is something else.
-RestoredAccess restoreAccess(Poco::Data::Session &session, const std::string &text);
+/// The objects of such lines. Throws a Poco::Exception if \a text is something else, or a name in it is none.
+std::vector<Poco::JSON::Object::Ptr> readAccess(const std::string &text);
+
+/// Takes over what is not known yet; what is stays.
+RestoredAccess restoreAccess(Poco::Data::Session &session,
+                             const std::vector<Poco::JSON::Object::Ptr> &records);
 
 } // namespace wexel::receiver

@@ -27,7 +27,12 @@ struct Received {
 class Importer
 {
 public:
-    Importer(TarReader &tar, DataFolder &data) : m_tar(tar), m_data(data) { }
+    Importer(TarReader &tar, DataFolder &data, ImportResult &result)
+        : m_tar(tar)
+        , m_data(data)
+        , m_result(result)
+    {
+    }
 
     void run()
     {
@@ -36,8 +41,6 @@ public:
         checkEnd(m_tar.readAll(longestRecord));
         removeUnneeded();
     }
-
-    const ImportResult &result() const { return m_result; }
 
 private:
     void checkEnd(const std::string &text)
@@ -68,16 +71,20 @@ private:
 
     void takeApplications(const std::string &text)
     {
-        std::set<std::string> known;
+        std::map<std::string, Retention> known;
         for (const ApplicationOverview &application : m_data.reports().applications())
-            known.insert(application.application.bundleId);
+            known.emplace(application.application.bundleId, application.retention);
         for (const std::string_view line : split(text, '\n')) {
             if (line.empty())
                 continue;
             const ApplicationOverview application = readApplicationRecord(std::string(line));
             m_data.reports().registerApplication(application.application);
-            if (!known.contains(application.application.bundleId))
+            const auto found = known.find(application.application.bundleId);
+            if (found == known.end())
                 tell(application);
+            // Also if an import before this one brought the limit: it may have been cut off before it could say so.
+            const Retention &kept = found == known.end() ? application.retention : found->second;
+            m_result.limited += kept.maximumAgeDays || kept.maximumBytes ? 1 : 0;
         }
     }
 
@@ -86,16 +93,15 @@ private:
     {
         const std::string &bundleId = application.application.bundleId;
         m_data.reports().setRetention(bundleId, application.retention);
-        if (application.retention.maximumAgeDays || application.retention.maximumBytes)
-            ++m_result.limited;
         if (application.archived)
             m_data.reports().setArchived(bundleId, true);
     }
 
     void takeAccess(const std::string &text)
     {
+        const std::vector<Poco::JSON::Object::Ptr> records = readAccess(text);
         m_data.database().write(
-            [&](Poco::Data::Session &session) { m_result.access = restoreAccess(session, text); });
+            [&](Poco::Data::Session &session) { m_result.access = restoreAccess(session, records); });
     }
 
     void takeFile(const std::string &id)
@@ -185,7 +191,7 @@ private:
     std::string m_json; ///< of the next report
     std::vector<std::string> m_added; ///< the ids of the files that came with the next report
     std::vector<std::string> m_unneeded; ///< the ids of those that may have come in vain
-    ImportResult m_result;
+    ImportResult &m_result;
 };
 
 /// Runs \a read with what the records' reader throws turned into a text for the user.
@@ -214,19 +220,9 @@ void readManifest(TarReader &tar)
     });
 }
 
-ImportResult importFrom(TarReader &tar, DataFolder &data)
+void importFrom(TarReader &tar, DataFolder &data, ImportResult &result)
 {
-    Importer importer(tar, data);
-    try {
-        explained(tar, [&] { importer.run(); });
-    } catch (const std::runtime_error &error) {
-        const std::int64_t reports = importer.result().reports;
-        if (reports == 0)
-            throw;
-        throw std::runtime_error(error.what() + ("; " + std::to_string(reports))
-                                 + " reports were imported before that");
-    }
-    return importer.result();
+    explained(tar, [&] { Importer(tar, data, result).run(); });
 }
 
 } // namespace wexel::receiver

@@ -12,7 +12,7 @@ struct ImportResult {
     std::int64_t reports = 0;
     std::int64_t known = 0; ///< those that were here before
     std::int64_t deleted = 0; ///< those that were deleted here, and are not taken again
-    std::int64_t limited = 0; ///< applications that came with a retention
+    std::int64_t limited = 0; ///< applications of the file that have a retention here, perhaps by it
     RestoredAccess access;
 };
 
@@ -21,8 +21,8 @@ struct ImportResult {
 void readManifest(TarReader &tar);
 
 /// Adds what an export or a backup holds behind its beginning to \a data, beside servers at work. A report comes whole or not
-/// at all; what came before an error stays, and the next import does not add it again. Throws std::runtime_error with a text
-/// for the user.
-ImportResult importFrom(TarReader &tar, DataFolder &data);
+/// at all; what came before an error stays, \a result tells of it, and the next import does not add it again. Throws
+/// std::runtime_error with a text for the user.
+void importFrom(TarReader &tar, DataFolder &data, ImportResult &result);
 
 } // namespace wexel::receiver

@@ -19,6 +19,20 @@ namespace wexel::receiver {
 
 namespace {
 
+/// The name of \a file until it is whole; empty for the standard output. What is no file, such as /dev/null or /dev/stdout,
+/// is refused: the archive would be put in its place.
+std::string partOf(const std::string &file)
+{
+    if (file == "-")
+        return {};
+    std::error_code error;
+    const std::filesystem::file_status there = std::filesystem::symlink_status(file, error);
+    if (std::filesystem::exists(there) && !std::filesystem::is_regular_file(there))
+        throw std::runtime_error("Can't write " + file
+                                 + ": something else than a file is there (the standard output is -)");
+    return file + ".part.XXXXXX";
+}
+
 /// Another writer may have the same target, so \a part gets a name of its own.
 int openForWriting(std::string &part)
 {
@@ -34,7 +48,7 @@ int openForWriting(std::string &part)
 
 TarWriter::TarWriter(const std::string &file)
     : m_file(file)
-    , m_part(file == "-" ? "" : file + ".part.XXXXXX")
+    , m_part(partOf(file))
     , m_descriptor(openForWriting(m_part))
     , m_archive(archive_write_new(), archive_write_free)
 {

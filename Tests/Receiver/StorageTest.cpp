@@ -128,7 +128,7 @@ TEST_P(StorageTest, KeepsBytesInOnePlaceOnly)
     other.files = place.files.empty() ? folder.path() / "elsewhere" : std::filesystem::path();
     const auto expectRefusal = [&](Access access) {
         try {
-            DataFolder(other, access);
+            const DataFolder opened(other, access);
             ADD_FAILURE() << "opened";
         } catch (const StorageError &error) {
             EXPECT_THAT(error.what(),
@@ -146,6 +146,24 @@ TEST_P(StorageTest, KeepsBytesInOnePlaceOnly)
         session << "UPDATE schema_version SET version = 5", Poco::Data::Keywords::now;
     });
     expectRefusal(Access::Serve);
+}
+
+TEST_P(StorageTest, RefusesAFolderThatIsNotMounted)
+{
+    if (place.files.empty())
+        GTEST_SKIP() << "there is no folder that others share";
+    addFile(*std::make_unique<DataFolder>(place, Access::Serve), "bytes");
+    const auto away = folder.path() / "away";
+    std::filesystem::rename(place.files, away);
+    for (const Access access : {Access::Serve, Access::Fill}) {
+        EXPECT_THROW(DataFolder(place, access), StorageError);
+        EXPECT_FALSE(std::filesystem::exists(place.files));
+    }
+    std::filesystem::rename(away, place.files);
+    EXPECT_NO_THROW(DataFolder(place, Access::Serve));
+    std::filesystem::remove_all(place.files);
+    std::filesystem::create_directories(place.files / "files");
+    EXPECT_NO_THROW(DataFolder(place, Access::Serve)) << "they may be lost for good";
 }
 
 TEST_P(StorageTest, TakesAReportOnce)
