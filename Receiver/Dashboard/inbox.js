@@ -28,6 +28,7 @@ export function showInbox({place, route, signal}) {
     let loading = new AbortController();
     let loaded = null; // settles with the last load
     let isLoading = false;
+    let isRefused = false; // for good: only another question has an answer
     let newFrom; // when its list was left for one that shows what arrived since
 
     fill(place, el('h1.off-screen', 'Inbox'), filters.element, el('.list-line', count, filters.clear, news), empty, list.element, paging);
@@ -74,16 +75,18 @@ export function showInbox({place, route, signal}) {
         loading.abort();
         loading = new AbortController();
         isLoading = true;
+        isRefused = false;
         list.element.setAttribute('aria-busy', 'true');
         loaded = get('reports?' + listQuery(parameters), loading.signal).then(render);
         return loaded.catch(giveUp);
     }
 
-    /// The receiver did not take the question, or has no answer: the next turn asks again.
+    /// The receiver has no answer just now: the next turn asks again. Or it did not take the question: asking again changes nothing.
     function giveUp(error) {
         if (error.name === 'AbortError')
             return; // another list is on its way
         settle();
+        isRefused = error.status >= 400 && error.status < 500;
         shown = null;
         clear();
         failed(empty, error, load);
@@ -131,7 +134,7 @@ export function showInbox({place, route, signal}) {
     /// Asks for the first report only; the rest is asked for when there is something to show.
     async function lookForNews() {
         if (!shown)
-            return isLoading || load();
+            return isLoading || isRefused || load();
         const asked = parameters;
         const query = listQuery(parameters);
         query.set('page', 1);
