@@ -29,6 +29,7 @@ export function showInbox({place, route, signal}) {
     let loaded = null; // settles with the last load
     let isLoading = false;
     let isRefused = false; // for good: only another question has an answer
+    let listed = null; // the newest report of all that the filters and the applications are of
     let newFrom; // when its list was left for one that shows what arrived since
 
     fill(place, el('h1.off-screen', 'Inbox'), filters.element, el('.list-line', count, filters.clear, news), empty, list.element, paging);
@@ -119,6 +120,7 @@ export function showInbox({place, route, signal}) {
         const seen = shown?.newest ?? newFrom;
         newFrom = undefined;
         shown = {...answer, top: answer.reports[0]?.id};
+        listed ??= answer.newest;
         settle();
         list.show(answer.reports, parameters, seen);
         news.hidden = true;
@@ -142,8 +144,10 @@ export function showInbox({place, route, signal}) {
         const now = await get('reports?' + query, signal);
         if (asked !== parameters || !shown)
             return;
-        if (now.newest !== shown.newest)
+        if (now.newest !== listed) {
+            listed = now.newest;
             refreshLists();
+        }
         const top = pageNumber(parameters) === 1 ? now.reports[0]?.id : shown.top;
         if (now.total === shown.total && top === shown.top)
             return;
