@@ -60,12 +60,10 @@ export function showInbox({place, route, signal}) {
 
     function update(next) {
         const otherApplication = next.parameters.get('bundle_id') !== parameters.get('bundle_id');
-        const otherPage = pageNumber(next.parameters) !== pageNumber(parameters);
         parameters = next.parameters;
         shown = null;
         filters.show(parameters);
-        if (otherPage)
-            scrollTo(0, 0);
+        scrollTo(0, 0);
         load();
         if (otherApplication)
             filters.refresh().catch(() => {});
