@@ -122,7 +122,7 @@ function target(changes) {
 function select(label, name) {
     return el('select', {'aria-label': label, name, onchange: ({target: {value}}) => {
         if (name === 'time')
-            return value === 'between' || go(target({time: value, from: '', to: ''}));
+            return go(target(value === 'between' ? {time: ''} : {time: value, from: '', to: ''}));
         go(target({[name]: name === 'sort' && value === '-received' ? '' : value}));
     }});
 }
