@@ -71,6 +71,8 @@ export function buildFilters({signal, toFirst}) {
     }
 
     function leaveSearch(event) {
+        if (event.isComposing)
+            return; // the key is for what is being composed
         if (event.key === 'Escape') {
             search.value = '';
             find();
