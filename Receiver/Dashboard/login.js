@@ -23,10 +23,16 @@ export function showLogin(enter, reason = '') {
         problem.textContent = '';
         try {
             await change('POST', 'session', {password: password.value});
-            enter(await get('session')); // which proves that the browser kept the cookie
+            enter(await get('session').catch(noCookie));
         } catch (error) {
             explain(error);
         }
+    }
+
+    /// The password was right.
+    function noCookie(error) {
+        throw error.status === 401 ? new Error('That is the password, but the browser did not keep its cookie. Allow cookies here;'
+            + ' if the receiver’s public address begins with https, use that one.') : error;
     }
 
     function explain(error) {
