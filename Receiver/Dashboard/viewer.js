@@ -88,7 +88,7 @@ export function openViewer(source, name) {
         ArrowLeft: () => move(60, 0), ArrowRight: () => move(-60, 0), ArrowUp: () => move(0, 60), ArrowDown: () => move(0, -60),
     };
     dialog.addEventListener('keydown', (event) => {
-        if (!Object.hasOwn(keys, event.key) || event.ctrlKey || event.metaKey)
+        if (!Object.hasOwn(keys, event.key) || event.ctrlKey || event.metaKey || event.altKey)
             return;
         event.preventDefault();
         keys[event.key]();
