@@ -3,6 +3,7 @@
 import {el} from './dom.js';
 import {icon} from './icons.js';
 import {percent} from './format.js';
+import {say} from './notify.js';
 
 const largest = 16;
 const step = 1.25;
@@ -101,7 +102,10 @@ export function openViewer(source, name) {
     document.body.append(dialog);
     dialog.showModal();
     stage.focus();
-    image.decode().then(fit, () => dialog.close());
+    image.decode().then(fit, () => {
+        dialog.close();
+        say('The picture can’t be shown.');
+    });
     observer.observe(stage);
 }
 
