@@ -9,7 +9,7 @@ import {address} from './router.js';
 import {wasOpened} from './opened.js';
 import {visible} from './text.js';
 
-const summaryLength = 199; // characters: of a longer line the receiver keeps 200, and does not say that it was cut
+const summaryLength = 200; // characters; of a longer line the receiver keeps one more
 
 export function buildRow(report, parameters) {
     const summary = visible(report.summary, summaryLength);

@@ -16,7 +16,7 @@ using Poco::Data::Session;
 
 namespace {
 
-constexpr std::size_t summaryLength = 200; // characters
+constexpr std::size_t summaryLength = 201; // characters: one more than the list shows, for its "…"
 constexpr std::size_t factLength = 250; // characters; longer ones don't fit an index
 constexpr std::size_t storedSearchSize = 4000; // bytes
 
