@@ -35,7 +35,7 @@ function inShort(report) {
     return words && el('span.row-short.cut', quoted(words));
 }
 
-/// A number alone says nothing, and which system it is of, the list does not know.
+/// A number alone says nothing: of a report without the system's name.
 function system({os_version: version}) {
     return /^\d/.test(version) ? `OS ${version}` : version;
 }

@@ -90,8 +90,9 @@ void describe(Session &session, std::int64_t id, const std::string &bundleId, co
            "ON files.id = file_id WHERE report_id = reports.id) WHERE id = $8",
         bind(shortened(firstLine(facts.description), summaryLength)),
         bind(shortened(facts.tester, factLength)), bind(shortened(facts.device, factLength)),
-        bind(shortened(facts.osVersion, factLength)), bind(shortened(facts.appVersion, factLength)),
-        bind(searchText(search, storedSearchSize)), bind(static_cast<std::int64_t>(jsonSize)), bind(id), now;
+        bind(shortened(Poco::trim(facts.os + ' ' + facts.osVersion), factLength)),
+        bind(shortened(facts.appVersion, factLength)), bind(searchText(search, storedSearchSize)),
+        bind(static_cast<std::int64_t>(jsonSize)), bind(id), now;
 }
 
 void describeReports(Session &session)
