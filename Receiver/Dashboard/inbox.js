@@ -128,6 +128,8 @@ export function showInbox({place, route, signal}) {
         count.hidden = isBare; // filters would have nothing to choose from
         filters.element.hidden = isBare;
         fill(empty, answer.total > 0 ? null : isFiltered(parameters) ? nothingFound() : emptyInbox());
+        if (paging.contains(document.activeElement))
+            place.focus({preventScroll: true}); // the link goes
         fill(paging, pagingLinks(answer.total));
     }
 
