@@ -48,6 +48,9 @@ export function showLogin(enter, reason = '') {
         problem.textContent = seconds > 0 ? `Too many attempts. Try again in ${seconds} s.` : '';
         button.disabled = seconds > 0;
         if (seconds > 0 && problem.isConnected)
-            setTimeout(countDown, 1000, seconds - 1);
+            setTimeout(() => {
+                problem.ariaLive = seconds > 1 ? 'off' : null; // the first words are read out, not every second
+                countDown(seconds - 1);
+            }, 1000);
     }
 }
