@@ -85,11 +85,9 @@ private:
     }
 
     static inline const std::map<std::string, std::string ReportFacts::*> facts
-        = {{"description", &ReportFacts::description},
-           {"tester_email", &ReportFacts::tester},
-           {"device", &ReportFacts::device},
-           {"os_version", &ReportFacts::osVersion},
-           {"app_version", &ReportFacts::appVersion}};
+        = {{"description", &ReportFacts::description}, {"tester_email", &ReportFacts::tester},
+           {"device", &ReportFacts::device},           {"os", &ReportFacts::os},
+           {"os_version", &ReportFacts::osVersion},    {"app_version", &ReportFacts::appVersion}};
 
     ReportDocument m_document;
     JsonDigest m_digest;

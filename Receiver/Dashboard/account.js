@@ -12,6 +12,7 @@ export function showAccount({place}) {
     const next = field('new', `New password, at least ${shortest} characters`, 'new-password');
     const again = field('again', 'New password again', 'new-password');
     const problem = el('p.problem', {role: 'alert'});
+    let isSending = false;
     const form = el('form.panel.form', {onsubmit: submit}, el('h2', 'Password'),
         el('input.off-screen', {type: 'text', name: 'username', value: 'administrator', autocomplete: 'username', tabIndex: -1, 'aria-hidden': 'true', readonly: true}),
         [now, next, again].map(({label, input}) => [label, input]), problem,
@@ -21,10 +22,13 @@ export function showAccount({place}) {
 
     async function submit(event) {
         event.preventDefault();
+        if (isSending)
+            return; // twice, the second one would end the session of the first
         problem.textContent = [...next.input.value].length < shortest ? `The new password needs ${shortest} characters.`
             : next.input.value !== again.input.value ? 'The new passwords differ.' : '';
         if (problem.textContent)
             return;
+        isSending = true;
         try {
             setCsrf((await change('POST', 'password', {current: now.input.value, new: next.input.value})).csrf);
             form.reset();
@@ -32,6 +36,7 @@ export function showAccount({place}) {
         } catch (error) {
             problem.textContent = error.status === 403 ? 'The current password is not right.' : error.message;
         }
+        isSending = false;
     }
 }
 

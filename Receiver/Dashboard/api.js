@@ -40,8 +40,18 @@ export async function get(path, signal) {
     }
 }
 
-export function change(method, path, body = {}) {
-    return request(method, path, body);
+/// A refused token did nothing: another tab may have logged in anew, and this one takes its token.
+export async function change(method, path, body = {}) {
+    const sent = csrf;
+    try {
+        return await request(method, path, body);
+    } catch (error) {
+        const session = error.status === 403 ? await request('GET', 'session').catch(() => null) : null;
+        if (!session || session.csrf === sent)
+            throw error;
+        setCsrf(session.csrf);
+        return request(method, path, body);
+    }
 }
 
 /// Whether the same request may succeed later: the receiver, or what stands before it, is away or busy.

@@ -9,10 +9,12 @@ export function openDialog(title, content, {className = '', mustAnswer = false} 
     const close = el('button.quiet.square', {type: 'button', 'aria-label': 'Close', onclick: () => dialog.close()}, icon('close'));
     const dialog = el('dialog', {'aria-labelledby': 'dialog-title', className: mustAnswer ? 'must-answer' : className, closedby: mustAnswer && 'none'},
         el('.dialog-head', heading, !mustAnswer && close), content);
+    let pressed = null; // a selection may begin in a field and end on the backdrop
     if (mustAnswer)
         dialog.addEventListener('cancel', (event) => event.preventDefault()); // for browsers that don't know "closedby"
     else
-        dialog.addEventListener('click', (event) => event.target === dialog && dialog.close());
+        dialog.addEventListener('click', (event) => event.target === dialog && pressed === dialog && dialog.close());
+    dialog.addEventListener('pointerdown', ({target}) => { pressed = target; });
     dialog.addEventListener('close', () => {
         dialog.remove();
         if (document.activeElement === document.body) // what had the focus is gone

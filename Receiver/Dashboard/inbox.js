@@ -28,6 +28,8 @@ export function showInbox({place, route, signal}) {
     let loading = new AbortController();
     let loaded = null; // settles with the last load
     let isLoading = false;
+    let isRefused = false; // for good: only another question has an answer
+    let listed = null; // the newest report of all that the filters and the applications are of
     let newFrom; // when its list was left for one that shows what arrived since
 
     fill(place, el('h1.off-screen', 'Inbox'), filters.element, el('.list-line', count, filters.clear, news), empty, list.element, paging);
@@ -58,12 +60,10 @@ export function showInbox({place, route, signal}) {
 
     function update(next) {
         const otherApplication = next.parameters.get('bundle_id') !== parameters.get('bundle_id');
-        const otherPage = pageNumber(next.parameters) !== pageNumber(parameters);
         parameters = next.parameters;
         shown = null;
         filters.show(parameters);
-        if (otherPage)
-            scrollTo(0, 0);
+        scrollTo(0, 0);
         load();
         if (otherApplication)
             filters.refresh().catch(() => {});
@@ -74,16 +74,18 @@ export function showInbox({place, route, signal}) {
         loading.abort();
         loading = new AbortController();
         isLoading = true;
+        isRefused = false;
         list.element.setAttribute('aria-busy', 'true');
         loaded = get('reports?' + listQuery(parameters), loading.signal).then(render);
         return loaded.catch(giveUp);
     }
 
-    /// The receiver did not take the question, or has no answer: the next turn asks again.
+    /// The receiver has no answer just now: the next turn asks again. Or it did not take the question: asking again changes nothing.
     function giveUp(error) {
         if (error.name === 'AbortError')
             return; // another list is on its way
         settle();
+        isRefused = error.status >= 400 && error.status < 500;
         shown = null;
         clear();
         failed(empty, error, load);
@@ -116,6 +118,7 @@ export function showInbox({place, route, signal}) {
         const seen = shown?.newest ?? newFrom;
         newFrom = undefined;
         shown = {...answer, top: answer.reports[0]?.id};
+        listed ??= answer.newest;
         settle();
         list.show(answer.reports, parameters, seen);
         news.hidden = true;
@@ -125,13 +128,15 @@ export function showInbox({place, route, signal}) {
         count.hidden = isBare; // filters would have nothing to choose from
         filters.element.hidden = isBare;
         fill(empty, answer.total > 0 ? null : isFiltered(parameters) ? nothingFound() : emptyInbox());
+        if (paging.contains(document.activeElement))
+            place.focus({preventScroll: true}); // the link goes
         fill(paging, pagingLinks(answer.total));
     }
 
     /// Asks for the first report only; the rest is asked for when there is something to show.
     async function lookForNews() {
         if (!shown)
-            return isLoading || load();
+            return isLoading || isRefused || load();
         const asked = parameters;
         const query = listQuery(parameters);
         query.set('page', 1);
@@ -139,8 +144,10 @@ export function showInbox({place, route, signal}) {
         const now = await get('reports?' + query, signal);
         if (asked !== parameters || !shown)
             return;
-        if (now.newest !== shown.newest)
+        if (now.newest !== listed) {
+            listed = now.newest;
             refreshLists();
+        }
         const top = pageNumber(parameters) === 1 ? now.reports[0]?.id : shown.top;
         if (now.total === shown.total && top === shown.top)
             return;

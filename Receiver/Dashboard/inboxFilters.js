@@ -71,6 +71,8 @@ export function buildFilters({signal, toFirst}) {
     }
 
     function leaveSearch(event) {
+        if (event.isComposing)
+            return; // the key is for what is being composed
         if (event.key === 'Escape') {
             search.value = '';
             find();
@@ -122,7 +124,7 @@ function target(changes) {
 function select(label, name) {
     return el('select', {'aria-label': label, name, onchange: ({target: {value}}) => {
         if (name === 'time')
-            return value === 'between' || go(target({time: value, from: '', to: ''}));
+            return go(target(value === 'between' ? {time: ''} : {time: value, from: '', to: ''}));
         go(target({[name]: name === 'sort' && value === '-received' ? '' : value}));
     }});
 }

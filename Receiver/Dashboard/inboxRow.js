@@ -9,7 +9,7 @@ import {address} from './router.js';
 import {wasOpened} from './opened.js';
 import {visible} from './text.js';
 
-const summaryLength = 199; // characters: of a longer line the receiver keeps 200, and does not say that it was cut
+const summaryLength = 200; // characters; of a longer line the receiver keeps one more
 
 export function buildRow(report, parameters) {
     const summary = visible(report.summary, summaryLength);
@@ -35,7 +35,7 @@ function inShort(report) {
     return words && el('span.row-short.cut', quoted(words));
 }
 
-/// A number alone says nothing, and which system it is of, the list does not know.
+/// A number alone says nothing: of a report without the system's name.
 function system({os_version: version}) {
     return /^\d/.test(version) ? `OS ${version}` : version;
 }

@@ -23,10 +23,16 @@ export function showLogin(enter, reason = '') {
         problem.textContent = '';
         try {
             await change('POST', 'session', {password: password.value});
-            enter(await get('session')); // which proves that the browser kept the cookie
+            enter(await get('session').catch(noCookie));
         } catch (error) {
             explain(error);
         }
+    }
+
+    /// The password was right.
+    function noCookie(error) {
+        throw error.status === 401 ? new Error('That is the password, but the browser did not keep its cookie. Allow cookies here;'
+            + ' if the receiver’s public address begins with https, use that one.') : error;
     }
 
     function explain(error) {
@@ -42,6 +48,9 @@ export function showLogin(enter, reason = '') {
         problem.textContent = seconds > 0 ? `Too many attempts. Try again in ${seconds} s.` : '';
         button.disabled = seconds > 0;
         if (seconds > 0 && problem.isConnected)
-            setTimeout(countDown, 1000, seconds - 1);
+            setTimeout(() => {
+                problem.ariaLive = seconds > 1 ? 'off' : null; // the first words are read out, not every second
+                countDown(seconds - 1);
+            }, 1000);
     }
 }

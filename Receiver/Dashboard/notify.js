@@ -15,16 +15,21 @@ export function say(text) {
     setTimeout(() => toast.remove(), shownFor);
 }
 
-/// Also over plain HTTP, where the browser has no clipboard for pages.
+/// Also over plain HTTP, where the browser has no clipboard for pages. Whether it has copied.
 async function copy(text) {
     try {
         await navigator.clipboard.writeText(text);
+        return true;
     } catch {
+        const focused = document.activeElement;
         const area = el('textarea.off-screen', {value: text});
         (document.querySelector('dialog[open]') ?? document.body).append(area);
+        area.focus({preventScroll: true});
         area.select();
-        document.execCommand('copy');
+        const isCopied = document.execCommand('copy');
         area.remove();
+        focused?.focus({preventScroll: true});
+        return isCopied;
     }
 }
 
@@ -33,8 +38,7 @@ export function copyButton(makeText) {
     const label = el('span', {role: 'status'}, 'Copy');
     return el('button.quiet.small.copy', {type: 'button', async onclick(event) {
         event.stopPropagation();
-        await copy(makeText());
-        label.textContent = 'Copied';
+        label.textContent = await copy(makeText()) ? 'Copied' : 'Failed';
         setTimeout(() => { label.textContent = 'Copy'; }, shownFor / 2);
     }}, icon('copy'), label);
 }

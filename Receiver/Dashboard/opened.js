@@ -19,6 +19,8 @@ export function wasOpened(id) {
 }
 
 export function markOpened(id) {
+    for (const each of stored())
+        opened.add(each); // by other tabs
     opened.delete(id);
     opened.add(id);
     try {

@@ -35,8 +35,8 @@ export function showReport({place, route, signal}) {
     }
 
     async function load({id, parameters}, ofThis) {
-        const bar = buildBar(Number(id), parameters);
-        document.title = `Report ${Number(id)} · Wexel`;
+        const bar = buildBar(Number(id) || null, parameters);
+        document.title = `Report ${id} · Wexel`;
         place.setAttribute('aria-busy', 'true');
         const slow = setTimeout(() => fill(place, bar.element, el('p.loading', {role: 'status'}, 'Loading…')), patience);
         ofThis.addEventListener('abort', () => clearTimeout(slow));

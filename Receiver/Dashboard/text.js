@@ -1,6 +1,7 @@
 // What a report says may be missing, of any type, huge or made to mislead. These make texts of it that can be shown.
 
-const hiddenCharacters = /[\u0000-\u001f\u007f-\u009f\u200b-\u200f\u2028-\u202e\u2060-\u2069\ufeff\u061c]/g;
+// Not the joiners U+200C and U+200D: Persian words and many emoji are written with them.
+const hiddenCharacters = /[\u0000-\u001f\u007f-\u009f\u200b\u200e\u200f\u2028-\u202e\u2060-\u2069\ufeff\u061c]/g;
 const emailAddress = /^[^\s@<>"'(),;:?&%\\]+@[^\s@<>"'(),;:?&%\\]+$/;
 
 /// '' for what is missing; objects as JSON.

@@ -48,6 +48,8 @@ export function buildCursor({area, span, moments, show, zoom, isZoomed, reset, s
     area.addEventListener('dblclick', reset);
     area.addEventListener('pointerleave', ({pointerType}) => pointerType === 'mouse' && start === null && place(null));
     area.addEventListener('keydown', (event) => {
+        if (event.altKey || event.metaKey)
+            return; // the browser's own: back and forward
         const {from, to} = span();
         const step = (to - from) / (event.shiftKey ? 20 : 120);
         const target = event.ctrlKey ? {ArrowLeft: momentBefore(shown ?? to), ArrowRight: momentAfter(shown ?? from)}[event.key]

@@ -3,6 +3,7 @@
 import {el} from './dom.js';
 import {icon} from './icons.js';
 import {percent} from './format.js';
+import {say} from './notify.js';
 
 const largest = 16;
 const step = 1.25;
@@ -88,7 +89,7 @@ export function openViewer(source, name) {
         ArrowLeft: () => move(60, 0), ArrowRight: () => move(-60, 0), ArrowUp: () => move(0, 60), ArrowDown: () => move(0, -60),
     };
     dialog.addEventListener('keydown', (event) => {
-        if (!Object.hasOwn(keys, event.key) || event.ctrlKey || event.metaKey)
+        if (!Object.hasOwn(keys, event.key) || event.ctrlKey || event.metaKey || event.altKey)
             return;
         event.preventDefault();
         keys[event.key]();
@@ -101,7 +102,10 @@ export function openViewer(source, name) {
     document.body.append(dialog);
     dialog.showModal();
     stage.focus();
-    image.decode().then(fit, () => dialog.close());
+    image.decode().then(fit, () => {
+        dialog.close();
+        say('The picture can’t be shown.');
+    });
     observer.observe(stage);
 }
 

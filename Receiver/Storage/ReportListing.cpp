@@ -16,7 +16,7 @@ using Poco::Data::Session;
 
 namespace {
 
-constexpr std::size_t summaryLength = 200; // characters
+constexpr std::size_t summaryLength = 201; // characters: one more than the list shows, for its "…"
 constexpr std::size_t factLength = 250; // characters; longer ones don't fit an index
 constexpr std::size_t storedSearchSize = 4000; // bytes
 
@@ -90,8 +90,9 @@ void describe(Session &session, std::int64_t id, const std::string &bundleId, co
            "ON files.id = file_id WHERE report_id = reports.id) WHERE id = $8",
         bind(shortened(firstLine(facts.description), summaryLength)),
         bind(shortened(facts.tester, factLength)), bind(shortened(facts.device, factLength)),
-        bind(shortened(facts.osVersion, factLength)), bind(shortened(facts.appVersion, factLength)),
-        bind(searchText(search, storedSearchSize)), bind(static_cast<std::int64_t>(jsonSize)), bind(id), now;
+        bind(shortened(Poco::trim(facts.os + ' ' + facts.osVersion), factLength)),
+        bind(shortened(facts.appVersion, factLength)), bind(searchText(search, storedSearchSize)),
+        bind(static_cast<std::int64_t>(jsonSize)), bind(id), now;
 }
 
 void describeReports(Session &session)

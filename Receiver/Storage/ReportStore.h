@@ -24,6 +24,7 @@ struct ReportFacts {
     std::string description;
     std::string tester; ///< e-mail address
     std::string device;
+    std::string os;
     std::string osVersion;
     std::string appVersion;
 };
@@ -94,7 +95,7 @@ struct ReportRow {
     std::string summary; ///< the first line of the description, cut
     std::string tester; ///< e-mail address
     std::string device;
-    std::string osVersion;
+    std::string osVersion; ///< behind the system's name, where the report has one
     std::string appVersion;
     bool hasScreenshot = false;
     std::int64_t files = 0; ///< attached ones

@@ -6,7 +6,7 @@ import {join} from 'node:path';
 import {after, before, test} from 'node:test';
 import {checkPage, logIn, openBrowser, openPage} from './browser.mjs';
 import {bundleId, installHost, isBuilt, runHost} from './host.mjs';
-import {picture, startReceiver} from './receiver.mjs';
+import {password, picture, startReceiver} from './receiver.mjs';
 
 const description = 'The total is wrong';
 let browser;
@@ -40,6 +40,11 @@ const row = (text) => page.locator('.row', {hasText: text});
 step('a wrong password is refused, the right one shows what to do first', async () => {
     await logIn(page, 'wrong');
     await page.getByText('That is not the password.').waitFor();
+    const forget = (route) => route.request().method() === 'GET' ? route.fulfill({status: 401, json: {}}) : route.continue();
+    await page.route('**/api/session', forget);
+    await logIn(page);
+    await page.getByText('the browser did not keep its cookie').waitFor();
+    await page.unroute('**/api/session', forget);
     await logIn(page);
     await page.getByRole('heading', {name: 'No reports yet'}).waitFor();
 });
@@ -56,12 +61,20 @@ step('a client is made in the dashboard, and the library reports with it while t
     await page.route('**/api/clients', away);
     await page.getByRole('button', {name: 'Create', exact: true}).click();
     const secret = await page.locator('.credential', {hasText: 'APIClientSecret'}).locator('code').textContent();
+    await page.evaluate(() => { navigator.clipboard.writeText = () => Promise.reject(new Error('as over plain HTTP')); });
+    await page.locator('.credential', {hasText: 'APIClientSecret'}).getByRole('button').click();
+    await page.locator('.credential button:focus', {hasText: 'Copied'}).waitFor();
     await page.keyboard.press('Escape');
     await page.mouse.click(5, 5);
     await page.unroute('**/api/clients', away);
     await page.getByRole('button', {name: 'I have it'}).click();
     await page.getByRole('row', {name: /beta/}).getByRole('button', {name: 'Bundle ids'}).click();
     const bundles = page.getByRole('dialog', {name: 'What may beta send for?'}).getByLabel(/Bundle ids/);
+    const {x, y} = await bundles.boundingBox();
+    await page.mouse.move(x + 5, y + 5);
+    await page.mouse.down();
+    await page.mouse.move(5, 5);
+    await page.mouse.up();
     assert.equal(await bundles.inputValue(), 'org.example.mistake');
     await bundles.fill(bundleId);
     await page.getByRole('button', {name: 'Save'}).click();
@@ -155,6 +168,13 @@ step('a deleted report is gone with its files, and the way out closes the door',
     assert.equal((await page.request.get(new URL(screenshot, receiver.dashboard).href)).status(), 404);
 
     await page.getByRole('link', {name: 'Account'}).click();
+    for (const name of ['Current password', 'New password, at least 10 characters', 'New password again'])
+        await page.getByLabel(name).fill(password);
+    let changes = 0;
+    page.on('request', (request) => { changes += request.url().endsWith('/api/password') ? 1 : 0; });
+    await page.getByRole('button', {name: 'Change the password'}).dblclick();
+    await page.getByText('The password is changed.').waitFor();
+    assert.equal(changes, 1);
     await page.getByRole('button', {name: 'Log out'}).click();
     await page.getByLabel('Password', {exact: true}).waitFor();
     assert.equal((await page.request.get(receiver.dashboard + 'api/reports')).status(), 401);

@@ -89,7 +89,7 @@ TEST_F(DashboardApiTest, ServesItsPagesToEveryone)
 TEST_F(DashboardApiTest, FindsFiltersAndSorts)
 {
     report(R"("description":"Crash at 100%\nin the café","tester_email":"b@x.org","device":"A2",
-              "app_version":"1.0","os_version":"17.1")");
+              "app_version":"1.0","os_version":"17.1","os":"iOS")");
     report(R"("description":"crash too","tester_email":"a@x.org","device":"A1","app_version":"2.0")");
     report(R"("description":"Frozen","tester_email":"c@x.org","device":"A1","app_version":"2.0")", {},
            {{"a.txt", "a"}, {"b.txt", "b"}}, "org.example.b");
@@ -99,7 +99,7 @@ TEST_F(DashboardApiTest, FindsFiltersAndSorts)
     EXPECT_EQ(all->getValue<int>("newest"), 3);
     const auto last = all->getArray("reports")->getObject(2);
     EXPECT_EQ(last->getValue<std::string>("summary"), "Crash at 100%");
-    EXPECT_EQ(last->getValue<std::string>("os_version"), "17.1");
+    EXPECT_EQ(last->getValue<std::string>("os_version"), "iOS 17.1");
     EXPECT_EQ(all->getArray("reports")->getObject(0)->getValue<int>("files"), 2);
 
     EXPECT_THAT(listed("search=CRASH"), ElementsAre(2, 1));
