@@ -35,9 +35,12 @@ ReportFacts factsOf(int number)
     const std::string text = "The list of number " + std::to_string(number)
         + " jumps to its top when I come back from a detail, and what I had typed is gone.\nIt began with "
           "the last version.";
-    return {text, "tester" + std::to_string(number % 300) + "@example.org",
-            "Device " + std::to_string(number % 40), "17." + std::to_string(number % 6),
-            "3." + std::to_string(number % 25)};
+    return {.description = text,
+            .tester = "tester" + std::to_string(number % 300) + "@example.org",
+            .device = "Device " + std::to_string(number % 40),
+            .os = "iOS",
+            .osVersion = "17." + std::to_string(number % 6),
+            .appVersion = "3." + std::to_string(number % 25)};
 }
 
 /// The rows alone: the list reads no bytes.
