@@ -122,6 +122,38 @@ void finish(QNetworkReply &reply, Task &task, qint64 maximumBytes)
         task.complete(reply.readAll(), response, {});
 }
 
+/// What is awaited of a reply, whose child it is. It has methods rather than lambdas that hold the task: Qt frees a
+/// connection, and what that holds, on any of its threads.
+class Answer final : public QObject
+{
+public:
+    Answer(QNetworkReply &reply, std::shared_ptr<Task> task, qint64 maximumBytes)
+        : QObject(&reply)
+        , m_reply(reply)
+        , m_task(std::move(task))
+        , m_maximumBytes(maximumBytes)
+    {
+        connect(&reply, &QNetworkReply::downloadProgress, this, &Answer::progress);
+        connect(&reply, &QNetworkReply::finished, this, &Answer::end);
+    }
+
+private:
+    void progress(qint64 received)
+    {
+        if (received > m_maximumBytes)
+            m_reply.abort();
+    }
+    void end()
+    {
+        finish(m_reply, *m_task, m_maximumBytes);
+        m_reply.deleteLater();
+    }
+
+    QNetworkReply &m_reply;
+    std::shared_ptr<Task> m_task;
+    qint64 m_maximumBytes;
+};
+
 } // namespace
 
 /// Lives on the background thread, with its QNetworkAccessManager.
@@ -132,15 +164,7 @@ public:
               const std::shared_ptr<Task> &task)
     {
         auto *reply = begin(networkRequest(request, configuration), request);
-        const qint64 limit = configuration.maximumAnswerBytes;
-        connect(reply, &QNetworkReply::downloadProgress, reply, [reply, limit](qint64 received) {
-            if (received > limit)
-                reply->abort();
-        });
-        connect(reply, &QNetworkReply::finished, this, [reply, task, limit] {
-            finish(*reply, *task, limit);
-            reply->deleteLater();
-        });
+        new Answer(*reply, task, configuration.maximumAnswerBytes);
     }
 
     void close() { m_manager.reset(); }
